@@ -1,0 +1,4 @@
+#import "settinginfo/velmoraBNPdeCallbackRV2.h"
+
+@implementation velmoraBNPdeCallbackRV2
+@end

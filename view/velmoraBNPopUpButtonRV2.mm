@@ -1,0 +1,9 @@
+#import "view/velmoraBNPopUpButtonRV2.h"
+
+@implementation velmoraBNPopUpButtonRV2
+
+- (void)changeState:(NSNumber *)active {
+  [self setEnabled:[active boolValue]];
+}
+
+@end

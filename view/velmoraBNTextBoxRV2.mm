@@ -1,0 +1,54 @@
+#import "view/velmoraBNTextBoxRV2.h"
+
+#include <algorithm>
+
+@implementation velmoraBNTextBoxRV2
+
+@synthesize min = _min;
+@synthesize max = _max;
+
+- (void)dealloc {
+  [_min release];
+  [_max release];
+  [super dealloc];
+}
+
+- (void)changeState:(NSNumber *)active {
+  [self setEnabled:[active boolValue]];
+}
+
+- (void)setValueRange:(NSNumber *)min max:(NSNumber *)max {
+  self.min = min;
+  self.max = max;
+}
+
+- (NSNumber *)verifyValue:(NSNumber *)value {
+  if ([value integerValue] < [self.min integerValue]) return self.min;
+  if ([value integerValue] > [self.max integerValue]) return self.max;
+  return value;
+}
+
+- (NSString *)stringValue {
+  NSText *fieldEditor = [self currentEditor];
+  if (fieldEditor == nil) return [super stringValue];
+  return [[[fieldEditor string] copy] autorelease];
+}
+
+- (void)textDidChange:(NSNotification *)notification {
+  NSText *editorBefore = [self currentEditor];
+  NSUInteger lengthBefore = [[editorBefore string] length];
+  NSUInteger afterCaret = lengthBefore - NSMaxRange([editorBefore selectedRange]);
+
+  [super textDidChange:notification];
+
+  NSText *editor = [self currentEditor];
+  if (editor == nil) return;
+  NSUInteger length = [[editor string] length];
+  if (lengthBefore == 0) {
+    [editor setSelectedRange:NSMakeRange(0, length)];
+  } else {
+    [editor setSelectedRange:NSMakeRange(length - std::min(afterCaret, length), 0)];
+  }
+}
+
+@end
