@@ -1,0 +1,63 @@
+#include <algorithm>
+#include <iostream>
+
+#include "host/BundleSearch.h"
+#include "host/CheckReport.h"
+#include "host/Commands.h"
+#include "host/ExtensionBundle.h"
+#include "host/JobTicket.h"
+#include "host/Messages.h"
+
+namespace {
+
+CheckResult CheckFile(const std::filesystem::path &path, const ExtensionBundle &bundle) {
+  CheckResult result{.file = path.string()};
+  Expected<PPDFile> ppd = PPDFile::Open(path);
+  if (!ppd) {
+    result.reason = ppd.message();
+    return result;
+  }
+  result.readable = true;
+  result.color = ppd->IsColorDevice();
+
+  PrintSettings settings = EmptyPrintSettings();
+  auto callback = Retained<HostCallback *>::Adopt(
+      [[HostCallback alloc] initWithPrintSettings:settings.get() ppdFile:ppd->get()]);
+  @try {
+    for (id<PDEPanel> panel in bundle.Panels(callback.get())) {
+      result.panels.emplace_back([[panel panelName] UTF8String]);
+    }
+    if (result.panels.empty()) result.reason = bundle.ReasonForNoPanel(*ppd);
+  } @catch (NSException *exception) {
+    result.panels.clear();
+    result.reason = DescribeException(bundle.bundle(), exception);
+  }
+  return result;
+}
+
+}  // namespace
+
+int Check(const CheckOptions &options) {
+  @autoreleasepool {
+    Expected<std::filesystem::path> path = FindBundle(options.plugin);
+    if (!path) {
+      Complain(path.message());
+      return kFailed;
+    }
+    Expected<ExtensionBundle> bundle = ExtensionBundle::Load(*path);
+    if (!bundle) {
+      Complain(bundle.message());
+      return kFailed;
+    }
+    std::vector<CheckResult> results;
+    for (const std::filesystem::path &ppd : options.ppds) {
+      @autoreleasepool {
+        results.push_back(CheckFile(ppd, *bundle));
+      }
+    }
+    std::cout << (options.json ? CheckJson(results) : CheckText(results)) << std::flush;
+    const bool all_readable =
+        std::all_of(results.begin(), results.end(), [](const auto &result) { return result.readable; });
+    return all_readable ? kDone : kFailed;
+  }
+}

@@ -1,0 +1,132 @@
+#import "host/DialogWindow.h"
+
+#include <algorithm>
+
+namespace {
+
+const CGFloat kMargin = 20;
+const CGFloat kButtonWidth = 96;
+const CGFloat kButtonHeight = 28;
+
+NSString *const kReturn = @"\r";
+NSString *const kEscape = @"\033";
+
+NSButton *DoneButton(NSRect frame) {
+  NSButton *button = [[[NSButton alloc] initWithFrame:frame] autorelease];
+  [button setButtonType:NSMomentaryPushInButton];
+  [button setBezelStyle:NSRoundedBezelStyle];
+  [button setTitle:@"Done"];
+  [button setKeyEquivalent:kReturn];
+  [button setAutoresizingMask:NSViewMinXMargin | NSViewMaxYMargin];
+  return button;
+}
+
+// The last view of a key view loop, nil where the loop does not lead back to its start.
+NSView *EndOfLoop(NSView *first) {
+  NSMutableSet *seen = [NSMutableSet set];
+  NSView *view = first;
+  while (view != nil && ![seen containsObject:view]) {
+    if ([view nextKeyView] == first) return view;
+    [seen addObject:view];
+    view = [view nextKeyView];
+  }
+  return nil;
+}
+
+SEL EditingAction(NSString *character) {
+  if ([character isEqualToString:@"x"]) return @selector(cut:);
+  if ([character isEqualToString:@"c"]) return @selector(copy:);
+  if ([character isEqualToString:@"v"]) return @selector(paste:);
+  if ([character isEqualToString:@"a"]) return @selector(selectAll:);
+  return nullptr;
+}
+
+}  // namespace
+
+@implementation DialogWindow
+
+- (instancetype)initWithTitle:(NSString *)title panelView:(NSView *)panelView {
+  const NSSize panelSize = [panelView frame].size;
+  const CGFloat footer = kMargin + kButtonHeight + kMargin;
+  const NSSize size = NSMakeSize(std::max(panelSize.width, kButtonWidth + 2 * kMargin),
+                                 panelSize.height + footer);
+  self = [super initWithContentRect:NSMakeRect(0, 0, size.width, size.height)
+                          styleMask:NSTitledWindowMask | NSClosableWindowMask
+                            backing:NSBackingStoreBuffered
+                              defer:NO];
+  if (self == nil) return nil;
+  [self setTitle:title];
+  [self setReleasedWhenClosed:NO];
+  [self setDelegate:self];
+
+  _panelView = [panelView retain];
+  [panelView setFrameOrigin:NSMakePoint(0, footer)];
+  [[self contentView] addSubview:panelView];
+
+  NSBox *line =
+      [[[NSBox alloc] initWithFrame:NSMakeRect(0, footer - 1, size.width, 1)] autorelease];
+  [line setBoxType:NSBoxSeparator];
+  [line setAutoresizingMask:NSViewWidthSizable];
+  [[self contentView] addSubview:line];
+
+  NSButton *done = DoneButton(NSMakeRect(size.width - kMargin - kButtonWidth, kMargin,
+                                         kButtonWidth, kButtonHeight));
+  [done setTarget:self];
+  [done setAction:@selector(performClose:)];
+  [[self contentView] addSubview:done];
+
+  NSView *first = [panelView nextKeyView];
+  NSView *last = EndOfLoop(first);
+  if (last != nil) {
+    [last setNextKeyView:done];
+    [done setNextKeyView:first];
+  }
+  // Before the window is first shown: it would make a key view loop of its own.
+  [self setInitialFirstResponder:first != nil ? first : done];
+  return self;
+}
+
+- (void)dealloc {
+  [_panelView release];
+  [super dealloc];
+}
+
+- (void)runUntilClosed {
+  [self center];
+  [self makeKeyAndOrderFront:nil];
+  [NSApp runModalForWindow:self];
+}
+
+- (void)removePanelView {
+  [self makeFirstResponder:nil];
+  [_panelView removeFromSuperview];
+}
+
+- (void)windowWillClose:(NSNotification *)notification {
+  (void)notification;
+  [NSApp stopModal];
+}
+
+- (BOOL)performKeyEquivalent:(NSEvent *)event {
+  NSString *character = [event charactersIgnoringModifiers];
+  if ([character isEqualToString:kEscape]) {
+    [self performClose:nil];
+    return YES;
+  }
+  SEL action = EditingAction(character);
+  if (action != nullptr && ([event modifierFlags] & (NSControlKeyMask | NSCommandKeyMask)) != 0) {
+    return [NSApp sendAction:action to:nil from:self];
+  }
+  return [super performKeyEquivalent:event];
+}
+
+@end
+
+NSData *PictureOfView(NSView *view) {
+  [view display];
+  [view lockFocus];
+  NSBitmapImageRep *picture =
+      [[[NSBitmapImageRep alloc] initWithFocusedViewRect:[view bounds]] autorelease];
+  [view unlockFocus];
+  return [picture representationUsingType:NSPNGFileType properties:[NSDictionary dictionary]];
+}

@@ -1,0 +1,88 @@
+#include "host/JobTicket.h"
+
+#include <string_view>
+
+#include "host/WholeFile.h"
+
+namespace {
+
+NSString *String(const std::filesystem::path &path) {
+  return [[NSFileManager defaultManager] stringWithFileSystemRepresentation:path.c_str()
+                                                                     length:path.native().size()];
+}
+
+Retained<NSDictionary *> Values(PMPrintSettings settings) {
+  CFDictionaryRef values = nullptr;
+  PMPrintSettingsCopyAsDictionary(settings, &values);
+  return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
+}
+
+}  // namespace
+
+PrintSettings EmptyPrintSettings() {
+  PMPrintSettings settings = nullptr;
+  PMCreatePrintSettings(&settings);
+  return PrintSettings(settings);
+}
+
+Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
+  PrintSettings settings = EmptyPrintSettings();
+  std::error_code error;
+  if (path.empty() ||
+      std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
+    return settings;
+  }
+  const auto failure = [&path](const std::string &why) {
+    return Failure{"cannot read ticket " + path.string() + ": " + why};
+  };
+  if (!std::filesystem::is_regular_file(path, error)) return failure("not a regular file");
+  NSData *data = [NSData dataWithContentsOfFile:String(path)];
+  if (data == nil) return failure("no permission, or a reading error");
+
+  NSString *why = nil;
+  id root = nil;
+  @try {
+    root = [NSPropertyListSerialization propertyListFromData:data
+                                            mutabilityOption:NSPropertyListImmutable
+                                                      format:nullptr
+                                            errorDescription:&why];
+  } @catch (NSException *exception) {
+    why = [exception reason];
+  }
+  if (root == nil) {
+    return failure(std::string("not a property list: ") +
+                   (why == nil ? "damaged" : [why UTF8String]));
+  }
+  if (![root isKindOfClass:[NSDictionary class]]) {
+    return failure("the property list is no dictionary of print settings");
+  }
+  for (id key in root) {
+    PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
+  }
+  return settings;
+}
+
+std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings) {
+  NSString *why = nil;
+  NSData *data =
+      [NSPropertyListSerialization dataFromPropertyList:Values(settings).get()
+                                                 format:NSPropertyListXMLFormat_v1_0
+                                       errorDescription:&why];
+  if (data == nil) {
+    return Failure{"cannot write " + path.string() + ": " +
+                   (why == nil ? "a value is no property list" : [why UTF8String])};
+  }
+  return WriteWholeFile(
+      path, std::string_view(static_cast<const char *>([data bytes]), [data length]));
+}
+
+JobOptions JobOptionsFromSettings(PMPrintSettings settings) {
+  JobOptions options;
+  Retained<NSDictionary *> values = Values(settings);
+  for (NSString *name in values.get()) {
+    id value = [values.get() objectForKey:name];
+    if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
+    if ([value isKindOfClass:[NSString class]]) options[[name UTF8String]] = [value UTF8String];
+  }
+  return options;
+}

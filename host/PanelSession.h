@@ -1,0 +1,42 @@
+// One panel of a bundle, at work on one job for one printer.
+
+#ifndef HOST_PANELSESSION_H
+#define HOST_PANELSESSION_H
+
+#import <PrintCore/PrintCore.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "host/Expected.h"
+#include "host/ExtensionBundle.h"
+#include "host/PPDFile.h"
+#include "host/PanelReport.h"
+#include "host/Retained.h"
+
+class PanelSession {
+ public:
+  // Opens the PPD file, reads the ticket (an empty path: none) and asks the bundle for its panel. The
+  // failure says which of them is wrong, or why the bundle offers no panel for this printer.
+  static Expected<std::unique_ptr<PanelSession>> Open(const std::filesystem::path &ppd,
+                                                      const std::filesystem::path &plugin,
+                                                      const std::filesystem::path &ticket);
+
+  id<PDEPanel> panel() const { return [panels_.get() objectAtIndex:0]; }
+  NSBundle *bundle() const { return bundle_.bundle(); }
+  PMPrintSettings settings() const { return settings_.get(); }
+
+  // Name, summary and job options as they are now.
+  PanelReport Report() const;
+
+ private:
+  PanelSession(PPDFile ppd, PrintSettings settings, ExtensionBundle bundle);
+
+  // Declared in the order of dependence: the panels go first, the PPD file last.
+  PPDFile ppd_;
+  PrintSettings settings_;
+  ExtensionBundle bundle_;
+  Retained<NSArray *> panels_;
+};
+
+#endif
