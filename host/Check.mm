@@ -21,8 +21,9 @@ CheckResult CheckFile(const std::filesystem::path &path, const ExtensionBundle &
   result.color = ppd->IsColorDevice();
 
   PrintSettings settings = EmptyPrintSettings();
-  auto callback = Retained<HostCallback *>::Adopt(
-      [[HostCallback alloc] initWithPrintSettings:settings.get() ppdFile:ppd->get()]);
+  auto callback =
+      Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings.get()
+                                                                          ppdFile:ppd->get()]);
   @try {
     for (id<PDEPanel> panel in bundle.Panels(callback.get())) {
       result.panels.emplace_back([[panel panelName] UTF8String]);
@@ -56,8 +57,8 @@ int Check(const CheckOptions &options) {
       }
     }
     std::cout << (options.json ? CheckJson(results) : CheckText(results)) << std::flush;
-    const bool all_readable =
-        std::all_of(results.begin(), results.end(), [](const auto &result) { return result.readable; });
+    const bool all_readable = std::all_of(results.begin(), results.end(),
+                                          [](const auto &result) { return result.readable; });
     return all_readable ? kDone : kFailed;
   }
 }

@@ -5,9 +5,9 @@
 
 #import <Cocoa/Cocoa.h>
 
-/// A titled window with the panel's view above a Done button, sized to fit them. Control and Command
-/// with X, C, V and A edit the focused text; Return, Escape and the window's close button close it.
-/// Tab walks the panel's own key view loop, then the Done button.
+/// A titled window with the panel's view above a Done button, sized to fit them. Control and
+/// Command with X, C, V and A edit the focused text; Return, Escape and the window's close button
+/// close it. Tab walks the panel's own key view loop, then the Done button.
 @interface DialogWindow : NSWindow <NSWindowDelegate> {
   NSView *_panelView;
 }

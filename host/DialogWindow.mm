@@ -1,12 +1,14 @@
 #import "host/DialogWindow.h"
 
+#import "host/Appearance.h"
+
 #include <algorithm>
 
 namespace {
 
 const CGFloat kMargin = 20;
 const CGFloat kButtonWidth = 96;
-const CGFloat kButtonHeight = 28;
+const CGFloat kButtonHeight = 26;
 
 NSString *const kReturn = @"\r";
 NSString *const kEscape = @"\033";
@@ -14,7 +16,7 @@ NSString *const kEscape = @"\033";
 NSButton *DoneButton(NSRect frame) {
   NSButton *button = [[[NSButton alloc] initWithFrame:frame] autorelease];
   [button setButtonType:NSMomentaryPushInButton];
-  [button setBezelStyle:NSRoundedBezelStyle];
+  [button setBezelStyle:NSRegularSquareBezelStyle];
   [button setTitle:@"Done"];
   [button setKeyEquivalent:kReturn];
   [button setAutoresizingMask:NSViewMinXMargin | NSViewMaxYMargin];
@@ -48,8 +50,8 @@ SEL EditingAction(NSString *character) {
 - (instancetype)initWithTitle:(NSString *)title panelView:(NSView *)panelView {
   const NSSize panelSize = [panelView frame].size;
   const CGFloat footer = kMargin + kButtonHeight + kMargin;
-  const NSSize size = NSMakeSize(std::max(panelSize.width, kButtonWidth + 2 * kMargin),
-                                 panelSize.height + footer);
+  const NSSize size =
+      NSMakeSize(std::max(panelSize.width, kButtonWidth + 2 * kMargin), panelSize.height + footer);
   self = [super initWithContentRect:NSMakeRect(0, 0, size.width, size.height)
                           styleMask:NSTitledWindowMask | NSClosableWindowMask
                             backing:NSBackingStoreBuffered
@@ -60,6 +62,7 @@ SEL EditingAction(NSString *character) {
   [self setDelegate:self];
 
   _panelView = [panelView retain];
+  StraightenButtons(panelView);
   [panelView setFrameOrigin:NSMakePoint(0, footer)];
   [[self contentView] addSubview:panelView];
 
@@ -69,8 +72,8 @@ SEL EditingAction(NSString *character) {
   [line setAutoresizingMask:NSViewWidthSizable];
   [[self contentView] addSubview:line];
 
-  NSButton *done = DoneButton(NSMakeRect(size.width - kMargin - kButtonWidth, kMargin,
-                                         kButtonWidth, kButtonHeight));
+  NSButton *done = DoneButton(
+      NSMakeRect(size.width - kMargin - kButtonWidth, kMargin, kButtonWidth, kButtonHeight));
   [done setTarget:self];
   [done setAction:@selector(performClose:)];
   [[self contentView] addSubview:done];
@@ -92,6 +95,7 @@ SEL EditingAction(NSString *character) {
 }
 
 - (void)runUntilClosed {
+  [NSApp activateIgnoringOtherApps:YES];
   [self center];
   [self makeKeyAndOrderFront:nil];
   [NSApp runModalForWindow:self];

@@ -62,7 +62,8 @@ std::string ExtensionBundle::ReasonForNoPanel(const PPDFile &ppd) const {
   if (*found != value) {
     return keyword + " is \"" + *found + "\", must be exactly \"" + value + "\"";
   }
-  return "the bundle is incomplete: it makes no panel although " + keyword + " is \"" + value + "\"";
+  return "the bundle is incomplete: it makes no panel although " + keyword + " is \"" + value +
+         "\"";
 }
 
 std::string DescribeException(NSBundle *bundle, NSException *exception) {

@@ -13,8 +13,7 @@
 }
 
 /// Retains the settings. The PPD file must outlive the object.
-- (instancetype)initWithPrintSettings:(PMPrintSettings)printSettings
-                              ppdFile:(ppd_file_t *)ppdFile;
+- (instancetype)initWithPrintSettings:(PMPrintSettings)printSettings ppdFile:(ppd_file_t *)ppdFile;
 
 @end
 

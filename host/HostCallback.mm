@@ -2,8 +2,7 @@
 
 @implementation HostCallback
 
-- (instancetype)initWithPrintSettings:(PMPrintSettings)printSettings
-                              ppdFile:(ppd_file_t *)ppdFile {
+- (instancetype)initWithPrintSettings:(PMPrintSettings)printSettings ppdFile:(ppd_file_t *)ppdFile {
   self = [super init];
   if (self == nil) return nil;
   PMRetain(printSettings);

@@ -64,16 +64,15 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
 
 std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings) {
   NSString *why = nil;
-  NSData *data =
-      [NSPropertyListSerialization dataFromPropertyList:Values(settings).get()
-                                                 format:NSPropertyListXMLFormat_v1_0
-                                       errorDescription:&why];
+  NSData *data = [NSPropertyListSerialization dataFromPropertyList:Values(settings).get()
+                                                            format:NSPropertyListXMLFormat_v1_0
+                                                  errorDescription:&why];
   if (data == nil) {
     return Failure{"cannot write " + path.string() + ": " +
                    (why == nil ? "a value is no property list" : [why UTF8String])};
   }
-  return WriteWholeFile(
-      path, std::string_view(static_cast<const char *>([data bytes]), [data length]));
+  return WriteWholeFile(path,
+                        std::string_view(static_cast<const char *>([data bytes]), [data length]));
 }
 
 JobOptions JobOptionsFromSettings(PMPrintSettings settings) {

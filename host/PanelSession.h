@@ -16,8 +16,8 @@
 
 class PanelSession {
  public:
-  // Opens the PPD file, reads the ticket (an empty path: none) and asks the bundle for its panel. The
-  // failure says which of them is wrong, or why the bundle offers no panel for this printer.
+  // Opens the PPD file, reads the ticket (an empty path: none) and asks the bundle for its panel.
+  // The failure says which of them is wrong, or why the bundle offers no panel for this printer.
   static Expected<std::unique_ptr<PanelSession>> Open(const std::filesystem::path &ppd,
                                                       const std::filesystem::path &plugin,
                                                       const std::filesystem::path &ticket);

@@ -61,9 +61,8 @@ Expected<std::unique_ptr<PanelSession>> PanelSession::Open(const std::filesystem
 
   std::unique_ptr<PanelSession> session(
       new PanelSession(std::move(*ppd), std::move(*settings), std::move(*bundle)));
-  auto callback = Retained<HostCallback *>::Adopt([[HostCallback alloc]
-      initWithPrintSettings:session->settings()
-                    ppdFile:session->ppd_.get()]);
+  auto callback = Retained<HostCallback *>::Adopt(
+      [[HostCallback alloc] initWithPrintSettings:session->settings() ppdFile:session->ppd_.get()]);
   session->panels_ = Retained<NSArray *>::Share(session->bundle_.Panels(callback.get()));
   if ([session->panels_.get() count] == 0) {
     return Failure{"no panel for " + ppd_path.string() + ": " +

@@ -26,9 +26,9 @@ struct Setting {
   Expected<std::string> Check(std::string_view value) const;
 };
 
-// The settings of the resource that the bundle's Info.plist names under PDESettingInfo: the names and
-// keys of its section TicketKey, the choices of PopUpItem, the ranges of DefaultValue (entries ending
-// in Min and Max); a setting with neither is On or Off.
+// The settings of the resource that the bundle's Info.plist names under PDESettingInfo: the names
+// and keys of its section TicketKey, the choices of PopUpItem, the ranges of DefaultValue (entries
+// ending in Min and Max); a setting with neither is On or Off.
 Expected<std::vector<Setting>> SettingsOfBundle(NSBundle *bundle);
 
 #endif

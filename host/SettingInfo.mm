@@ -16,7 +16,8 @@ std::string Setting::Allowed() const {
 }
 
 Expected<std::string> Setting::Check(std::string_view value) const {
-  const Failure refusal{name + " cannot be \"" + std::string(value) + "\": it must be " + Allowed()};
+  const Failure refusal{name + " cannot be \"" + std::string(value) + "\": it must be " +
+                        Allowed()};
   if (!choices.empty()) {
     if (std::find(choices.begin(), choices.end(), value) == choices.end()) return refusal;
     return std::string(value);

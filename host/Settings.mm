@@ -78,9 +78,9 @@ int Run(const SettingsOptions &options, PanelSession &session,
     const auto now = report.options.find(key);
     const std::string corrected = now == report.options.end() ? "unset" : now->second;
     if (corrected == value) continue;
-    const auto asked = std::find_if(changes.begin(), changes.end(), [&name = key](const Change &change) {
-      return change.setting->key == name;
-    });
+    const auto asked =
+        std::find_if(changes.begin(), changes.end(),
+                     [&name = key](const Change &change) { return change.setting->key == name; });
     if (asked != changes.end()) {
       Complain(asked->setting->name + " cannot be \"" + value + "\" on this printer: it must be " +
                corrected);

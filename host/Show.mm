@@ -1,8 +1,10 @@
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
-#import "host/DialogWindow.h"
+#include "host/Appearance.h"
 #include "host/Commands.h"
+#import "host/DialogWindow.h"
 #include "host/JobTicket.h"
 #include "host/Messages.h"
 #include "host/PanelSession.h"
@@ -29,11 +31,17 @@ bool ConnectToDisplay() {
   // The dialog belongs to the application that prints; it has no icon of its own.
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+  UseLightAppearance();
   @try {
-    [NSApplication sharedApplication];
+    // Without the end of its launch the application object never learns of a key window.
+    [[NSApplication sharedApplication] finishLaunching];
   } @catch (NSException *exception) {
     return false;
   }
+  // The display's back end catches these and waits for an event that never comes. Nothing is lost
+  // by dying: the ticket is written whole at the end.
+  signal(SIGTERM, SIG_DFL);
+  signal(SIGINT, SIG_DFL);
   return true;
 }
 
@@ -55,8 +63,9 @@ int Run(const ShowOptions &options, PanelSession &session) {
   }
   [panel restoreValuesAndReturnError:nullptr];
   [panel willShow];
-  auto window = Retained<DialogWindow *>::Adopt(
-      [[DialogWindow alloc] initWithTitle:[panel panelName] panelView:view]);
+  auto window =
+      Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:[panel panelName]
+                                                                panelView:view]);
   do {
     [window.get() runUntilClosed];
   } while (![panel shouldHide]);

@@ -73,8 +73,10 @@ std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::st
     unlink(temporary.c_str());
     return reason;
   }
-  // The new name survives a crash once the folder is on disk; that it may fail to sync loses nothing.
-  const std::filesystem::path folder = destination.has_parent_path() ? destination.parent_path() : ".";
+  // The new name survives a crash once the folder is on disk; that it may fail to sync loses
+  // nothing.
+  const std::filesystem::path folder =
+      destination.has_parent_path() ? destination.parent_path() : ".";
   Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (directory.get() >= 0) fsync(directory.get());
   return std::nullopt;

@@ -9,9 +9,9 @@
 
 #include "host/Expected.h"
 
-// Replaces the file, or makes it, with these bytes. At any moment, also after a crash, the path leads
-// to the old bytes or to the new ones. A link is followed, permissions are kept. On failure the old
-// file is untouched.
+// Replaces the file, or makes it, with these bytes. At any moment, also after a crash, the path
+// leads to the old bytes or to the new ones. A link is followed, permissions are kept. On failure
+// the old file is untouched.
 std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes);
 
 #endif

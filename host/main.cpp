@@ -13,9 +13,10 @@ void AddPluginOption(CLI::App *verb, std::filesystem::path &plugin) {
 void AddPrinterAndTicket(CLI::App *verb, std::filesystem::path &ppd,
                          std::filesystem::path &ticket) {
   verb->add_option("--ppd", ppd, "The printer's PPD file")->type_name("FILE")->required();
-  verb->add_option("--ticket", ticket,
-                   "Print settings of the job, an XML property list: read first, where there is one, "
-                   "and written at the end")
+  verb->add_option(
+          "--ticket", ticket,
+          "Print settings of the job, an XML property list: read first, where there is one, "
+          "and written at the end")
       ->type_name("FILE");
 }
 
@@ -43,13 +44,14 @@ int main(int argc, char **argv) {
   check->add_flag("--json", check_options.json, "Answer in JSON");
 
   SettingsOptions settings_options;
-  CLI::App *settings = app.add_subcommand(
-      "settings", "Change and print the settings of a job. Needs no display.");
+  CLI::App *settings =
+      app.add_subcommand("settings", "Change and print the settings of a job. Needs no display.");
   AddPrinterAndTicket(settings, settings_options.ppd, settings_options.ticket);
   AddPluginOption(settings, settings_options.plugin);
   settings
-      ->add_option("--set", settings_options.set,
-                   "Give a setting a value, for instance Valid=On or StartNumber=25; may be repeated")
+      ->add_option(
+          "--set", settings_options.set,
+          "Give a setting a value, for instance Valid=On or StartNumber=25; may be repeated")
       ->type_name("NAME=VALUE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);

@@ -1,0 +1,27 @@
+// What the plug-in calls of the print system, libcups and the system log, in the order of the
+// calls.
+//
+// A test program that links this defines the functions itself, in front of the real ones, which it
+// then calls.
+
+#ifndef TESTS_SUPPORT_INTERPOSED_H
+#define TESTS_SUPPORT_INTERPOSED_H
+
+#include <string>
+#include <vector>
+
+namespace interposed {
+
+// "get KEY", "set KEY=VALUE", "set KEY=nil", "ppd KEYWORD", "log LINE", since the last Clear.
+const std::vector<std::string> &Calls();
+// Those that begin with the prefix.
+std::vector<std::string> Calls(const std::string &prefix);
+void Clear();
+
+// Statuses that the print-settings calls answer instead of doing their work; 0: they work.
+void FailReads(int status);
+void FailWrites(int status);
+
+}  // namespace interposed
+
+#endif

@@ -1,0 +1,78 @@
+#import "tests/support/Interposed.h"
+
+#include <cups/ppd.h>
+#include <dlfcn.h>
+#include <stdarg.h>
+
+#import <Foundation/Foundation.h>
+#import <PrintCore/PrintCore.h>
+
+namespace {
+
+std::vector<std::string> calls;
+int read_status = 0;
+int write_status = 0;
+
+void Record(const char *what, id object) {
+  calls.push_back(std::string(what) + ' ' +
+                  (object == nil ? "nil" : [[object description] UTF8String]));
+}
+
+template <typename Function>
+Function *Next(const char *name) {
+  return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+namespace interposed {
+
+const std::vector<std::string> &Calls() { return calls; }
+
+std::vector<std::string> Calls(const std::string &prefix) {
+  std::vector<std::string> matching;
+  for (const std::string &call : calls) {
+    if (call.starts_with(prefix)) matching.push_back(call);
+  }
+  return matching;
+}
+
+void Clear() { calls.clear(); }
+void FailReads(int status) { read_status = status; }
+void FailWrites(int status) { write_status = status; }
+
+}  // namespace interposed
+
+extern "C" {
+
+OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef *value) {
+  Record("get", (NSString *)key);
+  if (read_status != 0) return read_status;
+  return Next<decltype(PMPrintSettingsGetValue)>("PMPrintSettingsGetValue")(settings, key, value);
+}
+
+OSStatus PMPrintSettingsSetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef value,
+                                 Boolean locked) {
+  Record("set",
+         [NSString stringWithFormat:@"%@=%@%@", (id)key, value == nullptr ? @"nil" : (id)value,
+                                    locked ? @" locked" : @""]);
+  if (write_status != 0) return write_status;
+  return Next<decltype(PMPrintSettingsSetValue)>("PMPrintSettingsSetValue")(settings, key, value,
+                                                                            locked);
+}
+
+ppd_attr_t *ppdFindAttr(ppd_file_t *ppd, const char *name, const char *spec) {
+  calls.push_back(std::string("ppd ") + (name == nullptr ? "NULL" : name) +
+                  (spec == nullptr ? "" : std::string(" ") + spec));
+  return Next<decltype(ppdFindAttr)>("ppdFindAttr")(ppd, name, spec);
+}
+
+void NSLog(NSString *format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  NSString *line = [[[NSString alloc] initWithFormat:format arguments:arguments] autorelease];
+  va_end(arguments);
+  Record("log", line);
+}
+
+}  // extern "C"
