@@ -31,6 +31,10 @@ class Application : public testing::Environment {
 
 int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);
+  if (testing::UnitTest::GetInstance()->total_test_count() == 0) {
+    std::cerr << "this program has no tests\n";
+    return 1;
+  }
   testing::AddGlobalTestEnvironment(new Application);
   return RUN_ALL_TESTS();
 }
