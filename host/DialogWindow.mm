@@ -35,6 +35,12 @@ NSView *EndOfLoop(NSView *first) {
   return nil;
 }
 
+// While a pop-up's menu is open, all keys are the menu's.
+bool HasOpenMenu(NSResponder *responder) {
+  return [responder isKindOfClass:[NSPopUpButton class]] &&
+         [[[[(NSPopUpButton *)responder menu] menuRepresentation] window] isVisible];
+}
+
 SEL EditingAction(NSString *character) {
   if ([character isEqualToString:@"x"]) return @selector(cut:);
   if ([character isEqualToString:@"c"]) return @selector(copy:);
@@ -112,6 +118,7 @@ SEL EditingAction(NSString *character) {
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
+  if (HasOpenMenu([self firstResponder])) return NO;
   NSString *character = [event charactersIgnoringModifiers];
   if ([character isEqualToString:kEscape]) {
     [self performClose:nil];

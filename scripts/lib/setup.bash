@@ -1,0 +1,61 @@
+# Sourced by the scripts: what they need before they can do their own work. Bash and Debian's base
+# system are enough.
+
+set -euo pipefail
+project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+
+fail() {
+  echo "${0##*/}: $*" >&2
+  exit 1
+}
+
+missing_packages() {
+  local package
+  sed 's/#.*//' "$project/packaging/debian-packages" | while read -r package; do
+    [[ -z $package ]] && continue
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+  done
+}
+
+# Installs the packages of packaging/debian-packages that are missing; needs root only then.
+install_packages() {
+  command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
+    fail "this is not a Debian system; install what packaging/debian-packages names and build with cmake --workflow --preset dev"
+  local missing as_root=()
+  mapfile -t missing < <(missing_packages)
+  ((${#missing[@]})) || return 0
+  if ((EUID != 0)); then
+    command -v sudo >/dev/null ||
+      fail "these packages are missing, and there is no sudo to install them; as root run: apt-get install ${missing[*]}"
+    as_root=(sudo)
+  fi
+  echo "Installing ${#missing[@]} Debian packages: ${missing[*]}"
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
+  # A fresh system knows no packages, an old list may name versions that are gone.
+  "${apt[@]}" update >&2 || fail "apt-get update failed; its messages are above"
+  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 ||
+    fail "apt-get could not install the packages; its messages are above"
+}
+
+# One script at a time works in build/; a build folder that came with a moved checkout is made anew.
+use_build_folder() {
+  local preset=$1 cache=$project/build/$1/CMakeCache.txt
+  mkdir -p "$project/build" || fail "cannot write to $project"
+  exec 9>"$project/build/.lock"
+  flock -n 9 || { echo "Waiting for another script that is using $project/build" >&2; flock 9; }
+  if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$project" "$cache"; then
+    rm -rf "${project:?}/build/$preset"
+  fi
+}
+
+# Builds a preset, quietly unless it fails.
+build() {
+  local preset=$1
+  use_build_folder "$preset"
+  local log=$project/build/$preset.log
+  echo "Building into build/$preset"
+  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset") 9>&- >"$log" 2>&1 || {
+    cat "$log" >&2
+    fail "the build failed; its messages are above and in $log"
+  }
+}
