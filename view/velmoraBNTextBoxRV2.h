@@ -10,8 +10,8 @@
 /// While the box is edited, stringValue answers the typed text as it stands. The inherited answer
 /// would pass it through the formatter first, and with a letter before the digits all digits would
 /// be lost before anyone could take the letter out. When whoever listens for changes rewrites the
-/// text, the caret stays as far from its end as it was; in a box that had been emptied, the text
-/// that appears is selected, so that the next digit replaces it.
+/// text, the caret stays as far from its end as it was. Where less than the minimum has been typed,
+/// such as nothing or a zero, the number that appears is selected, so that the next digit replaces it.
 @interface velmoraBNTextBoxRV2 : NSTextField <ViewComponent> {
   NSNumber *_min;
   NSNumber *_max;

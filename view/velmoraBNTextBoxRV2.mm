@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+namespace {
+
+NSInteger NumberInText(NSString *text) {
+  NSCharacterSet *digits = [NSCharacterSet characterSetWithCharactersInString:@"0123456789"];
+  NSArray *runs = [text componentsSeparatedByCharactersInSet:[digits invertedSet]];
+  return [[runs componentsJoinedByString:@""] integerValue];
+}
+
+}  // namespace
+
 @implementation velmoraBNTextBoxRV2
 
 @synthesize min = _min;
@@ -35,16 +45,16 @@
 }
 
 - (void)textDidChange:(NSNotification *)notification {
+  NSString *typed = [self stringValue];
   NSText *editorBefore = [self currentEditor];
-  NSUInteger lengthBefore = [[editorBefore string] length];
-  NSUInteger afterCaret = lengthBefore - NSMaxRange([editorBefore selectedRange]);
+  NSUInteger afterCaret = [typed length] - NSMaxRange([editorBefore selectedRange]);
 
   [super textDidChange:notification];
 
   NSText *editor = [self currentEditor];
   if (editor == nil) return;
   NSUInteger length = [[editor string] length];
-  if (lengthBefore == 0) {
+  if (NumberInText(typed) < [self.min integerValue]) {
     [editor setSelectedRange:NSMakeRange(0, length)];
   } else {
     [editor setSelectedRange:NSMakeRange(length - std::min(afterCaret, length), 0)];

@@ -1,0 +1,27 @@
+#import "tests/gui/PanelOnScreen.h"
+#import "tests/support/ObjCTest.h"
+
+OBJC_TEST(PopUp, SpaceOpensArrowsMoveReturnChooses) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  panel.Press({"Tab", "space", "Down", "Return"});
+  EXPECT_EQUAL_OBJECTS(@"Large", [panel[@"popUpSize"] titleOfSelectedItem]);
+  EXPECT_EQUAL_OBJECTS(@"Large", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
+  EXPECT_TRUE([panel.window() isVisible]) << "Return was the menu's, not the window's";
+}
+
+OBJC_TEST(PopUp, EscapeClosesTheMenuAndKeepsTheChoice) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  panel.Press({"Tab", "space", "Down", "Escape"});
+  EXPECT_EQUAL_OBJECTS(@"Medium", [panel[@"popUpSize"] titleOfSelectedItem]);
+  EXPECT_TRUE([panel.window() isVisible]);
+}
+
+// The menu opens with the selected item, the first one, over the button.
+OBJC_TEST(PopUp, TheMouseChoosesAnItem) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  NSPopUpButton *popUp = panel[@"popUpColor"];
+  const NSRect button = [popUp bounds];
+  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
+  panel.Drag(popUp, button, NSOffsetRect(button, 0, item));
+  EXPECT_EQUAL_OBJECTS(@"Red", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
+}
