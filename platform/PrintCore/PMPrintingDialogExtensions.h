@@ -6,7 +6,7 @@
 #import <Foundation/NSString.h>
 #include <PrintCore/PMDefinitions.h>
 
-#define PLATFORM_CFSTR(text) ((CFStringRef) @text)
+#define PLATFORM_CFSTR(text) ((CFStringRef) @text)  // NOLINT(bugprone-macro-parentheses)
 
 // Panel types, as PDEPanelsForType:withHostInfo: gets them.
 #define kGeneralPageSetupDialogTypeIDStr PLATFORM_CFSTR("6E6ED964-B738-11D3-952F-0050E4603277")

@@ -31,7 +31,8 @@ NSDictionary *EnglishStrings() {
                                            ofType:@"strings"
                                       inDirectory:nil
                                   forLocalization:@"en"];
-  return [NSDictionary dictionaryWithContentsOfFile:path];
+  return [[NSString stringWithContentsOfFile:path encoding:NSUnicodeStringEncoding
+                                       error:nullptr] propertyListFromStringsFileFormat];
 }
 
 }  // namespace

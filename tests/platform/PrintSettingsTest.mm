@@ -5,9 +5,13 @@
 namespace {
 
 struct PrintSettingsTest : testing::Test {
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   PMPrintSettings settings = nullptr;
   PrintSettingsTest() { PMCreatePrintSettings(&settings); }
-  ~PrintSettingsTest() override { PMRelease(settings); }
+  ~PrintSettingsTest() override {
+    PMRelease(settings);
+    [pool drain];
+  }
 
   OSStatus Set(NSString *key, id value, Boolean locked = false) {
     return PMPrintSettingsSetValue(settings, (CFStringRef)key, (CFTypeRef)value, locked);
