@@ -26,8 +26,9 @@ Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &pat
     return failure("its principal class is no print-dialog extension");
   }
   if ([principalClass conformsToProtocol:@protocol(PDEPlugIn)]) {
-    auto principal =
-        Retained<id>::Adopt([(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle]);
+    id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
+    // The analyzer does not see that the handle takes the object over.
+    auto principal = Retained<id>::Adopt(object);  // NOLINT(clang-analyzer-osx.cocoa.RetainCount)
     if (principal.get() == nil) return failure("its principal object refuses the bundle");
     return ExtensionBundle(bundle, std::move(principal));
   }

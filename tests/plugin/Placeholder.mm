@@ -1,1 +1,0 @@
-#import "tests/support/ObjCTest.h"
