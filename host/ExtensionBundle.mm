@@ -25,10 +25,11 @@ Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &pat
   if (![principalClass instancesRespondToSelector:@selector(PDEPanelsForType:withHostInfo:)]) {
     return failure("its principal class is no print-dialog extension");
   }
-  if ([principalClass conformsToProtocol:@protocol(PDEPlugIn)]) {
+  // By name: here @protocol() answers one that no class of another image conforms to.
+  if ([principalClass conformsToProtocol:NSProtocolFromString(@"PDEPlugIn")]) {
     id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
-    // The analyzer does not see that the handle takes the object over.
-    auto principal = Retained<id>::Adopt(object);  // NOLINT(clang-analyzer-osx.cocoa.RetainCount)
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the handle takes the object over
+    auto principal = Retained<id>::Adopt(object);
     if (principal.get() == nil) return failure("its principal object refuses the bundle");
     return ExtensionBundle(bundle, std::move(principal));
   }

@@ -22,7 +22,8 @@ OBJC_TEST(InfoPlist, DeclaresThePanelsFitForSandboxes) {
 // The protocol would make the dialog expect an object from initWithBundle:, which answers a
 // boolean.
 OBJC_TEST(InfoPlist, PrincipalClassDoesNotDeclareTheOneStepProtocol) {
-  EXPECT_FALSE([[BuiltBundle() principalClass] conformsToProtocol:@protocol(PDEPlugIn)]);
+  EXPECT_FALSE(
+      [[BuiltBundle() principalClass] conformsToProtocol:NSProtocolFromString(@"PDEPlugIn")]);
 }
 
 OBJC_TEST(InfoPlist, SupportAttributeIsTheOneThatThePanelLooksFor) {

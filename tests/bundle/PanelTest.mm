@@ -35,6 +35,13 @@ OBJC_TEST(Panel, IsOfferedToASupportedPrinterOnly) {
   EXPECT_EQ(nil, NewPanel([TestHost hostWithPPD:other.get()]));
 }
 
+OBJC_TEST(Panel, DeclaresThePanelProtocol) {
+  TestPPD ppd(kColorPrinter);
+  Protocol *protocol = NSProtocolFromString(@"PDEPanel");
+  ASSERT_NE(nil, protocol);
+  EXPECT_TRUE([NewPanel([TestHost hostWithPPD:ppd.get()]) conformsToProtocol:protocol]);
+}
+
 OBJC_TEST(Panel, HasALocalizedNameAndTheKindOfTheResource) {
   ShownPanel shown(kColorPrinter);
   EXPECT_EQUAL_OBJECTS(@"Background Numbering", [shown.panel panelName]);

@@ -18,7 +18,7 @@ const std::vector<std::string> &Calls();
 std::vector<std::string> Calls(const std::string &prefix);
 void Clear();
 
-// Statuses that the print-settings calls answer instead of doing their work; 0: they work.
+// Statuses that the print-settings calls answer; a write that fails changes nothing. 0: they work.
 void FailReads(int status);
 void FailWrites(int status);
 

@@ -45,10 +45,12 @@ void FailWrites(int status) { write_status = status; }
 
 extern "C" {
 
+// A read that fails leaves the value in its slot all the same: nobody may look there then.
 OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef *value) {
   Record("get", (NSString *)key);
-  if (read_status != 0) return read_status;
-  return Next<decltype(PMPrintSettingsGetValue)>("PMPrintSettingsGetValue")(settings, key, value);
+  const OSStatus status =
+      Next<decltype(PMPrintSettingsGetValue)>("PMPrintSettingsGetValue")(settings, key, value);
+  return read_status != 0 ? read_status : status;
 }
 
 OSStatus PMPrintSettingsSetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef value,
