@@ -27,8 +27,8 @@ Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &pat
   }
   // By name: here @protocol() answers one that no class of another image conforms to.
   if ([principalClass conformsToProtocol:NSProtocolFromString(@"PDEPlugIn")]) {
-    id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the handle takes the object over
+    id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
     auto principal = Retained<id>::Adopt(object);
     if (principal.get() == nil) return failure("its principal object refuses the bundle");
     return ExtensionBundle(bundle, std::move(principal));
