@@ -29,12 +29,16 @@ install_packages() {
       fail "these packages are missing, and there is no sudo to install them; as root run: apt-get install ${missing[*]}"
     as_root=(sudo)
   fi
-  echo "Installing ${#missing[@]} Debian packages: ${missing[*]}"
-  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
+  local log=$project/build/packages.log
+  mkdir -p "$project/build" || fail "cannot write to $project"
+  echo "Installing ${#missing[@]} Debian packages, which takes a few minutes: ${missing[*]}"
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
   # A fresh system knows no packages, an old list may name versions that are gone.
-  "${apt[@]}" update >&2 || fail "apt-get update failed; its messages are above"
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 ||
-    fail "apt-get could not install the packages; its messages are above"
+  { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } \
+    >"$log" 2>&1 </dev/null || {
+    tail -n 30 "$log" >&2
+    fail "apt-get could not install the packages; its last messages are above, all are in $log"
+  }
 }
 
 # One script at a time works in build/; a build folder that came with a moved checkout is made anew.
@@ -48,13 +52,15 @@ use_build_folder() {
   fi
 }
 
-# Builds a preset, quietly unless it fails.
+# Builds a preset, or only some targets of it, quietly unless it fails.
+#   build PRESET [TARGET...]
 build() {
-  local preset=$1
+  local preset=$1 targets=()
+  (($# > 1)) && targets=(--target "${@:2}")
   use_build_folder "$preset"
   local log=$project/build/$preset.log
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset") 9>&- >"$log" 2>&1 || {
+  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@]}") 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"
   }
