@@ -7,6 +7,7 @@
 #include "host/ExtensionBundle.h"
 #include "host/JobTicket.h"
 #include "host/Messages.h"
+#include "host/Process.h"
 
 namespace {
 
@@ -56,7 +57,7 @@ int Check(const CheckOptions &options) {
         results.push_back(CheckFile(ppd, *bundle));
       }
     }
-    std::cout << (options.json ? CheckJson(results) : CheckText(results)) << std::flush;
+    if (!PrintResults(options.json ? CheckJson(results) : CheckText(results))) return kFailed;
     const bool all_readable = std::all_of(results.begin(), results.end(),
                                           [](const auto &result) { return result.readable; });
     return all_readable ? kDone : kFailed;

@@ -3,14 +3,26 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+namespace {
+
+// Values and file names may hold line ends.
+std::string OnOneLine(std::string text) {
+  for (char &character : text) {
+    if (static_cast<unsigned char>(character) < ' ') character = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
 std::string CheckText(const std::vector<CheckResult> &results) {
   std::ostringstream text;
   for (const CheckResult &result : results) {
-    text << result.file << ": ";
+    text << OnOneLine(result.file) << ": ";
     if (!result.readable) {
-      text << "cannot be read: " << result.reason;
+      text << "cannot be read: " << OnOneLine(result.reason);
     } else if (result.panels.empty()) {
-      text << "no panel: " << result.reason;
+      text << "no panel: " << OnOneLine(result.reason);
     } else {
       text << "panel offered, " << (result.color ? "color" : "monochrome") << " printer";
     }

@@ -54,9 +54,13 @@ NSArray *ExtensionBundle::Panels(HostCallback *host) const {
 
 std::string ExtensionBundle::ReasonForNoPanel(const PPDFile &ppd) const {
   NSDictionary *wanted = [bundle_.get() objectForInfoDictionaryKey:@"PDESupportAttribute"];
-  NSString *wantedKeyword = [wanted objectForKey:@"Keyword"];
-  NSString *wantedValue = [wanted objectForKey:@"Value"];
-  if (wantedKeyword == nil || wantedValue == nil) return "the bundle offers none for this printer";
+  const bool isDictionary = [wanted isKindOfClass:[NSDictionary class]];
+  NSString *wantedKeyword = isDictionary ? [wanted objectForKey:@"Keyword"] : nil;
+  NSString *wantedValue = isDictionary ? [wanted objectForKey:@"Value"] : nil;
+  if (![wantedKeyword isKindOfClass:[NSString class]] ||
+      ![wantedValue isKindOfClass:[NSString class]]) {
+    return "the bundle offers none for this printer";
+  }
 
   const std::string keyword = [wantedKeyword UTF8String];
   const std::string value = [wantedValue UTF8String];

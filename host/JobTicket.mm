@@ -17,6 +17,45 @@ Retained<NSDictionary *> Values(PMPrintSettings settings) {
   return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
 }
 
+int HexDigit(char character) {
+  if (character >= '0' && character <= '9') return character - '0';
+  if (character >= 'A' && character <= 'F') return character - 'A' + 10;
+  return -1;
+}
+
+// The code unit that is escaped here as \UXXXX, -1 if none is.
+int EscapedUnit(std::string_view text) {
+  if (text.size() < 6 || text[0] != '\\' || text[1] != 'U') return -1;
+  int unit = 0;
+  for (const char character : text.substr(2, 4)) {
+    const int digit = HexDigit(character);
+    if (digit < 0) return -1;
+    unit = unit * 16 + digit;
+  }
+  return unit;
+}
+
+// The platform escapes characters beyond the basic plane in a way that it cannot read back.
+std::string WithoutEscapedPairs(std::string_view xml) {
+  std::string result;
+  while (!xml.empty()) {
+    const int high = EscapedUnit(xml);
+    const int low = high < 0xD800 || high > 0xDBFF ? -1 : EscapedUnit(xml.substr(6));
+    if (low < 0xDC00 || low > 0xDFFF) {
+      result += xml.front();
+      xml.remove_prefix(1);
+      continue;
+    }
+    const int code = 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+    for (const int byte : {0xF0 | code >> 18, 0x80 | (code >> 12 & 0x3F), 0x80 | (code >> 6 & 0x3F),
+                           0x80 | (code & 0x3F)}) {
+      result += static_cast<char>(byte);
+    }
+    xml.remove_prefix(12);
+  }
+  return result;
+}
+
 }  // namespace
 
 PrintSettings EmptyPrintSettings() {
@@ -57,6 +96,7 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
     return failure("the property list is no dictionary of print settings");
   }
   for (id key in root) {
+    if (![key isKindOfClass:[NSString class]]) return failure("a key is not a string");
     PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
   }
   return settings;
@@ -71,8 +111,8 @@ std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSet
     return Failure{"cannot write " + path.string() + ": " +
                    (why == nil ? "a value is no property list" : [why UTF8String])};
   }
-  return WriteWholeFile(path,
-                        std::string_view(static_cast<const char *>([data bytes]), [data length]));
+  return WriteWholeFile(
+      path, WithoutEscapedPairs({static_cast<const char *>([data bytes]), [data length]}));
 }
 
 JobOptions JobOptionsFromSettings(PMPrintSettings settings) {

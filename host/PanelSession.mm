@@ -63,7 +63,11 @@ Expected<std::unique_ptr<PanelSession>> PanelSession::Open(const std::filesystem
       new PanelSession(std::move(*ppd), std::move(*settings), std::move(*bundle)));
   auto callback = Retained<HostCallback *>::Adopt(
       [[HostCallback alloc] initWithPrintSettings:session->settings() ppdFile:session->ppd_.get()]);
-  session->panels_ = Retained<NSArray *>::Share(session->bundle_.Panels(callback.get()));
+  @try {
+    session->panels_ = Retained<NSArray *>::Share(session->bundle_.Panels(callback.get()));
+  } @catch (NSException *exception) {
+    return Failure{DescribeException(session->bundle(), exception)};
+  }
   if ([session->panels_.get() count] == 0) {
     return Failure{"no panel for " + ppd_path.string() + ": " +
                    session->bundle_.ReasonForNoPanel(session->ppd_)};

@@ -5,6 +5,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,5 +31,9 @@ struct Setting {
 // and keys of its section TicketKey, the choices of PopUpItem, the ranges of DefaultValue (entries
 // ending in Min and Max); a setting with neither is On or Off.
 Expected<std::vector<Setting>> SettingsOfBundle(NSBundle *bundle);
+
+// Those settings whose stored value, among these job options by key, is none of the allowed ones.
+std::vector<Setting> SettingsWithBadValues(const std::vector<Setting> &settings,
+                                           const std::map<std::string, std::string> &options);
 
 #endif

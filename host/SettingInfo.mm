@@ -49,14 +49,27 @@ Expected<std::vector<Setting>> SettingsOfBundle(NSBundle *bundle) {
   NSDictionary *items = Section(settingInfo, @"PopUpItem");
   NSDictionary *defaults = Section(settingInfo, @"DefaultValue");
 
+  const auto wrong = [&place](NSString *name) {
+    return Failure{place + ": its setting info has a value of the wrong kind for " +
+                   [name UTF8String]};
+  };
   std::vector<Setting> settings;
   for (NSString *name in [[keys allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
-    Setting setting{.name = [name UTF8String], .key = [[keys objectForKey:name] UTF8String]};
+    NSString *key = [keys objectForKey:name];
+    if (![key isKindOfClass:[NSString class]]) return wrong(name);
+    Setting setting{.name = [name UTF8String], .key = [key UTF8String]};
     NSNumber *min = [defaults objectForKey:[name stringByAppendingString:@"Min"]];
     NSNumber *max = [defaults objectForKey:[name stringByAppendingString:@"Max"]];
     if (NSArray *choices = [items objectForKey:name]) {
-      for (NSString *choice in choices) setting.choices.emplace_back([choice UTF8String]);
+      if (![choices isKindOfClass:[NSArray class]] || [choices count] == 0) return wrong(name);
+      for (NSString *choice in choices) {
+        if (![choice isKindOfClass:[NSString class]]) return wrong(name);
+        setting.choices.emplace_back([choice UTF8String]);
+      }
     } else if (min != nil && max != nil) {
+      if (![min isKindOfClass:[NSNumber class]] || ![max isKindOfClass:[NSNumber class]]) {
+        return wrong(name);
+      }
       setting.min = [min longValue];
       setting.max = [max longValue];
     } else {
@@ -66,4 +79,16 @@ Expected<std::vector<Setting>> SettingsOfBundle(NSBundle *bundle) {
   }
   if (settings.empty()) return Failure{place + ": its setting info lists no settings"};
   return settings;
+}
+
+std::vector<Setting> SettingsWithBadValues(const std::vector<Setting> &settings,
+                                           const std::map<std::string, std::string> &options) {
+  std::vector<Setting> bad;
+  for (const Setting &setting : settings) {
+    const auto stored = options.find(setting.key);
+    if (stored == options.end()) continue;
+    Expected<std::string> value = setting.Check(stored->second);
+    if (!value || *value != stored->second) bad.push_back(setting);
+  }
+  return bad;
 }

@@ -5,6 +5,7 @@
 #include "host/JobTicket.h"
 #include "host/Messages.h"
 #include "host/PanelSession.h"
+#include "host/Process.h"
 #include "host/SettingInfo.h"
 
 namespace {
@@ -30,22 +31,6 @@ Expected<Change> ParseChange(const std::string &text, const std::vector<Setting>
   Expected<std::string> value = setting->Check(text.substr(equals + 1));
   if (!value) return Failure{value.message()};
   return Change{&*setting, *value};
-}
-
-// What the printer makes of the job when a stored value is none of the allowed ones is not what was
-// asked for, so such a job is refused.
-std::optional<Failure> CheckStored(const std::vector<Setting> &settings,
-                                   const JobOptions &options) {
-  for (const Setting &setting : settings) {
-    const auto stored = options.find(setting.key);
-    if (stored == options.end()) continue;
-    Expected<std::string> value = setting.Check(stored->second);
-    if (!value || *value != stored->second) {
-      return Failure{"the job's " + setting.key + " is \"" + stored->second + "\": it must be " +
-                     setting.Allowed() + "; mend it with --set " + setting.name + "=VALUE"};
-    }
-  }
-  return std::nullopt;
 }
 
 int Run(const SettingsOptions &options, PanelSession &session,
@@ -88,8 +73,11 @@ int Run(const SettingsOptions &options, PanelSession &session,
     }
     Complain("note: this printer cannot do " + key + "=" + value + "; it is now " + corrected);
   }
-  if (auto failure = CheckStored(settings, report.options)) {
-    Complain(failure->message);
+  // What a printer makes of a value that it does not know is not what was asked for.
+  for (const Setting &setting : SettingsWithBadValues(settings, report.options)) {
+    Complain("the job's " + setting.key + " is \"" + report.options[setting.key] +
+             "\": it must be " + setting.Allowed() + "; mend it with --set " + setting.name +
+             "=VALUE");
     return kFailed;
   }
 
@@ -100,8 +88,7 @@ int Run(const SettingsOptions &options, PanelSession &session,
     }
     report.ticket = options.ticket.string();
   }
-  std::cout << (options.json ? report.Json() : report.Text()) << std::flush;
-  return kDone;
+  return PrintResults(options.json ? report.Json() : report.Text()) ? kDone : kFailed;
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "host/JobTicket.h"
 #include "host/Messages.h"
 #include "host/PanelSession.h"
+#include "host/Process.h"
+#include "host/SettingInfo.h"
 #include "host/WholeFile.h"
 
 namespace {
@@ -16,18 +18,9 @@ const char kNoDisplay[] =
     "there is no display to show a window on; set DISPLAY, or use `pdeprint settings`, which needs "
     "none";
 
-// The application object opens every argument that is no option of its own as a file; ours are none
-// of its business.
-void HideArgumentsFromApplication() {
-  static char program[] = "pdeprint";
-  char *arguments[] = {program, nullptr};
-  [NSProcessInfo initializeWithArguments:arguments count:1 environment:environ];
-}
-
 bool ConnectToDisplay() {
   const char *display = getenv("DISPLAY");
   if (display == nullptr || *display == '\0') return false;
-  HideArgumentsFromApplication();
   // The dialog belongs to the application that prints; it has no icon of its own.
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
@@ -52,8 +45,23 @@ std::optional<Failure> WritePicture(const std::filesystem::path &path, NSView *v
       path, std::string_view(static_cast<const char *>([picture bytes]), [picture length]));
 }
 
+// A value that no control can show, from a ticket that was edited by hand, gives way to the
+// default.
+void DropBadValues(const PanelSession &session) {
+  Expected<std::vector<Setting>> settings = SettingsOfBundle(session.bundle());
+  if (!settings) return;
+  const JobOptions options = JobOptionsFromSettings(session.settings());
+  for (const Setting &setting : SettingsWithBadValues(*settings, options)) {
+    Complain("note: the ticket's " + setting.key + " is \"" + options.at(setting.key) +
+             "\", which must be " + setting.Allowed() + "; the panel shows its default");
+    NSString *key = [NSString stringWithUTF8String:setting.key.c_str()];
+    PMPrintSettingsSetValue(session.settings(), (CFStringRef)key, nullptr, false);
+  }
+}
+
 // The order of calls is the real dialog's.
 int Run(const ShowOptions &options, PanelSession &session) {
+  DropBadValues(session);
   id<PDEPanel> panel = session.panel();
   if ([panel respondsToSelector:@selector(supportedPPDOptionKeys)]) [panel supportedPPDOptionKeys];
   NSView *view = [panel panelView];
@@ -70,30 +78,29 @@ int Run(const ShowOptions &options, PanelSession &session) {
     [window.get() runUntilClosed];
   } while (![panel shouldHide]);
 
-  std::optional<Failure> failure;
-  if (!options.snapshot.empty()) failure = WritePicture(options.snapshot, view);
+  std::optional<Failure> no_picture;
+  if (!options.snapshot.empty()) no_picture = WritePicture(options.snapshot, view);
   [window.get() removePanelView];
+  std::optional<Failure> failure;
   NSError *error = nil;
-  if (!failure && ![panel saveValuesAndReturnError:&error]) {
+  if (![panel saveValuesAndReturnError:&error]) {
     failure = Failure{"the panel could not save its values: " +
                       std::string(error == nil ? "it does not say why"
                                                : [[error localizedDescription] UTF8String])};
-  }
-  if (!failure && [panel respondsToSelector:@selector(shouldPrint)] && ![panel shouldPrint]) {
+  } else if ([panel respondsToSelector:@selector(shouldPrint)] && ![panel shouldPrint]) {
     failure = Failure{"the panel does not allow this job to be printed"};
   }
+  // What was chosen is printed, whatever cannot be written.
   PanelReport report = session.Report();
   if (!failure && !options.ticket.empty()) {
     failure = WriteTicket(options.ticket, session.settings());
-    report.ticket = options.ticket.string();
+    if (!failure) report.ticket = options.ticket.string();
   }
-  if (failure) {
-    Complain(failure->message);
-    return kFailed;
-  }
-  report.snapshot = options.snapshot.string();
-  std::cout << report.Text() << std::flush;
-  return kDone;
+  if (!no_picture) report.snapshot = options.snapshot.string();
+  const bool printed = PrintResults(report.Text());
+  if (failure) Complain(failure->message);
+  if (no_picture) Complain(no_picture->message);
+  return printed && !failure && !no_picture ? kDone : kFailed;
 }
 
 }  // namespace

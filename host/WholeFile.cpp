@@ -26,18 +26,28 @@ class Descriptor {
 };
 
 // The file that is there now, or that an open would make.
-std::filesystem::path Destination(const std::filesystem::path &path) {
-  std::error_code error;
-  std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
-  return error ? path : resolved;
+std::filesystem::path Destination(std::filesystem::path path, std::error_code &error) {
+  for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
+    if (links == 40) {
+      error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+      break;
+    }
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
 }
 
-mode_t PermissionsFor(const std::filesystem::path &destination) {
-  struct stat existing = {};
-  if (stat(destination.c_str(), &existing) == 0) return existing.st_mode & 07777;
+// Owner and permissions as the old file had them, or as a new one gets them.
+bool TakeAttributes(int descriptor, const std::filesystem::path &destination) {
+  struct stat old = {};
+  if (stat(destination.c_str(), &old) == 0) {
+    // Only root can give a file away; anybody else owns the new file, which is no reason to fail.
+    (void)!fchown(descriptor, old.st_uid, old.st_gid);
+    return fchmod(descriptor, old.st_mode & 07777) == 0;
+  }
   const mode_t mask = umask(0);
   umask(mask);
-  return 0666 & ~mask;
+  return fchmod(descriptor, 0666 & ~mask) == 0;
 }
 
 bool WriteAll(int descriptor, std::string_view bytes) {
@@ -56,17 +66,21 @@ std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::st
   const auto failure = [&path] {
     return Failure{"cannot write " + path.string() + ": " + std::strerror(errno)};
   };
-  const std::filesystem::path destination = Destination(path);
   std::error_code error;
+  const std::filesystem::path destination = Destination(path, error);
+  if (error == std::errc::too_many_symbolic_link_levels) {
+    return Failure{"cannot write " + path.string() + ": " + error.message()};
+  }
   if (std::filesystem::exists(destination, error) &&
       !std::filesystem::is_regular_file(destination, error)) {
     return Failure{"cannot write " + path.string() + ": not a regular file"};
   }
 
-  std::string temporary = destination.string() + ".XXXXXX";
+  // A name of its own: the longest names have no room for an ending.
+  std::string temporary = (destination.parent_path() / ".pdeprint.XXXXXX").string();
   Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
   if (file.get() < 0) return failure();
-  if (!WriteAll(file.get(), bytes) || fchmod(file.get(), PermissionsFor(destination)) != 0 ||
+  if (!WriteAll(file.get(), bytes) || !TakeAttributes(file.get(), destination) ||
       fsync(file.get()) != 0 || !file.Close() ||
       rename(temporary.c_str(), destination.c_str()) != 0) {
     const Failure reason = failure();

@@ -3,13 +3,17 @@
 
 #include "host/Commands.h"
 #include "host/Messages.h"
+#include "host/Process.h"
 
 namespace {
+
+std::string NotEmpty(const std::string &text) { return text.empty() ? "must not be empty" : ""; }
 
 void AddPluginOption(CLI::App *verb, std::filesystem::path &plugin) {
   verb->add_option("--plugin", plugin,
                    "The extension bundle to load, instead of the one installed with this program")
-      ->type_name("BUNDLE");
+      ->type_name("BUNDLE")
+      ->check(NotEmpty);
 }
 
 void AddPrinterAndTicket(CLI::App *verb, std::filesystem::path &ppd,
@@ -19,7 +23,8 @@ void AddPrinterAndTicket(CLI::App *verb, std::filesystem::path &ppd,
           "--ticket", ticket,
           "Print settings of the job, an XML property list: read first, where there is one, "
           "and written at the end")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NotEmpty);
 }
 
 int Run(int argc, char **argv) {
@@ -34,7 +39,8 @@ int Run(int argc, char **argv) {
   AddPluginOption(show, show_options.plugin);
   show->add_option("--snapshot", show_options.snapshot,
                    "Write a picture of the panel as it stood when the window was closed")
-      ->type_name("PNG");
+      ->type_name("PNG")
+      ->check(NotEmpty);
 
   CheckOptions check_options;
   CLI::App *check = app.add_subcommand(
@@ -53,8 +59,7 @@ int Run(int argc, char **argv) {
           "--set", settings_options.set,
           "Give a setting a value, for instance Valid=On or StartNumber=25; may be repeated")
       ->type_name("NAME=VALUE")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+      ->allow_extra_args(false);
   settings->add_flag("--json", settings_options.json, "Answer in JSON");
 
   try {
@@ -70,6 +75,7 @@ int Run(int argc, char **argv) {
 }  // namespace
 
 int main(int argc, char **argv) {
+  PrepareProcess();
   try {
     return Run(argc, argv);
   } catch (const std::exception &exception) {
