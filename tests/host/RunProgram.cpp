@@ -78,8 +78,18 @@ void RunningProgram::Signal(int number) const {
 }
 
 bool RunningProgram::HasEnded(std::chrono::milliseconds limit) const {
+  using Clock = std::chrono::steady_clock;
+  const auto deadline = Clock::now() + limit;
   pollfd end = {end_, POLLIN, 0};
-  return poll(&end, 1, static_cast<int>(limit.count())) == 1;
+  // The end of another program interrupts the wait.
+  while (Clock::now() < deadline) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+    const int ready = poll(&end, 1, static_cast<int>(left.count()) + 1);
+    if (ready == 1) return true;
+    if (ready < 0 && errno != EINTR) return false;
+  }
+  return false;
 }
 
 RunResult RunningProgram::Wait(std::chrono::milliseconds limit) {
@@ -90,7 +100,7 @@ RunResult RunningProgram::Wait(std::chrono::milliseconds limit) {
     Signal(SIGKILL);
   }
   int status = 0;
-  waitpid(pid_, &status, 0);
+  while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) continue;
   pid_ = -1;
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   result.out = ContentOf(folder_.path() / "out");
