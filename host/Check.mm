@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <iostream>
 
 #include "host/BundleSearch.h"
 #include "host/CheckReport.h"

@@ -9,11 +9,15 @@
 
 enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
-struct ShowOptions {
+// The files of one job at a panel.
+struct JobFiles {
   std::filesystem::path ppd;
-  std::filesystem::path plugin;
-  std::filesystem::path ticket;
-  std::filesystem::path snapshot;
+  std::filesystem::path plugin;  // empty: the bundle that is found
+  std::filesystem::path ticket;  // empty: none
+};
+
+struct ShowOptions : JobFiles {
+  std::filesystem::path snapshot;  // empty: none
 };
 
 struct CheckOptions {
@@ -22,10 +26,7 @@ struct CheckOptions {
   bool json = false;
 };
 
-struct SettingsOptions {
-  std::filesystem::path ppd;
-  std::filesystem::path plugin;
-  std::filesystem::path ticket;
+struct SettingsOptions : JobFiles {
   std::vector<std::string> set;  // NAME=VALUE
   bool json = false;
 };

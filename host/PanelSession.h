@@ -5,9 +5,10 @@
 
 #import <PrintCore/PrintCore.h>
 
-#include <filesystem>
+#include <functional>
 #include <memory>
 
+#include "host/Commands.h"
 #include "host/Expected.h"
 #include "host/ExtensionBundle.h"
 #include "host/PPDFile.h"
@@ -16,11 +17,9 @@
 
 class PanelSession {
  public:
-  // Opens the PPD file, reads the ticket (an empty path: none) and asks the bundle for its panel.
+  // Opens the PPD file, reads the ticket and asks the bundle for its panel.
   // The failure says which of them is wrong, or why the bundle offers no panel for this printer.
-  static Expected<std::unique_ptr<PanelSession>> Open(const std::filesystem::path &ppd,
-                                                      const std::filesystem::path &plugin,
-                                                      const std::filesystem::path &ticket);
+  static Expected<std::unique_ptr<PanelSession>> Open(const JobFiles &files);
 
   id<PDEPanel> panel() const { return [panels_.get() objectAtIndex:0]; }
   NSBundle *bundle() const { return bundle_.bundle(); }
@@ -38,5 +37,9 @@ class PanelSession {
   ExtensionBundle bundle_;
   Retained<NSArray *> panels_;
 };
+
+// Opens a session and works on it; the answer is the exit status. Complains of what cannot be
+// opened and of what the bundle raises.
+int WithPanelSession(const JobFiles &files, const std::function<int(PanelSession &)> &work);
 
 #endif

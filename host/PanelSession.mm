@@ -2,6 +2,7 @@
 
 #include "host/BundleSearch.h"
 #include "host/JobTicket.h"
+#include "host/Messages.h"
 #include "host/SettingInfo.h"
 
 namespace {
@@ -42,20 +43,18 @@ std::optional<std::string> KeyWithoutString(NSBundle *bundle, PMPrintSettings se
 PanelSession::PanelSession(PPDFile ppd, PrintSettings settings, ExtensionBundle bundle)
     : ppd_(std::move(ppd)), settings_(std::move(settings)), bundle_(std::move(bundle)) {}
 
-Expected<std::unique_ptr<PanelSession>> PanelSession::Open(const std::filesystem::path &ppd_path,
-                                                           const std::filesystem::path &plugin,
-                                                           const std::filesystem::path &ticket) {
-  Expected<PPDFile> ppd = PPDFile::Open(ppd_path);
-  if (!ppd) return Failure{"cannot read " + ppd_path.string() + ": " + ppd.message()};
-  Expected<PrintSettings> settings = ReadTicket(ticket);
+Expected<std::unique_ptr<PanelSession>> PanelSession::Open(const JobFiles &files) {
+  Expected<PPDFile> ppd = PPDFile::Open(files.ppd);
+  if (!ppd) return Failure{"cannot read " + files.ppd.string() + ": " + ppd.message()};
+  Expected<PrintSettings> settings = ReadTicket(files.ticket);
   if (!settings) return Failure{settings.message()};
-  Expected<std::filesystem::path> bundle_path = FindBundle(plugin);
+  Expected<std::filesystem::path> bundle_path = FindBundle(files.plugin);
   if (!bundle_path) return Failure{bundle_path.message()};
   Expected<ExtensionBundle> bundle = ExtensionBundle::Load(*bundle_path);
   if (!bundle) return Failure{bundle.message()};
 
   if (auto key = KeyWithoutString(bundle->bundle(), settings->get())) {
-    return Failure{"cannot use ticket " + ticket.string() + ": the value of " + *key +
+    return Failure{"cannot use ticket " + files.ticket.string() + ": the value of " + *key +
                    " is not a string"};
   }
 
@@ -69,7 +68,7 @@ Expected<std::unique_ptr<PanelSession>> PanelSession::Open(const std::filesystem
     return Failure{DescribeException(session->bundle(), exception)};
   }
   if ([session->panels_.get() count] == 0) {
-    return Failure{"no panel for " + ppd_path.string() + ": " +
+    return Failure{"no panel for " + files.ppd.string() + ": " +
                    session->bundle_.ReasonForNoPanel(session->ppd_)};
   }
   return session;
@@ -81,4 +80,22 @@ PanelReport PanelSession::Report() const {
   report.summary = InDisplayOrder([panel() summaryInfo]);
   report.options = JobOptionsFromSettings(settings());
   return report;
+}
+
+int WithPanelSession(const JobFiles &files, const std::function<int(PanelSession &)> &work) {
+  @autoreleasepool {
+    NSBundle *bundle = nil;
+    @try {
+      Expected<std::unique_ptr<PanelSession>> session = PanelSession::Open(files);
+      if (!session) {
+        Complain(session.message());
+        return kFailed;
+      }
+      bundle = (*session)->bundle();
+      return work(**session);
+    } @catch (NSException *exception) {
+      Complain(DescribeException(bundle, exception));
+      return kFailed;
+    }
+  }
 }

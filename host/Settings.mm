@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <iostream>
 
 #include "host/Commands.h"
 #include "host/JobTicket.h"
@@ -33,22 +32,56 @@ Expected<Change> ParseChange(const std::string &text, const std::vector<Setting>
   return Change{&*setting, *value};
 }
 
-int Run(const SettingsOptions &options, PanelSession &session,
-        const std::vector<Setting> &settings) {
+Expected<std::vector<Change>> ParseChanges(const std::vector<std::string> &texts,
+                                           const std::vector<Setting> &settings) {
   std::vector<Change> changes;
-  for (const std::string &text : options.set) {
+  for (const std::string &text : texts) {
     Expected<Change> change = ParseChange(text, settings);
-    if (!change) {
-      Complain(change.message());
-      return kWrongUsage;
-    }
+    if (!change) return Failure{change.message()};
     changes.push_back(*change);
   }
+  return changes;
+}
+
+void Apply(const std::vector<Change> &changes, PMPrintSettings settings) {
   for (const Change &change : changes) {
     NSString *key = [NSString stringWithUTF8String:change.setting->key.c_str()];
     NSString *value = [NSString stringWithUTF8String:change.value.c_str()];
-    PMPrintSettingsSetValue(session.settings(), (CFStringRef)key, (CFTypeRef)value, false);
+    PMPrintSettingsSetValue(settings, (CFStringRef)key, (CFTypeRef)value, false);
   }
+}
+
+// The panel corrects what the printer cannot do. Of a stored value that is noted; a value that was
+// asked for here is a failure.
+std::optional<Failure> ExplainCorrections(const JobOptions &before, const JobOptions &after,
+                                          const std::vector<Change> &changes) {
+  for (const auto &[key, value] : before) {
+    const auto now = after.find(key);
+    const std::string corrected = now == after.end() ? "unset" : now->second;
+    if (corrected == value) continue;
+    for (const Change &change : changes) {
+      if (change.setting->key != key) continue;
+      return Failure{change.setting->name + " cannot be \"" + value +
+                     "\" on this printer: it must be " + corrected};
+    }
+    Complain("note: this printer cannot do " + key + "=" + value + "; it is now " + corrected);
+  }
+  return std::nullopt;
+}
+
+int Run(const SettingsOptions &options, PanelSession &session) {
+  Expected<std::vector<Setting>> known = SettingsOfBundle(session.bundle());
+  if (!known && !options.set.empty()) {
+    Complain(known.message());
+    return kFailed;
+  }
+  const std::vector<Setting> settings = known ? *known : std::vector<Setting>();
+  Expected<std::vector<Change>> changes = ParseChanges(options.set, settings);
+  if (!changes) {
+    Complain(changes.message());
+    return kWrongUsage;
+  }
+  Apply(*changes, session.settings());
 
   const JobOptions before = JobOptionsFromSettings(session.settings());
   id<PDEPanel> panel = session.panel();
@@ -57,21 +90,9 @@ int Run(const SettingsOptions &options, PanelSession &session,
     return kFailed;
   }
   PanelReport report = session.Report();
-
-  // The panel corrects what the printer cannot do. A value asked for here is refused instead.
-  for (const auto &[key, value] : before) {
-    const auto now = report.options.find(key);
-    const std::string corrected = now == report.options.end() ? "unset" : now->second;
-    if (corrected == value) continue;
-    const auto asked =
-        std::find_if(changes.begin(), changes.end(),
-                     [&name = key](const Change &change) { return change.setting->key == name; });
-    if (asked != changes.end()) {
-      Complain(asked->setting->name + " cannot be \"" + value + "\" on this printer: it must be " +
-               corrected);
-      return kWrongUsage;
-    }
-    Complain("note: this printer cannot do " + key + "=" + value + "; it is now " + corrected);
+  if (auto refusal = ExplainCorrections(before, report.options, *changes)) {
+    Complain(refusal->message);
+    return kWrongUsage;
   }
   // What a printer makes of a value that it does not know is not what was asked for.
   for (const Setting &setting : SettingsWithBadValues(settings, report.options)) {
@@ -94,24 +115,6 @@ int Run(const SettingsOptions &options, PanelSession &session,
 }  // namespace
 
 int Settings(const SettingsOptions &options) {
-  @autoreleasepool {
-    NSBundle *bundle = nil;
-    @try {
-      auto session = PanelSession::Open(options.ppd, options.plugin, options.ticket);
-      if (!session) {
-        Complain(session.message());
-        return kFailed;
-      }
-      bundle = (*session)->bundle();
-      Expected<std::vector<Setting>> settings = SettingsOfBundle(bundle);
-      if (!settings && !options.set.empty()) {
-        Complain(settings.message());
-        return kFailed;
-      }
-      return Run(options, **session, settings ? *settings : std::vector<Setting>());
-    } @catch (NSException *exception) {
-      Complain(DescribeException(bundle, exception));
-      return kFailed;
-    }
-  }
+  return WithPanelSession(options,
+                          [&options](PanelSession &session) { return Run(options, session); });
 }

@@ -1,6 +1,5 @@
 #include <csignal>
 #include <cstdlib>
-#include <iostream>
 
 #include "host/Appearance.h"
 #include "host/Commands.h"
@@ -106,23 +105,11 @@ int Run(const ShowOptions &options, PanelSession &session) {
 }  // namespace
 
 int Show(const ShowOptions &options) {
-  @autoreleasepool {
-    NSBundle *bundle = nil;
-    @try {
-      auto session = PanelSession::Open(options.ppd, options.plugin, options.ticket);
-      if (!session) {
-        Complain(session.message());
-        return kFailed;
-      }
-      bundle = (*session)->bundle();
-      if (!ConnectToDisplay()) {
-        Complain(kNoDisplay);
-        return kFailed;
-      }
-      return Run(options, **session);
-    } @catch (NSException *exception) {
-      Complain(DescribeException(bundle, exception));
+  return WithPanelSession(options, [&options](PanelSession &session) -> int {
+    if (!ConnectToDisplay()) {
+      Complain(kNoDisplay);
       return kFailed;
     }
-  }
+    return Run(options, session);
+  });
 }

@@ -455,6 +455,8 @@ TEST(Program, RefusesWrongUsage) {
            Arguments{"show", "--ppd", kColorPPD, "--json"},
            Arguments{"check", kColorPPD, "--ticket", "x.plist"},
            Arguments{"check", kColorPPD, "--plugin"},
+           Arguments{"settings", "--ppd", kColorPPD, "--ticket", ""},
+           Arguments{"settings", "--ppd", kColorPPD, "--set", "Valid=On", "Size=Large"},
        }) {
     const RunResult result = RunPdeprint(arguments);
     EXPECT_EQ(2, result.status) << testing::PrintToString(arguments);

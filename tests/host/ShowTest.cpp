@@ -171,6 +171,24 @@ TEST(Show, ASecondRunShowsWhatTheFirstSaved) {
   EXPECT_NE(ContentOf(picture("2.png")), ContentOf(picture("fresh.png")));
 }
 
+TEST(Show, AStoredValueThatNoControlCanShowGivesWayToTheDefault) {
+  TemporaryFolder folder;
+  const std::string ticket = folder
+                                 .Write("ticket.plist",
+                                        "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>"
+                                        "<key>VQBackgroundNumbering</key><string>On</string>"
+                                        "<key>VQBNSize</key><string>Huge</string>"
+                                        "<key>VQStartNumber</key><string>0</string></dict></plist>")
+                                 .string();
+  Dialog dialog({"--ticket", ticket});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  for (const char *named : {"VQBNSize is \"Huge\"", "VQStartNumber is \"0\""}) {
+    EXPECT_NE(std::string::npos, result.err.find(named)) << result.err;
+  }
+}
+
 TEST(Show, TheSnapshotIsAPictureOfThePanelsSize) {
   const std::string layout = ContentOf(SOURCE_DIRECTORY "/resources/BackgroundNumbering.xib");
   std::smatch size;
