@@ -22,26 +22,36 @@ const double kPatience = 10;
 
 double Now() { return [NSDate timeIntervalSinceReferenceDate]; }
 
+// Handles the next event, if one comes soon.
+bool HandleEvent() {
+  @autoreleasepool {
+    NSEvent *event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                        untilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]
+                                           inMode:NSDefaultRunLoopMode
+                                          dequeue:YES];
+    if (event == nil) return false;
+    [NSApp sendEvent:event];
+    return true;
+  }
+}
+
 void HandleEventsUntil(const std::function<bool()> &done) {
   const double start = Now();
   while (!done()) {
-    @autoreleasepool {
-      NSEvent *event = [NSApp nextEventMatchingMask:NSAnyEventMask
-                                          untilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]
-                                             inMode:NSDefaultRunLoopMode
-                                            dequeue:YES];
-      if (event != nil) [NSApp sendEvent:event];
-    }
+    HandleEvent();
     if (Now() - start > kPatience) {
-      ADD_FAILURE() << "the window did not come to rest";
+      ADD_FAILURE() << "what was waited for did not happen";
       return;
     }
   }
 }
 
 void HandleEventsUntilSettled() {
-  const double start = Now();
-  HandleEventsUntil([start] { return Now() - start > kSettled; });
+  double last = Now();
+  HandleEventsUntil([&last] {
+    if (HandleEvent()) last = Now();
+    return Now() - last > kSettled;
+  });
 }
 
 // Runs a command while the events that it causes are handled.
