@@ -11,7 +11,8 @@
 /// would pass it through the formatter first, and with a letter before the digits all digits would
 /// be lost before anyone could take the letter out. When whoever listens for changes rewrites the
 /// text, the caret stays as far from its end as it was. Where less than the minimum has been typed,
-/// such as nothing or a zero, the number that appears is selected, so that the next digit replaces it.
+/// such as nothing or a zero, the number that appears is selected, so that the next digit replaces
+/// it.
 @interface velmoraBNTextBoxRV2 : NSTextField <ViewComponent> {
   NSNumber *_min;
   NSNumber *_max;
