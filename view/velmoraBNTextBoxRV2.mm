@@ -47,7 +47,8 @@ NSInteger NumberInText(NSString *text) {
 - (void)textDidChange:(NSNotification *)notification {
   NSString *typed = [self stringValue];
   NSText *editorBefore = [self currentEditor];
-  NSUInteger afterCaret = [typed length] - NSMaxRange([editorBefore selectedRange]);
+  NSUInteger caret = editorBefore == nil ? 0 : NSMaxRange([editorBefore selectedRange]);
+  NSUInteger afterCaret = [typed length] - caret;
 
   [super textDidChange:notification];
 
