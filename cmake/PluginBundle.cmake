@@ -15,6 +15,7 @@ function(add_plugin_bundle name)
   add_library(${name} MODULE)
   target_link_libraries(${name} PRIVATE ${ARG_OBJECTS})
   set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}
+                                           BUILD_RPATH "$ORIGIN/.."
                                            INSTALL_RPATH "$ORIGIN/../../..")
 
   configure_file(${ARG_INFO_PLIST} ${resources}/Info.plist @ONLY)

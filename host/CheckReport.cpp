@@ -3,17 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-namespace {
-
-// Values and file names may hold line ends.
-std::string OnOneLine(std::string text) {
-  for (char &character : text) {
-    if (static_cast<unsigned char>(character) < ' ') character = ' ';
-  }
-  return text;
-}
-
-}  // namespace
+#include "host/OneLine.h"
 
 std::string CheckText(const std::vector<CheckResult> &results) {
   std::ostringstream text;

@@ -1,8 +1,10 @@
 #import "host/DialogWindow.h"
 
 #import "host/Appearance.h"
+#include "host/Messages.h"
 
 #include <algorithm>
+#include <string>
 
 namespace {
 
@@ -47,6 +49,13 @@ SEL EditingAction(NSString *character) {
   if ([character isEqualToString:@"v"]) return @selector(paste:);
   if ([character isEqualToString:@"a"]) return @selector(selectAll:);
   return nullptr;
+}
+
+void ComplainOfEvent(NSException *exception) {
+  NSBeep();
+  NSString *reason = [exception reason];
+  Complain(std::string("a key or click could not be handled: ") +
+           [(reason != nil ? reason : [exception name]) UTF8String]);
 }
 
 }  // namespace
@@ -117,7 +126,26 @@ SEL EditingAction(NSString *character) {
   [NSApp stopModal];
 }
 
+// What one event raises, such as a pasteboard that does not answer, must not end the dialog: the
+// choices made so far would be lost.
+- (void)sendEvent:(NSEvent *)event {
+  @try {
+    [super sendEvent:event];
+  } @catch (NSException *exception) {
+    ComplainOfEvent(exception);
+  }
+}
+
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
+  @try {
+    return [self handleKeyEquivalent:event];
+  } @catch (NSException *exception) {
+    ComplainOfEvent(exception);
+    return YES;
+  }
+}
+
+- (BOOL)handleKeyEquivalent:(NSEvent *)event {
   if (HasOpenMenu([self firstResponder])) return NO;
   NSString *character = [event charactersIgnoringModifiers];
   if ([character isEqualToString:kEscape]) {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "host/TicketText.h"
 #include "host/WholeFile.h"
 
 namespace {
@@ -75,8 +76,17 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
     return Failure{"cannot read ticket " + path.string() + ": " + why};
   };
   if (!std::filesystem::is_regular_file(path, error)) return failure("not a regular file");
+  if (std::filesystem::file_size(path, error) > kLargestTicket) {
+    return failure("not a property list: the file is larger than 1 MiB");
+  }
   NSData *data = [NSData dataWithContentsOfFile:String(path)];
   if (data == nil) return failure("no permission, or a reading error");
+  const std::string_view text =
+      WithoutByteOrderMark({static_cast<const char *>([data bytes]), [data length]});
+  if (auto reason = ReasonAgainstTicketText(text)) {
+    return failure("not a property list: " + *reason);
+  }
+  data = [NSData dataWithBytes:text.data() length:text.size()];
 
   NSString *why = nil;
   id root = nil;
@@ -96,7 +106,6 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
     return failure("the property list is no dictionary of print settings");
   }
   for (id key in root) {
-    if (![key isKindOfClass:[NSString class]]) return failure("a key is not a string");
     PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
   }
   return settings;

@@ -3,12 +3,16 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "host/OneLine.h"
+
 std::string PanelReport::Text() const {
   std::ostringstream text;
   text << "Panel: " << panel << "\nSummary:\n";
-  for (const auto &[title, value] : summary) text << "  " << title << ": " << value << '\n';
+  for (const auto &[title, value] : summary)
+    text << "  " << OnOneLine(title) << ": " << OnOneLine(value) << '\n';
   text << "Job options:\n";
-  for (const auto &[name, value] : options) text << "  " << name << '=' << value << '\n';
+  for (const auto &[name, value] : options)
+    text << "  " << OnOneLine(name) << '=' << OnOneLine(value) << '\n';
   if (!ticket.empty()) text << "Ticket: " << ticket << '\n';
   if (!snapshot.empty()) text << "Picture: " << snapshot << '\n';
   return text.str();

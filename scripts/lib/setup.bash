@@ -30,7 +30,7 @@ install_packages() {
     as_root=(sudo)
   fi
   local log=$project/build/packages.log
-  mkdir -p "$project/build" || fail "cannot write to $project"
+  mkdir -p "$project/build" 2>/dev/null || fail "cannot write to $project"
   echo "Installing ${#missing[@]} Debian packages, which takes a few minutes: ${missing[*]}"
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
   # A fresh system knows no packages, an old list may name versions that are gone.
@@ -44,7 +44,8 @@ install_packages() {
 # One script at a time works in build/; a build folder that came with a moved checkout is made anew.
 use_build_folder() {
   local preset=$1 cache=$project/build/$1/CMakeCache.txt
-  mkdir -p "$project/build" || fail "cannot write to $project"
+  mkdir -p "$project/build" 2>/dev/null && : 2>/dev/null >>"$project/build/.lock" ||
+    fail "cannot write to $project/build"
   exec 9>"$project/build/.lock"
   flock -n 9 || { echo "Waiting for another script that is using $project/build" >&2; flock 9; }
   if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$project" "$cache"; then

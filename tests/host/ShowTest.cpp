@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <map>
 #include <regex>
 #include <sstream>
 #include <thread>
@@ -20,6 +21,14 @@ const char kColorPPD[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
 const char kMonoPPD[] = SOURCE_DIRECTORY "/printer/SampleMono.ppd";
 
 const char kDone[] = "Return";
+
+std::string Ticket(const std::map<std::string, std::string> &values) {
+  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>";
+  for (const auto &[key, value] : values) {
+    text += "<key>" + key + "</key><string>" + value + "</string>";
+  }
+  return text + "</dict></plist>\n";
+}
 
 std::string Report(const std::string &size, const std::string &density, const std::string &color,
                    const std::string &number) {
@@ -174,11 +183,9 @@ TEST(Show, ASecondRunShowsWhatTheFirstSaved) {
 TEST(Show, AStoredValueThatNoControlCanShowGivesWayToTheDefault) {
   TemporaryFolder folder;
   const std::string ticket = folder
-                                 .Write("ticket.plist",
-                                        "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>"
-                                        "<key>VQBackgroundNumbering</key><string>On</string>"
-                                        "<key>VQBNSize</key><string>Huge</string>"
-                                        "<key>VQStartNumber</key><string>0</string></dict></plist>")
+                                 .Write("ticket.plist", Ticket({{"VQBackgroundNumbering", "On"},
+                                                                {"VQBNSize", "Huge"},
+                                                                {"VQStartNumber", "0"}}))
                                  .string();
   Dialog dialog({"--ticket", ticket});
   const RunResult result = dialog.Close();
@@ -261,7 +268,8 @@ TEST(Show, EditsTheNumberWithTheUsualKeys) {
 TEST(Show, AMonochromePrinterHasBlackAlone) {
   TemporaryFolder folder;
   const std::string ticket =
-      folder.Write("ticket.plist", "{ VQBackgroundNumbering = On; VQBNColor = Red; }").string();
+      folder.Write("ticket.plist", Ticket({{"VQBackgroundNumbering", "On"}, {"VQBNColor", "Red"}}))
+          .string();
   Dialog dialog({"--ticket", ticket}, kMonoPPD);
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
@@ -271,7 +279,8 @@ TEST(Show, AMonochromePrinterHasBlackAlone) {
 TEST(Show, AnEndFromOutsideLeavesTheTicket) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     TemporaryFolder folder;
-    const fs::path ticket = folder.Write("ticket.plist", "{ VQBNSize = Small; }");
+    const std::string before = Ticket({{"VQBNSize", "Small"}});
+    const fs::path ticket = folder.Write("ticket.plist", before);
     const std::string picture = (folder.path() / "panel.png").string();
     Dialog dialog({"--ticket", ticket.string(), "--snapshot", picture});
     dialog.Press({"space"});
@@ -280,7 +289,7 @@ TEST(Show, AnEndFromOutsideLeavesTheTicket) {
     EXPECT_FALSE(result.timed_out);
     EXPECT_EQ(128 + signal, result.status);
     EXPECT_EQ("", result.out);
-    EXPECT_EQ("{ VQBNSize = Small; }", ContentOf(ticket));
+    EXPECT_EQ(before, ContentOf(ticket));
     EXPECT_FALSE(fs::exists(picture));
   }
 }
