@@ -4,6 +4,7 @@
 #include "host/Messages.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace {
@@ -41,6 +42,13 @@ NSView *EndOfLoop(NSView *first) {
 bool HasOpenMenu(NSResponder *responder) {
   return [responder isKindOfClass:[NSPopUpButton class]] &&
          [[[[(NSPopUpButton *)responder menu] menuRepresentation] window] isVisible];
+}
+
+const NSTimeInterval kLongestClick = 0.4;  // a longer press is a choice by dragging
+const CGFloat kClickSlack = 4;             // points that the mouse may move in a click
+
+bool IsNear(NSPoint first, NSPoint second) {
+  return std::hypot(first.x - second.x, first.y - second.y) <= kClickSlack;
 }
 
 SEL EditingAction(NSString *character) {
@@ -130,10 +138,35 @@ void ComplainOfEvent(NSException *exception) {
 // choices made so far would be lost.
 - (void)sendEvent:(NSEvent *)event {
   @try {
-    [super sendEvent:event];
+    if ([event type] == NSLeftMouseDown) {
+      [self handleMouseDown:event];
+    } else {
+      [super sendEvent:event];
+    }
   } @catch (NSException *exception) {
     ComplainOfEvent(exception);
   }
+}
+
+// The platform's menus of pop-ups live as long as the mouse is pressed. After a click the menu
+// stays open, as people expect, until the next click or key ends it.
+- (void)handleMouseDown:(NSEvent *)event {
+  if (HasOpenMenu([self firstResponder])) {
+    [[(NSPopUpButton *)[self firstResponder] cell] dismissPopUp];
+    return;
+  }
+  NSDate *pressed = [NSDate date];
+  [super sendEvent:event];
+  NSView *view = [[self contentView] hitTest:[event locationInWindow]];
+  if (![view isKindOfClass:[NSPopUpButton class]]) return;
+  NSPopUpButton *popUp = (NSPopUpButton *)view;
+  if (![popUp isEnabled] || [popUp numberOfItems] < 2 || HasOpenMenu(popUp) ||
+      -[pressed timeIntervalSinceNow] > kLongestClick ||
+      !IsNear([event locationInWindow], [self mouseLocationOutsideOfEventStream])) {
+    return;
+  }
+  [self makeFirstResponder:popUp];
+  [[popUp cell] attachPopUpWithFrame:[popUp bounds] inView:popUp];
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {

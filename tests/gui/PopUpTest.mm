@@ -25,3 +25,40 @@ OBJC_TEST(PopUp, TheMouseChoosesAnItem) {
   panel.Drag(popUp, button, NSOffsetRect(button, 0, item));
   EXPECT_EQUAL_OBJECTS(@"Red", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
 }
+
+namespace {
+
+NSWindow *MenuWindow(NSPopUpButton *popUp) {
+  return [(NSView *)[[popUp menu] menuRepresentation] window];
+}
+
+}  // namespace
+
+OBJC_TEST(PopUp, AClickOpensTheMenuAndASecondOneChooses) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  NSPopUpButton *popUp = panel[@"popUpColor"];
+  panel.Click(popUp);
+  ASSERT_TRUE([MenuWindow(popUp) isVisible]);
+  const NSRect button = [popUp bounds];
+  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
+  panel.Click(popUp, NSOffsetRect(button, 0, 2 * item));
+  EXPECT_FALSE([MenuWindow(popUp) isVisible]);
+  EXPECT_EQUAL_OBJECTS(@"Green", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
+}
+
+OBJC_TEST(PopUp, AClickElsewhereClosesTheMenuAndChangesNothing) {
+  PanelOnScreen panel(NumberingFrom(@"77"));
+  NSPopUpButton *popUp = panel[@"popUpSize"];
+  panel.Click(popUp);
+  ASSERT_TRUE([MenuWindow(popUp) isVisible]);
+  panel.Click(panel[@"defaultButton"]);
+  EXPECT_FALSE([MenuWindow(popUp) isVisible]);
+  EXPECT_EQUAL_OBJECTS(@"Medium", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
+  EXPECT_EQUAL_OBJECTS(@"77", panel.StartNumber()) << "the click was the menu's";
+}
+
+OBJC_TEST(PopUp, AClickOnAGreyOneOpensNothing) {
+  PanelOnScreen panel;
+  panel.Click(panel[@"popUpSize"]);
+  EXPECT_FALSE([MenuWindow(panel[@"popUpSize"]) isVisible]);
+}
