@@ -3,6 +3,41 @@
 #import "tests/gui/PanelOnScreen.h"
 #import "tests/support/ObjCTest.h"
 
+// A control that cannot handle what it is sent, as with a pasteboard that does not answer.
+@interface RaisingView : NSView
+@end
+
+@implementation RaisingView
+- (BOOL)acceptsFirstResponder {
+  return YES;
+}
+- (void)keyDown:(NSEvent *)event {
+  (void)event;
+  [NSException raise:NSGenericException format:@"no answer to a key"];
+}
+- (void)paste:(id)sender {
+  (void)sender;
+  [NSException raise:NSGenericException format:@"no answer to a paste"];
+}
+@end
+
+OBJC_TEST(DialogWindow, LivesOnWhenAnEventRaises) {
+  PanelOnScreen panel(NumberingFrom(@"7"));
+  RaisingView *view = [[[RaisingView alloc] initWithFrame:NSMakeRect(0, 0, 5, 5)] autorelease];
+  [[panel.window() contentView] addSubview:view];
+  ASSERT_TRUE([panel.window() makeFirstResponder:view]);
+  testing::internal::CaptureStderr();
+  panel.Press({"x", "ctrl+v"});
+  const std::string complaints = testing::internal::GetCapturedStderr();
+  EXPECT_NE(std::string::npos, complaints.find("no answer to a key")) << complaints;
+  EXPECT_NE(std::string::npos, complaints.find("no answer to a paste")) << complaints;
+  EXPECT_TRUE([panel.window() isVisible]);
+  [panel.window() makeFirstResponder:panel[@"functionValid"]];
+  panel.FocusStartNumber();
+  panel.Type("8");
+  EXPECT_EQUAL_OBJECTS(@"8", panel.StartNumber());
+}
+
 OBJC_TEST(DialogWindow, ReturnAndEscapeCloseIt) {
   for (const char *key : {"Return", "Escape"}) {
     PanelOnScreen panel;

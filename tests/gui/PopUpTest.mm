@@ -62,3 +62,15 @@ OBJC_TEST(PopUp, AClickOnAGreyOneOpensNothing) {
   panel.Click(panel[@"popUpSize"]);
   EXPECT_FALSE([MenuWindow(panel[@"popUpSize"]) isVisible]);
 }
+
+OBJC_TEST(PopUp, AClickChoosesAnItemAboveTheButtonToo) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  NSPopUpButton *popUp = panel[@"popUpSize"];
+  panel.Click(popUp);
+  ASSERT_TRUE([MenuWindow(popUp) isVisible]);
+  const NSRect button = [popUp bounds];
+  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
+  panel.Click(popUp, NSOffsetRect(button, 0, -0.8 * item));
+  EXPECT_FALSE([MenuWindow(popUp) isVisible]);
+  EXPECT_EQUAL_OBJECTS(@"Small", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
+}
