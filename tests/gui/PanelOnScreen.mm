@@ -140,8 +140,15 @@ void PanelOnScreen::Type(const std::string &text) {
 }
 
 void PanelOnScreen::Paste(const std::string &text) {
-  Run({"sh", "-c", "printf %s \"$1\" | xclip -selection clipboard -loops 0 >/dev/null 2>&1", "sh",
-       text});
+  // The program that offers the text goes on in the background, perhaps before it offers it.
+  Run({"sh", "-c",
+       "printf %s \"$1\" | xclip -selection clipboard -loops 0 >/dev/null 2>&1\n"
+       "for attempt in $(seq 100); do\n"
+       "  [ \"$(timeout 1 xclip -selection clipboard -o 2>/dev/null)\" = \"$1\" ] && exit\n"
+       "  sleep 0.05\n"
+       "done\n"
+       "exit 1\n",
+       "sh", text});
   Run({"xdotool", "key", "ctrl+v"});
 }
 
