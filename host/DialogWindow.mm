@@ -167,6 +167,8 @@ void ComplainOfEvent(NSException *exception) {
   }
   [self makeFirstResponder:popUp];
   [[popUp cell] attachPopUpWithFrame:[popUp bounds] inView:popUp];
+  [(NSMenuView *)[[popUp menu] menuRepresentation]
+      setHighlightedItemIndex:[popUp indexOfSelectedItem]];
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {

@@ -74,3 +74,11 @@ OBJC_TEST(PopUp, AClickChoosesAnItemAboveTheButtonToo) {
   EXPECT_FALSE([MenuWindow(popUp) isVisible]);
   EXPECT_EQUAL_OBJECTS(@"Small", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
 }
+
+OBJC_TEST(PopUp, KeysGoOnFromTheSelectedItemAfterAClick) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  panel.Click(panel[@"popUpSize"]);
+  panel.Press({"Down", "Return"});
+  EXPECT_EQUAL_OBJECTS(@"Large", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
+  EXPECT_TRUE([panel.window() isVisible]);
+}
