@@ -7,6 +7,7 @@
 #import <PrintCore/PrintCore.h>
 
 #include <memory>
+#include <utility>
 
 // An Objective-C object, released with the handle.
 template <typename Object>

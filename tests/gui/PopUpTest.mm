@@ -1,6 +1,21 @@
 #import "tests/gui/PanelOnScreen.h"
 #import "tests/support/ObjCTest.h"
 
+namespace {
+
+NSWindow *MenuWindow(NSPopUpButton *popUp) {
+  return [(NSView *)[[popUp menu] menuRepresentation] window];
+}
+
+// Where the open menu shows the item so many below the selected one, which lies over the button.
+NSRect ItemBelow(NSPopUpButton *popUp, CGFloat items) {
+  const NSRect button = [popUp bounds];
+  const CGFloat down = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
+  return NSOffsetRect(button, 0, items * down);
+}
+
+}  // namespace
+
 OBJC_TEST(PopUp, SpaceOpensArrowsMoveReturnChooses) {
   PanelOnScreen panel(NumberingFrom(@"1"));
   panel.Press({"Tab", "space", "Down", "Return"});
@@ -16,32 +31,19 @@ OBJC_TEST(PopUp, EscapeClosesTheMenuAndKeepsTheChoice) {
   EXPECT_TRUE([panel.window() isVisible]);
 }
 
-// The menu opens with the selected item, the first one, over the button.
 OBJC_TEST(PopUp, TheMouseChoosesAnItem) {
   PanelOnScreen panel(NumberingFrom(@"1"));
   NSPopUpButton *popUp = panel[@"popUpColor"];
-  const NSRect button = [popUp bounds];
-  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
-  panel.Drag(popUp, button, NSOffsetRect(button, 0, item));
+  panel.Drag(popUp, [popUp bounds], ItemBelow(popUp, 1));
   EXPECT_EQUAL_OBJECTS(@"Red", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
 }
-
-namespace {
-
-NSWindow *MenuWindow(NSPopUpButton *popUp) {
-  return [(NSView *)[[popUp menu] menuRepresentation] window];
-}
-
-}  // namespace
 
 OBJC_TEST(PopUp, AClickOpensTheMenuAndASecondOneChooses) {
   PanelOnScreen panel(NumberingFrom(@"1"));
   NSPopUpButton *popUp = panel[@"popUpColor"];
   panel.Click(popUp);
   ASSERT_TRUE([MenuWindow(popUp) isVisible]);
-  const NSRect button = [popUp bounds];
-  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
-  panel.Click(popUp, NSOffsetRect(button, 0, 2 * item));
+  panel.Click(popUp, ItemBelow(popUp, 2));
   EXPECT_FALSE([MenuWindow(popUp) isVisible]);
   EXPECT_EQUAL_OBJECTS(@"Green", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
 }
@@ -68,9 +70,7 @@ OBJC_TEST(PopUp, AClickChoosesAnItemAboveTheButtonToo) {
   NSPopUpButton *popUp = panel[@"popUpSize"];
   panel.Click(popUp);
   ASSERT_TRUE([MenuWindow(popUp) isVisible]);
-  const NSRect button = [popUp bounds];
-  const CGFloat item = [popUp isFlipped] ? NSHeight(button) : -NSHeight(button);
-  panel.Click(popUp, NSOffsetRect(button, 0, -0.8 * item));
+  panel.Click(popUp, ItemBelow(popUp, -0.8));
   EXPECT_FALSE([MenuWindow(popUp) isVisible]);
   EXPECT_EQUAL_OBJECTS(@"Small", [panel.SavedSettings() objectForKey:@"VQBNSize"]);
 }

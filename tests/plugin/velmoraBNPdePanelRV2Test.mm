@@ -88,20 +88,14 @@ PanelOfRecordingViewController *MakeRecorded(const Job &job, BOOL answer = YES) 
 // How many objects of a panel the body leaves behind.
 template <typename Body>
 long ObjectsLeft(Body body) {
-  const Class classes[] = {[Panel class],
-                           [velmoraBNCommonInfoRV2 class],
-                           [velmoraBNViewControllerRV2 class],
-                           [velmoraBNPrintTicketManagerRV2 class],
-                           [velmoraBNPrintTicketValidRV2 class],
-                           [velmoraBNPrintTicketPopUpRV2 class],
-                           [velmoraBNPrintTicketNumberRV2 class]};
-  long before = 0, after = 0;
-  for (Class cls : classes) before += LiveInstances(cls);
-  @autoreleasepool {
-    body();
-  }
-  for (Class cls : classes) after += LiveInstances(cls);
-  return after - before;
+  return InstancesLeft({[Panel class],
+                        [velmoraBNCommonInfoRV2 class],
+                        [velmoraBNViewControllerRV2 class],
+                        [velmoraBNPrintTicketManagerRV2 class],
+                        [velmoraBNPrintTicketValidRV2 class],
+                        [velmoraBNPrintTicketPopUpRV2 class],
+                        [velmoraBNPrintTicketNumberRV2 class]},
+                       body);
 }
 
 void ExpectNotMade(velmoraBNPdeCallbackRV2 *callback, NSBundle *bundle) {

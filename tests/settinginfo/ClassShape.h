@@ -5,6 +5,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -26,15 +27,22 @@ bool HasSetterOf(Class cls, NSArray *properties);
 /// How many instances of exactly this class there are more than when the first was counted.
 long LiveInstances(Class cls);
 
-/// How many instances of exactly this class the body leaves behind once the current autorelease
+/// How many instances of exactly these classes the body leaves behind once the current autorelease
 /// scope of its own has ended.
 template <typename Body>
-long InstancesLeft(Class cls, Body body) {
-  const long before = LiveInstances(cls);
+long InstancesLeft(std::initializer_list<Class> classes, Body body) {
+  long before = 0, after = 0;
+  for (Class cls : classes) before += LiveInstances(cls);
   @autoreleasepool {
     body();
   }
-  return LiveInstances(cls) - before;
+  for (Class cls : classes) after += LiveInstances(cls);
+  return after - before;
+}
+
+template <typename Body>
+long InstancesLeft(Class cls, Body body) {
+  return InstancesLeft({cls}, body);
 }
 
 /// How many references to the object the body leaves behind, counted likewise.

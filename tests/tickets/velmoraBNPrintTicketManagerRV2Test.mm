@@ -125,17 +125,11 @@ void RegisterRecordingTargets(Manager *manager, Strings *record) {
 // How many managers and tickets the body leaves behind.
 template <typename Body>
 long TicketsLeft(Body body) {
-  const Class classes[] = {[velmoraBNPrintTicketValidRV2 class],
-                           [velmoraBNPrintTicketPopUpRV2 class],
-                           [velmoraBNPrintTicketNumberRV2 class],
-                           [Manager class]};
-  long before = 0, after = 0;
-  for (Class cls : classes) before += LiveInstances(cls);
-  @autoreleasepool {
-    body();
-  }
-  for (Class cls : classes) after += LiveInstances(cls);
-  return after - before;
+  return InstancesLeft({[velmoraBNPrintTicketValidRV2 class],
+                        [velmoraBNPrintTicketPopUpRV2 class],
+                        [velmoraBNPrintTicketNumberRV2 class],
+                        [Manager class]},
+                       body);
 }
 
 void ExpectRaisesWithout(NSString *section, NSString *entry) {
