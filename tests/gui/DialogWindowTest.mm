@@ -1,4 +1,4 @@
-#import "host/DialogWindow.h"
+#import "host/dialog/DialogWindow.h"
 
 #import "tests/gui/PanelOnScreen.h"
 #import "tests/support/ObjCTest.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#import "host/DialogWindow.h"
+#import "host/dialog/DialogWindow.h"
 #import "tests/bundle/BuiltBundle.h"
 #include "tests/support/TestPPD.h"
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#import "host/Appearance.h"
+#import "host/dialog/Appearance.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

@@ -1,5 +1,0 @@
-#include "host/Messages.h"
-
-#include <iostream>
-
-void Complain(std::string_view message) { std::cerr << "pdeprint: " << message << '\n'; }

@@ -1,8 +1,0 @@
-#include "host/OneLine.h"
-
-std::string OnOneLine(std::string text) {
-  for (char &character : text) {
-    if (static_cast<unsigned char>(character) < ' ') character = ' ';
-  }
-  return text;
-}

@@ -1,0 +1,33 @@
+// A value, or why there is none.
+
+#ifndef HOST_BASE_EXPECTED_H
+#define HOST_BASE_EXPECTED_H
+
+#include <string>
+#include <utility>
+#include <variant>
+
+struct Failure {
+  std::string message;  // for people: what, where, what to do; no full stop, no line end
+};
+
+template <typename Value>
+class [[nodiscard]] Expected {
+ public:
+  Expected(Value value) : content_(std::move(value)) {}
+  Expected(Failure failure) : content_(std::move(failure)) {}
+
+  explicit operator bool() const { return std::holds_alternative<Value>(content_); }
+
+  // Only with a value.
+  Value &operator*() { return *std::get_if<Value>(&content_); }
+  Value *operator->() { return std::get_if<Value>(&content_); }
+
+  // Only without one.
+  const std::string &message() const { return std::get_if<Failure>(&content_)->message; }
+
+ private:
+  std::variant<Value, Failure> content_;
+};
+
+#endif

@@ -1,0 +1,11 @@
+// Messages to the user, on standard error.
+
+#ifndef HOST_BASE_MESSAGES_H
+#define HOST_BASE_MESSAGES_H
+
+#include <string_view>
+
+// Writes "pdeprint: MESSAGE".
+void Complain(std::string_view message);
+
+#endif

@@ -1,0 +1,43 @@
+// Owning handles for reference-counted objects.
+
+#ifndef HOST_BASE_RETAINED_H
+#define HOST_BASE_RETAINED_H
+
+#import <Foundation/Foundation.h>
+#import <PrintCore/PrintCore.h>
+
+#include <memory>
+#include <utility>
+
+// An Objective-C object, released with the handle.
+template <typename Object>
+class Retained {
+ public:
+  Retained() = default;
+  // Takes over a reference that the caller owns (alloc, copy).
+  static Retained Adopt(Object object) { return Retained(object); }
+  // Adds a reference of its own.
+  static Retained Share(Object object) { return Retained([object retain]); }
+
+  Retained(const Retained &other) : object_([other.object_ retain]) {}
+  Retained(Retained &&other) noexcept : object_(std::exchange(other.object_, nil)) {}
+  Retained &operator=(Retained other) {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~Retained() { [object_ release]; }
+
+  Object get() const { return object_; }
+
+ private:
+  explicit Retained(Object object) : object_(object) {}
+  Object object_ = nil;
+};
+
+struct PrintSettingsDeleter {
+  using pointer = PMPrintSettings;
+  void operator()(PMPrintSettings settings) const { PMRelease(settings); }
+};
+using PrintSettings = std::unique_ptr<PMPrintSettings, PrintSettingsDeleter>;
+
+#endif

@@ -1,0 +1,97 @@
+#include "host/base/WholeFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+namespace {
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor &) = delete;
+  Descriptor &operator=(const Descriptor &) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) close(number_);
+  }
+  int get() const { return number_; }
+  bool Close() { return close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+// The file that is there now, or that an open would make.
+std::filesystem::path Destination(std::filesystem::path path, std::error_code &error) {
+  for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
+    if (links == 40) {
+      error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+      break;
+    }
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
+}
+
+// Owner and permissions as the old file had them, or as a new one gets them.
+bool TakeAttributes(int descriptor, const std::filesystem::path &destination) {
+  struct stat old = {};
+  if (stat(destination.c_str(), &old) == 0) {
+    // Only root can give a file away; anybody else owns the new file, which is no reason to fail.
+    (void)!fchown(descriptor, old.st_uid, old.st_gid);
+    return fchmod(descriptor, old.st_mode & 07777) == 0;
+  }
+  const mode_t mask = umask(0);
+  umask(mask);
+  return fchmod(descriptor, 0666 & ~mask) == 0;
+}
+
+bool WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
+  const auto failure = [&path] {
+    return Failure{"cannot write " + path.string() + ": " + std::strerror(errno)};
+  };
+  std::error_code error;
+  const std::filesystem::path destination = Destination(path, error);
+  if (error == std::errc::too_many_symbolic_link_levels) {
+    return Failure{"cannot write " + path.string() + ": " + error.message()};
+  }
+  if (std::filesystem::exists(destination, error) &&
+      !std::filesystem::is_regular_file(destination, error)) {
+    return Failure{"cannot write " + path.string() + ": not a regular file"};
+  }
+
+  // A name of its own: the longest names have no room for an ending.
+  std::string temporary = (destination.parent_path() / ".pdeprint.XXXXXX").string();
+  Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
+  if (file.get() < 0) return failure();
+  if (!WriteAll(file.get(), bytes) || !TakeAttributes(file.get(), destination) ||
+      fsync(file.get()) != 0 || !file.Close() ||
+      rename(temporary.c_str(), destination.c_str()) != 0) {
+    const Failure reason = failure();
+    unlink(temporary.c_str());
+    return reason;
+  }
+  // The new name survives a crash once the folder is on disk; that it may fail to sync loses
+  // nothing.
+  const std::filesystem::path folder =
+      destination.has_parent_path() ? destination.parent_path() : ".";
+  Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory.get() >= 0) fsync(directory.get());
+  return std::nullopt;
+}

@@ -1,0 +1,17 @@
+// Writing a file whole or not at all.
+
+#ifndef HOST_BASE_WHOLEFILE_H
+#define HOST_BASE_WHOLEFILE_H
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+#include "host/base/Expected.h"
+
+// Replaces the file, or makes it, with these bytes. At any moment, also after a crash, the path
+// leads to the old bytes or to the new ones. A link is followed, permissions are kept. On failure
+// the old file is untouched.
+std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes);
+
+#endif

@@ -1,0 +1,31 @@
+#import "host/dialog/Appearance.h"
+
+void UseLightAppearance() {
+  NSString *const background = @"0.95 0.95 0.95";
+  NSString *const pale = @"0.98 0.98 0.98";
+  NSString *const accent = @"0.78 0.87 0.98";
+  [[NSUserDefaults standardUserDefaults] registerDefaults:@{
+    @"windowBackgroundColor" : background,
+    @"controlColor" : background,
+    @"controlBackgroundColor" : background,
+    @"controlHighlightColor" : pale,
+    @"controlShadowColor" : @"0.62 0.62 0.62",
+    @"controlDarkShadowColor" : @"0.45 0.45 0.45",
+    @"disabledControlTextColor" : @"0.45 0.45 0.45",
+    @"selectedControlColor" : accent,
+    @"selectedMenuItemColor" : accent,
+    @"selectedTextBackgroundColor" : accent,
+    @"keyboardFocusIndicatorColor" : @"0.10 0.35 0.75",
+  }];
+}
+
+void StraightenButtons(NSView *view) {
+  for (NSView *subview in [view subviews]) StraightenButtons(subview);
+  if (![view isKindOfClass:[NSButton class]]) return;
+  NSButton *button = (NSButton *)view;
+  if ([button bezelStyle] != NSRoundedBezelStyle) return;
+  [button setBezelStyle:NSRegularSquareBezelStyle];
+  const NSSize room =
+      [button isKindOfClass:[NSPopUpButton class]] ? NSMakeSize(3, 1) : NSMakeSize(6, 3);
+  [button setFrame:NSInsetRect([button frame], room.width, room.height)];
+}

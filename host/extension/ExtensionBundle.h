@@ -1,0 +1,43 @@
+// A print-dialog extension bundle and its principal object.
+
+#ifndef HOST_EXTENSION_EXTENSIONBUNDLE_H
+#define HOST_EXTENSION_EXTENSIONBUNDLE_H
+
+#import <PrintCore/PrintCore.h>
+
+#include <filesystem>
+#include <string>
+
+#include "host/base/Expected.h"
+#include "host/extension/HostCallback.h"
+#include "host/cups/PPDFile.h"
+#include "host/base/Retained.h"
+
+class ExtensionBundle {
+ public:
+  // Loads the bundle and makes its principal object, in the way that the object's class asks for:
+  // initWithBundle: alone if it declares the protocol PDEPlugIn, init and a boolean initWithBundle:
+  // if not.
+  static Expected<ExtensionBundle> Load(const std::filesystem::path &path);
+
+  NSBundle *bundle() const { return bundle_.get(); }
+
+  // The panels for the print dialog, in the order of the panel types that the dialog asks for:
+  // print dialog, application, printer module. Raises what the bundle raises.
+  NSArray *Panels(HostCallback *host) const;
+
+  // Why the bundle offers no panel for this printer, as far as its Info.plist tells: under
+  // PDESupportAttribute the Keyword and the Value of the PPD attribute that it looks for.
+  std::string ReasonForNoPanel(const PPDFile &ppd) const;
+
+ private:
+  ExtensionBundle(NSBundle *bundle, Retained<id> principal);
+
+  Retained<NSBundle *> bundle_;
+  Retained<id> principal_;
+};
+
+// What the bundle raised, for people. The bundle may be nil: not loaded yet.
+std::string DescribeException(NSBundle *bundle, NSException *exception);
+
+#endif

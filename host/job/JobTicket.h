@@ -1,0 +1,27 @@
+// The job's print settings in a file: an XML property list.
+
+#ifndef HOST_JOB_JOBTICKET_H
+#define HOST_JOB_JOBTICKET_H
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "host/base/Expected.h"
+#include "host/base/Retained.h"
+
+using JobOptions = std::map<std::string, std::string>;
+
+PrintSettings EmptyPrintSettings();
+
+// New print settings with what the file holds; empty ones where there is no such file, or no path.
+Expected<PrintSettings> ReadTicket(const std::filesystem::path &path);
+
+// Writes all values of the settings, whole or not at all.
+std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings);
+
+// The settings as job options. A value that is neither a string nor a number is none.
+JobOptions JobOptionsFromSettings(PMPrintSettings settings);
+
+#endif

@@ -1,0 +1,136 @@
+#include "host/job/JobTicket.h"
+
+#include <string_view>
+
+#include "host/job/TicketText.h"
+#include "host/base/WholeFile.h"
+
+namespace {
+
+NSString *String(const std::filesystem::path &path) {
+  return [[NSFileManager defaultManager] stringWithFileSystemRepresentation:path.c_str()
+                                                                     length:path.native().size()];
+}
+
+Retained<NSDictionary *> Values(PMPrintSettings settings) {
+  CFDictionaryRef values = nullptr;
+  PMPrintSettingsCopyAsDictionary(settings, &values);
+  return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
+}
+
+int HexDigit(char character) {
+  if (character >= '0' && character <= '9') return character - '0';
+  if (character >= 'A' && character <= 'F') return character - 'A' + 10;
+  return -1;
+}
+
+// The code unit that is escaped here as \UXXXX, -1 if none is.
+int EscapedUnit(std::string_view text) {
+  if (text.size() < 6 || text[0] != '\\' || text[1] != 'U') return -1;
+  int unit = 0;
+  for (const char character : text.substr(2, 4)) {
+    const int digit = HexDigit(character);
+    if (digit < 0) return -1;
+    unit = unit * 16 + digit;
+  }
+  return unit;
+}
+
+// The platform escapes characters beyond the basic plane in a way that it cannot read back.
+std::string WithoutEscapedPairs(std::string_view xml) {
+  std::string result;
+  while (!xml.empty()) {
+    const int high = EscapedUnit(xml);
+    const int low = high < 0xD800 || high > 0xDBFF ? -1 : EscapedUnit(xml.substr(6));
+    if (low < 0xDC00 || low > 0xDFFF) {
+      result += xml.front();
+      xml.remove_prefix(1);
+      continue;
+    }
+    const int code = 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+    for (const int byte : {0xF0 | code >> 18, 0x80 | (code >> 12 & 0x3F), 0x80 | (code >> 6 & 0x3F),
+                           0x80 | (code & 0x3F)}) {
+      result += static_cast<char>(byte);
+    }
+    xml.remove_prefix(12);
+  }
+  return result;
+}
+
+}  // namespace
+
+PrintSettings EmptyPrintSettings() {
+  PMPrintSettings settings = nullptr;
+  PMCreatePrintSettings(&settings);
+  return PrintSettings(settings);
+}
+
+Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
+  PrintSettings settings = EmptyPrintSettings();
+  std::error_code error;
+  if (path.empty() ||
+      std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
+    return settings;
+  }
+  const auto failure = [&path](const std::string &why) {
+    return Failure{"cannot read ticket " + path.string() + ": " + why};
+  };
+  if (!std::filesystem::is_regular_file(path, error)) return failure("not a regular file");
+  if (std::filesystem::file_size(path, error) > kLargestTicket) {
+    return failure("not a property list: the file is larger than 1 MiB");
+  }
+  NSData *data = [NSData dataWithContentsOfFile:String(path)];
+  if (data == nil) return failure("no permission, or a reading error");
+  const std::string_view text =
+      WithoutByteOrderMark({static_cast<const char *>([data bytes]), [data length]});
+  if (auto reason = ReasonAgainstTicketText(text)) {
+    return failure("not a property list: " + *reason);
+  }
+  data = [NSData dataWithBytes:text.data() length:text.size()];
+
+  NSString *why = nil;
+  id root = nil;
+  @try {
+    root = [NSPropertyListSerialization propertyListFromData:data
+                                            mutabilityOption:NSPropertyListImmutable
+                                                      format:nullptr
+                                            errorDescription:&why];
+  } @catch (NSException *exception) {
+    why = [exception reason];
+  }
+  if (root == nil) {
+    return failure(std::string("not a property list: ") +
+                   (why == nil ? "damaged" : [why UTF8String]));
+  }
+  if (![root isKindOfClass:[NSDictionary class]]) {
+    return failure("the property list is no dictionary of print settings");
+  }
+  for (id key in root) {
+    PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
+  }
+  return settings;
+}
+
+std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings) {
+  NSString *why = nil;
+  NSData *data = [NSPropertyListSerialization dataFromPropertyList:Values(settings).get()
+                                                            format:NSPropertyListXMLFormat_v1_0
+                                                  errorDescription:&why];
+  if (data == nil) {
+    return Failure{"cannot write " + path.string() + ": " +
+                   (why == nil ? "a value is no property list" : [why UTF8String])};
+  }
+  return WriteWholeFile(
+      path, WithoutEscapedPairs({static_cast<const char *>([data bytes]), [data length]}));
+}
+
+JobOptions JobOptionsFromSettings(PMPrintSettings settings) {
+  JobOptions options;
+  Retained<NSDictionary *> values = Values(settings);
+  for (NSString *name in values.get()) {
+    id value = [values.get() objectForKey:name];
+    if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
+    if ([value isKindOfClass:[NSString class]]) options[[name UTF8String]] = [value UTF8String];
+  }
+  return options;
+}

@@ -1,0 +1,34 @@
+#include "host/job/TicketText.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kDeepest = 100;
+
+int DeepestNesting(std::string_view xml) {
+  int depth = 0;
+  int deepest = 0;
+  for (size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+    const std::string_view tag = xml.substr(at + 1, xml.find('>', at) - at - 1);
+    if (tag.starts_with("/dict") || tag.starts_with("/array")) --depth;
+    if (tag.ends_with('/')) continue;  // an empty element
+    if (tag.starts_with("dict") || tag.starts_with("array")) deepest = std::max(deepest, ++depth);
+  }
+  return deepest;
+}
+
+}  // namespace
+
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  return text;
+}
+
+std::optional<std::string> ReasonAgainstTicketText(std::string_view text) {
+  if (text.empty()) return "the file is empty";
+  if (text.size() > kLargestTicket) return "the file is larger than 1 MiB";
+  if (text.find("<plist") == std::string_view::npos) return "there is no <plist> in it";
+  if (DeepestNesting(text) > kDeepest) return "it is nested deeper than 100 levels";
+  return std::nullopt;
+}

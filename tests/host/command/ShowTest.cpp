@@ -1,0 +1,332 @@
+// The built program's window, worked with real key events.
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <map>
+#include <regex>
+#include <sstream>
+#include <thread>
+
+#include "tests/support/RunProgram.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using namespace std::chrono_literals;
+using Arguments = std::vector<std::string>;
+
+const char kColorPPD[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
+const char kMonoPPD[] = SOURCE_DIRECTORY "/printer/SampleMono.ppd";
+
+const char kDone[] = "Return";
+
+std::string Ticket(const std::map<std::string, std::string> &values) {
+  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>";
+  for (const auto &[key, value] : values) {
+    text += "<key>" + key + "</key><string>" + value + "</string>";
+  }
+  return text + "</dict></plist>\n";
+}
+
+std::string Report(const std::string &size, const std::string &density, const std::string &color,
+                   const std::string &number) {
+  return "Panel: Background Numbering\n"
+         "Summary:\n"
+         "  Size: " +
+         size + "\n  Density: " + density + "\n  Color: " + color + "\n  Start Number: " + number +
+         "\nJob options:\n"
+         "  VQBNColor=" +
+         color + "\n  VQBNDensity=" + density + "\n  VQBNSize=" + size +
+         "\n  VQBackgroundNumbering=On\n  VQStartNumber=" + number + "\n";
+}
+
+Arguments Show(const std::string &ppd, const Arguments &more) {
+  Arguments command = {kPdeprint, "show", "--ppd", ppd};
+  command.insert(command.end(), more.begin(), more.end());
+  return command;
+}
+
+// The panel in its window, which has the focus.
+class Dialog {
+ public:
+  explicit Dialog(const Arguments &more, const std::string &ppd = kColorPPD,
+                  const std::string &out = "")
+      : program_(OnAnEmptyDisplay(Show(ppd, more)),
+                 {.environment = {{"LANGUAGE", "en"}}, .out = out}) {
+    AwaitWindows(1);
+    const Arguments windows = VisibleWindows();
+    if (windows.empty()) return;
+    window_ = windows.front();
+    const RunResult result =
+        RunProgram({"timeout", "20", "xdotool", "windowactivate", "--sync", window_});
+    EXPECT_EQ(0, result.status) << "the window does not take the focus";
+  }
+
+  void Press(const Arguments &keys) {
+    Arguments command = {"xdotool", "key", "--delay", "40"};
+    command.insert(command.end(), keys.begin(), keys.end());
+    EXPECT_EQ(0, RunProgram(command).status);
+  }
+
+  void Type(const std::string &text) {
+    EXPECT_EQ(0, RunProgram({"xdotool", "type", "--delay", "40", text}).status);
+  }
+
+  // Opens the menu of the pop-up button that has the focus.
+  void OpenMenu() {
+    Press({"space"});
+    AwaitWindows(2);
+  }
+  // Ends the open menu with this key.
+  void EndMenu(const std::string &key) {
+    Press({key});
+    AwaitWindows(1);
+  }
+
+  RunResult Close(const std::string &key = kDone) {
+    Press({key});
+    return program_.Wait();
+  }
+
+  std::string Title() const { return RunProgram({"xdotool", "getwindowname", window_}).out; }
+  RunningProgram &program() { return program_; }
+
+ private:
+  // The display shows nothing else; a menu is a window too.
+  static Arguments VisibleWindows() {
+    std::istringstream lines(RunProgram({"xdotool", "search", "--onlyvisible", "--name", "."}).out);
+    Arguments windows;
+    for (std::string line; std::getline(lines, line);) windows.push_back(line);
+    return windows;
+  }
+
+  static void AwaitWindows(size_t count) {
+    const auto end = std::chrono::steady_clock::now() + 10s;
+    while (VisibleWindows().size() != count) {
+      if (std::chrono::steady_clock::now() > end) {
+        ADD_FAILURE() << "there are not " << count << " windows but " << VisibleWindows().size();
+        return;
+      }
+      std::this_thread::sleep_for(20ms);
+    }
+  }
+
+  // The server takes away the window of a program that has ended in its own time.
+  static Arguments OnAnEmptyDisplay(Arguments command) {
+    AwaitWindows(0);
+    return command;
+  }
+
+  RunningProgram program_;
+  std::string window_;
+};
+
+unsigned BigEndian(const std::string &bytes, size_t offset) {
+  unsigned value = 0;
+  for (size_t i = offset; i < offset + 4; ++i) {
+    value = value << 8 | static_cast<unsigned char>(bytes.at(i));
+  }
+  return value;
+}
+
+}  // namespace
+
+TEST(Show, ClosingPrintsTheChoicesAndSavesTheTicket) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "ticket.plist").string();
+  Dialog dialog({"--ticket", ticket});
+  EXPECT_EQ("Background Numbering\n", dialog.Title());
+  dialog.Press({"space", "Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Down"});
+  dialog.EndMenu("Return");
+  dialog.Press({"Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Up"});
+  dialog.EndMenu("Return");
+  dialog.Press({"Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Down", "Down", "Down"});
+  dialog.EndMenu("Return");
+  dialog.Press({"Tab"});
+  dialog.Type("25");
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_EQ(Report("Large", "Light", "Blue", "25") + "Ticket: " + ticket + "\n", result.out);
+  EXPECT_TRUE(ContentOf(ticket).find("<string>25</string>") != std::string::npos);
+}
+
+TEST(Show, ASecondRunShowsWhatTheFirstSaved) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "ticket.plist").string();
+  const auto picture = [&folder](const char *name) { return (folder.path() / name).string(); };
+  {
+    Dialog dialog({"--ticket", ticket, "--snapshot", picture("1.png")});
+    dialog.Press({"space", "Tab", "Tab", "Tab", "Tab"});
+    dialog.Type("42");
+    EXPECT_EQ(0, dialog.Close().status);
+  }
+  for (const char *name : {"2.png", "3.png"}) {
+    Dialog dialog({"--ticket", ticket, "--snapshot", picture(name)});
+    const RunResult result = dialog.Close();
+    EXPECT_EQ(0, result.status) << result.err;
+    EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "42"))) << result.out;
+  }
+  EXPECT_EQ(ContentOf(picture("2.png")), ContentOf(picture("3.png")));
+  Dialog fresh({"--snapshot", picture("fresh.png")});
+  EXPECT_EQ(0, fresh.Close().status);
+  EXPECT_NE(ContentOf(picture("2.png")), ContentOf(picture("fresh.png")));
+}
+
+TEST(Show, AStoredValueThatNoControlCanShowGivesWayToTheDefault) {
+  TemporaryFolder folder;
+  const std::string ticket = folder
+                                 .Write("ticket.plist", Ticket({{"VQBackgroundNumbering", "On"},
+                                                                {"VQBNSize", "Huge"},
+                                                                {"VQStartNumber", "0"}}))
+                                 .string();
+  Dialog dialog({"--ticket", ticket});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  for (const char *named : {"VQBNSize is \"Huge\"", "VQStartNumber is \"0\""}) {
+    EXPECT_NE(std::string::npos, result.err.find(named)) << result.err;
+  }
+}
+
+TEST(Show, TheSnapshotIsAPictureOfThePanelsSize) {
+  const std::string layout = ContentOf(SOURCE_DIRECTORY "/resources/BackgroundNumbering.xib");
+  std::smatch size;
+  ASSERT_TRUE(std::regex_search(
+      layout, size, std::regex("<rect key=\"frame\"[^>]* width=\"(\\d+)\" height=\"(\\d+)\"")));
+  TemporaryFolder folder;
+  const fs::path picture = folder.Write("panel.png", "an older picture");
+  Dialog dialog({"--snapshot", picture.string()});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.ends_with("Picture: " + picture.string() + "\n")) << result.out;
+  const std::string content = ContentOf(picture);
+  ASSERT_TRUE(content.starts_with("\x89PNG\r\n\x1a\n"));
+  EXPECT_EQ(std::stoul(size[1]), BigEndian(content, 16));
+  EXPECT_EQ(std::stoul(size[2]), BigEndian(content, 20));
+}
+
+TEST(Show, EscapeWithAnOpenMenuClosesOnlyTheMenu) {
+  Dialog dialog({});
+  dialog.Press({"space", "Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Down"});
+  dialog.EndMenu("Escape");
+  // The window is still there to be worked.
+  dialog.Press({"Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Down"});
+  dialog.EndMenu("Return");
+  const RunResult result = dialog.Close("Escape");
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_EQ(Report("Medium", "Dark", "Black", "1"), result.out);
+}
+
+TEST(Show, TheWindowsCloseButtonSavesToo) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "ticket.plist").string();
+  Dialog dialog({"--ticket", ticket});
+  dialog.Press({"space"});
+  const RunResult result = dialog.Close("alt+F4");
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  EXPECT_TRUE(fs::exists(ticket));
+}
+
+TEST(Show, TabWalksAllControlsAndTheDoneButtonInACircle) {
+  Dialog dialog({});
+  dialog.Press({"space", "Tab", "Tab", "Tab", "Tab"});
+  dialog.Type("5");
+  // Restore Defaults, Done, the check box, size.
+  dialog.Press({"Tab", "Tab", "Tab", "Tab"});
+  dialog.OpenMenu();
+  dialog.Press({"Up"});
+  dialog.EndMenu("Return");
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_EQ(Report("Small", "Medium", "Black", "5"), result.out);
+}
+
+TEST(Show, EditsTheNumberWithTheUsualKeys) {
+  Dialog dialog({});
+  dialog.Press({"space", "Tab", "Tab", "Tab", "Tab"});
+  dialog.Type("12");
+  dialog.Press({"ctrl+a", "ctrl+c"});
+  dialog.Press({"End", "ctrl+v"});
+  RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.find("VQStartNumber=999\n") != std::string::npos) << result.out;
+}
+
+TEST(Show, AMonochromePrinterHasBlackAlone) {
+  TemporaryFolder folder;
+  const std::string ticket =
+      folder.Write("ticket.plist", Ticket({{"VQBackgroundNumbering", "On"}, {"VQBNColor", "Red"}}))
+          .string();
+  Dialog dialog({"--ticket", ticket}, kMonoPPD);
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+}
+
+TEST(Show, AnEndFromOutsideLeavesTheTicket) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    TemporaryFolder folder;
+    const std::string before = Ticket({{"VQBNSize", "Small"}});
+    const fs::path ticket = folder.Write("ticket.plist", before);
+    const std::string picture = (folder.path() / "panel.png").string();
+    Dialog dialog({"--ticket", ticket.string(), "--snapshot", picture});
+    dialog.Press({"space"});
+    dialog.program().Signal(signal);
+    const RunResult result = dialog.program().Wait(20s);
+    EXPECT_FALSE(result.timed_out);
+    EXPECT_EQ(128 + signal, result.status);
+    EXPECT_EQ("", result.out);
+    EXPECT_EQ(before, ContentOf(ticket));
+    EXPECT_FALSE(fs::exists(picture));
+  }
+}
+
+// What was chosen is not lost with the picture.
+TEST(Show, SavesTheTicketEvenIfThePictureCannotBeWritten) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "ticket.plist").string();
+  const std::string picture = (folder.path() / "absent/panel.png").string();
+  Dialog dialog({"--ticket", ticket, "--snapshot", picture});
+  dialog.Press({"space"});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(1, result.status);
+  EXPECT_TRUE(result.err.find("pdeprint: cannot write " + picture + ": ") != std::string::npos)
+      << result.err;
+  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  EXPECT_TRUE(ContentOf(ticket).find("<string>On</string>") != std::string::npos);
+}
+
+TEST(Show, PrintsTheChoicesEvenIfTheTicketCannotBeWritten) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "absent/ticket.plist").string();
+  Dialog dialog({"--ticket", ticket});
+  dialog.Press({"space"});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(1, result.status);
+  EXPECT_TRUE(result.err.find("pdeprint: cannot write " + ticket + ": ") != std::string::npos)
+      << result.err;
+  EXPECT_EQ(Report("Medium", "Medium", "Black", "1"), result.out);
+}
+
+TEST(Show, FailsIfTheChoicesCannotBePrintedButSavesThem) {
+  TemporaryFolder folder;
+  const std::string ticket = (folder.path() / "ticket.plist").string();
+  Dialog dialog({"--ticket", ticket}, kColorPPD, "/dev/full");
+  dialog.Press({"space"});
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(1, result.status);
+  EXPECT_TRUE(ContentOf(ticket).find("<string>On</string>") != std::string::npos);
+}
