@@ -4,14 +4,11 @@
 #define HOST_JOB_JOBTICKET_H
 
 #include <filesystem>
-#include <map>
 #include <optional>
-#include <string>
 
 #include "host/base/Expected.h"
 #include "host/base/Retained.h"
-
-using JobOptions = std::map<std::string, std::string>;
+#include "host/cups/JobOptions.h"
 
 PrintSettings EmptyPrintSettings();
 

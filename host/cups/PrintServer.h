@@ -1,0 +1,72 @@
+// The print server (CUPS) that this user's programs talk to. Everything that needs a connection is
+// here.
+
+#ifndef HOST_CUPS_PRINTSERVER_H
+#define HOST_CUPS_PRINTSERVER_H
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/base/Expected.h"
+#include "host/cups/PPDFile.h"
+#include "host/cups/Queue.h"
+
+struct JobRequest {
+  std::string queue;
+  std::string title;
+  JobOptions options;  // these alone: a queue's defaults are for the caller to merge
+  std::vector<std::filesystem::path> files;
+};
+
+// What a job that is being sent has come to; written by the sending thread, read by another.
+struct SendingProgress {
+  std::atomic<long long> bytes_sent = 0;
+  std::atomic<long long> bytes_total = 0;
+  std::atomic<bool> cancel = false;  // set by the reader: stop and take the job back
+};
+
+enum class JobState { kPending, kHeld, kProcessing, kStopped, kCanceled, kAborted, kCompleted };
+
+struct JobStatus {
+  JobState state = JobState::kPending;
+  std::string message;  // the server's words; empty: none
+
+  bool HasEnded() const { return state >= JobState::kCanceled; }
+};
+
+// Each operation opens a connection of its own, may be called on any thread, blocks, and ends within
+// the limit whatever the server, the network or a name server does; printing, which takes as long
+// as its files are, ends when nothing could be sent for so long. Failures say which server, and
+// its own words where it gave some.
+class PrintServer {
+ public:
+  explicit PrintServer(std::chrono::milliseconds limit);
+
+  // The address, for people: "localhost:631".
+  std::string Address() const;
+
+  // Sorted by name, the queues without an instance before those with one; never empty: a server
+  // without queues is a failure.
+  Expected<std::vector<Queue>> Queues() const;
+
+  // An empty name: the user's default queue. The failure names the queues that there are.
+  Expected<Queue> FindQueue(const std::string &name) const;
+
+  // No value inside: the queue has no PPD file.
+  Expected<std::optional<PPDFile>> PPDOfQueue(const std::string &name) const;
+
+  // Sends all files as one job and answers its number. Files that cannot be read are found before
+  // anything is sent; if sending fails later, the job is taken back: nothing is printed.
+  Expected<int> Print(const JobRequest &request, SendingProgress &progress) const;
+
+  Expected<JobStatus> StatusOfJob(int job) const;
+
+ private:
+  std::chrono::milliseconds limit_;
+};
+
+#endif
