@@ -9,8 +9,7 @@
 #include <utility>
 
 // Runs work on a new thread. Dropping the object does not wait for the end of the work: what it
-// answers is then dropped with it, so the work must own all that it uses. Work that throws ends the
-// program.
+// answers is then dropped with it, so the work must own all that it uses.
 template <typename Value>
 class BackgroundTask {
  public:
@@ -26,7 +25,7 @@ class BackgroundTask {
   bool WaitFor(std::chrono::milliseconds limit) const {
     return result_.wait_for(limit) == std::future_status::ready;
   }
-  // The answer, once; waits for it.
+  // The answer, or the exception that the work threw; once. Waits for it.
   Value Take() { return result_.get(); }
 
  private:
