@@ -1,24 +1,20 @@
-// The window that shows one panel.
+// A window that behaves as people expect of dialogs.
 
 #ifndef HOST_DIALOG_DIALOGWINDOW_H
 #define HOST_DIALOG_DIALOGWINDOW_H
 
 #import <Cocoa/Cocoa.h>
 
-/// A titled window with the panel's view above a Done button, sized to fit them. Control and
-/// Command with X, C, V and A edit the focused text; Return, Escape and the window's close button
-/// close it. Tab walks the panel's own key view loop, then the Done button.
-@interface DialogWindow : NSWindow <NSWindowDelegate> {
-  NSView *_panelView;
-}
+/// Control and Command with X, C, V and A edit the focused text; Escape does what the window's
+/// close button does. A click on a pop-up button opens its menu and leaves it open. What an event
+/// raises is complained of, and the window lives on.
+@interface DialogWindow : NSWindow
 
-- (instancetype)initWithTitle:(NSString *)title panelView:(NSView *)panelView;
+/// Titled and closable, around a view whose size it takes. It is not released when closed.
+- (instancetype)initWithTitle:(NSString *)title view:(NSView *)view resizable:(BOOL)resizable;
 
-/// Shows the window and returns when it has been closed. The panel's view is still in it.
-- (void)runUntilClosed;
-
-/// Takes the panel's view out, so that the panel may be dropped.
-- (void)removePanelView;
+/// Handles the next event of the application, waiting for it.
++ (void)handleNextEvent;
 
 @end
 

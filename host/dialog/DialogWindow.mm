@@ -1,42 +1,13 @@
 #import "host/dialog/DialogWindow.h"
 
-#import "host/dialog/Appearance.h"
 #include "host/base/Messages.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
 namespace {
 
-const CGFloat kMargin = 20;
-const CGFloat kButtonWidth = 96;
-const CGFloat kButtonHeight = 26;
-
-NSString *const kReturn = @"\r";
 NSString *const kEscape = @"\033";
-
-NSButton *DoneButton(NSRect frame) {
-  NSButton *button = [[[NSButton alloc] initWithFrame:frame] autorelease];
-  [button setButtonType:NSMomentaryPushInButton];
-  [button setBezelStyle:NSRegularSquareBezelStyle];
-  [button setTitle:@"Done"];
-  [button setKeyEquivalent:kReturn];
-  [button setAutoresizingMask:NSViewMinXMargin | NSViewMaxYMargin];
-  return button;
-}
-
-// The last view of a key view loop, nil where the loop does not lead back to its start.
-NSView *EndOfLoop(NSView *first) {
-  NSMutableSet *seen = [NSMutableSet set];
-  NSView *view = first;
-  while (view != nil && ![seen containsObject:view]) {
-    if ([view nextKeyView] == first) return view;
-    [seen addObject:view];
-    view = [view nextKeyView];
-  }
-  return nil;
-}
 
 // While a pop-up's menu is open, all keys are the menu's.
 bool HasOpenMenu(NSResponder *responder) {
@@ -70,68 +41,27 @@ void ComplainOfEvent(NSException *exception) {
 
 @implementation DialogWindow
 
-- (instancetype)initWithTitle:(NSString *)title panelView:(NSView *)panelView {
-  const NSSize panelSize = [panelView frame].size;
-  const CGFloat footer = kMargin + kButtonHeight + kMargin;
-  const NSSize size =
-      NSMakeSize(std::max(panelSize.width, kButtonWidth + 2 * kMargin), panelSize.height + footer);
-  self = [super initWithContentRect:NSMakeRect(0, 0, size.width, size.height)
-                          styleMask:NSTitledWindowMask | NSClosableWindowMask
+- (instancetype)initWithTitle:(NSString *)title view:(NSView *)view resizable:(BOOL)resizable {
+  const NSUInteger style = NSTitledWindowMask | NSClosableWindowMask;
+  self = [super initWithContentRect:[view bounds]
+                          styleMask:resizable ? style | NSResizableWindowMask : style
                             backing:NSBackingStoreBuffered
                               defer:NO];
   if (self == nil) return nil;
   [self setTitle:title];
   [self setReleasedWhenClosed:NO];
-  [self setDelegate:self];
-
-  _panelView = [panelView retain];
-  StraightenButtons(panelView);
-  [panelView setFrameOrigin:NSMakePoint(0, footer)];
-  [[self contentView] addSubview:panelView];
-
-  NSBox *line =
-      [[[NSBox alloc] initWithFrame:NSMakeRect(0, footer - 1, size.width, 1)] autorelease];
-  [line setBoxType:NSBoxSeparator];
-  [line setAutoresizingMask:NSViewWidthSizable];
-  [[self contentView] addSubview:line];
-
-  NSButton *done = DoneButton(
-      NSMakeRect(size.width - kMargin - kButtonWidth, kMargin, kButtonWidth, kButtonHeight));
-  [done setTarget:self];
-  [done setAction:@selector(performClose:)];
-  [[self contentView] addSubview:done];
-
-  NSView *first = [panelView nextKeyView];
-  NSView *last = EndOfLoop(first);
-  if (last != nil) {
-    [last setNextKeyView:done];
-    [done setNextKeyView:first];
-  }
-  // Before the window is first shown: it would make a key view loop of its own.
-  [self setInitialFirstResponder:first != nil ? first : done];
+  [self setContentView:view];
   return self;
 }
 
-- (void)dealloc {
-  [_panelView release];
-  [super dealloc];
-}
-
-- (void)runUntilClosed {
-  [NSApp activateIgnoringOtherApps:YES];
-  [self center];
-  [self makeKeyAndOrderFront:nil];
-  [NSApp runModalForWindow:self];
-}
-
-- (void)removePanelView {
-  [self makeFirstResponder:nil];
-  [_panelView removeFromSuperview];
-}
-
-- (void)windowWillClose:(NSNotification *)notification {
-  (void)notification;
-  [NSApp stopModal];
++ (void)handleNextEvent {
+  @autoreleasepool {
+    NSEvent *event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                        untilDate:[NSDate distantFuture]
+                                           inMode:NSDefaultRunLoopMode
+                                          dequeue:YES];
+    if (event != nil) [NSApp sendEvent:event];
+  }
 }
 
 // What one event raises, such as a pasteboard that does not answer, must not end the dialog: the

@@ -1,0 +1,35 @@
+// Controls as the dialog makes them, all autoreleased.
+
+#ifndef HOST_DIALOG_CONTROLS_H
+#define HOST_DIALOG_CONTROLS_H
+
+#import <Cocoa/Cocoa.h>
+
+#include <string>
+
+inline constexpr CGFloat kControlHeight = 24;
+inline constexpr CGFloat kLineHeight = 18;
+
+/// A view whose coordinates run downwards.
+@interface FlippedView : NSView
+@end
+
+/// Text that cannot be edited; it wraps.
+NSTextField *Label(NSString *text);
+/// A caption before a control.
+NSTextField *Caption(NSString *text);
+NSTextField *TextBox(id<NSTextFieldDelegate> delegate);
+NSButton *PushButton(NSString *title, id target, SEL action);
+NSPopUpButton *PopUpButton(id target, SEL action);
+
+/// Adds an item even where there is one of the same title already.
+NSMenuItem *AddItem(NSPopUpButton *popUp, NSString *title, id representedObject);
+void AddSeparator(NSPopUpButton *popUp);
+
+/// How high the label must be to show all its text in this width.
+CGFloat HeightOfText(NSTextField *label, CGFloat width);
+
+NSString *String(const std::string &text);  // bytes that are no UTF-8: as Latin-1
+std::string Text(NSString *string);         // nil: ""
+
+#endif

@@ -1,0 +1,44 @@
+// Sends a job while the window lives on.
+
+#ifndef HOST_DIALOG_JOBSENDER_H
+#define HOST_DIALOG_JOBSENDER_H
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "host/base/BackgroundTask.h"
+#include "host/cups/PrintServer.h"
+#include "host/dialog/Poller.h"
+
+class JobSender {
+ public:
+  struct Callbacks {
+    std::function<void(double fraction)> sending;  // from 0 to 1
+    std::function<void(int job)> accepted;
+    std::function<void(const std::string &reason)> refused;
+    std::function<void(const JobStatus &status)> waiting;  // for its end, now and then
+    std::function<void(const JobStatus &status)> ended;
+    std::function<void(const std::string &reason)> status_unknown;  // the server does not say
+  };
+
+  JobSender(PrintServer server, Callbacks callbacks);
+
+  void Send(JobRequest request);
+  // Of a job that was accepted.
+  void WaitForEnd(int job);
+  bool IsSending() const { return progress_ != nullptr; }
+  // Takes back a job that is being sent; `refused` follows.
+  void CancelSending();
+
+ private:
+  void AskForStatus();
+
+  PrintServer server_;
+  Callbacks callbacks_;
+  std::shared_ptr<SendingProgress> progress_;
+  int job_ = 0;
+  Poller poller_;
+};
+
+#endif

@@ -1,0 +1,66 @@
+#include "host/dialog/JobSender.h"
+
+namespace {
+
+const std::chrono::milliseconds kBetweenQuestions(500);
+
+double Fraction(const SendingProgress &progress) {
+  const long long total = progress.bytes_total;
+  return total == 0 ? 0 : static_cast<double>(progress.bytes_sent) / static_cast<double>(total);
+}
+
+}  // namespace
+
+JobSender::JobSender(PrintServer server, Callbacks callbacks)
+    : server_(std::move(server)), callbacks_(std::move(callbacks)) {}
+
+void JobSender::Send(JobRequest request) {
+  progress_ = std::make_shared<SendingProgress>();
+  auto task = std::make_shared<BackgroundTask<Expected<int>>>(
+      [server = server_, request = std::move(request), progress = progress_] {
+        return server.Print(request, *progress);
+      });
+  poller_ = Poller([this, task] {
+    if (!task->HasEnded()) {
+      callbacks_.sending(Fraction(*progress_));
+      return false;
+    }
+    progress_.reset();
+    Expected<int> job = task->Take();
+    if (job) {
+      callbacks_.accepted(*job);
+    } else {
+      callbacks_.refused(job.message());
+    }
+    return true;
+  });
+}
+
+void JobSender::CancelSending() {
+  if (progress_ != nullptr) progress_->cancel = true;
+}
+
+void JobSender::WaitForEnd(int job) {
+  job_ = job;
+  AskForStatus();
+}
+
+void JobSender::AskForStatus() {
+  using Clock = std::chrono::steady_clock;
+  auto task = std::make_shared<BackgroundTask<Expected<JobStatus>>>(
+      [server = server_, job = job_] { return server.StatusOfJob(job); });
+  const auto next = Clock::now() + kBetweenQuestions;
+  poller_ = Poller([this, task, next] {
+    if (!task->HasEnded() || Clock::now() < next) return false;
+    Expected<JobStatus> status = task->Take();
+    if (!status) {
+      callbacks_.status_unknown(status.message());
+    } else if (status->HasEnded()) {
+      callbacks_.ended(*status);
+    } else {
+      callbacks_.waiting(*status);
+      AskForStatus();
+    }
+    return true;
+  });
+}

@@ -1,0 +1,174 @@
+#include "host/dialog/PanelChooser.h"
+
+#include <algorithm>
+
+#import "host/dialog/Appearance.h"
+#import "host/dialog/Controls.h"
+
+namespace {
+
+// The dialog's own panels; no extension's kind looks like these.
+const char kOptionsKind[] = "pdeprint options";
+const char kSummaryKind[] = "pdeprint summary";
+
+}  // namespace
+
+PanelChooser::PanelChooser(PrintDialogView *view, JobSession &session, Callbacks callbacks)
+    : view_(Retained<PrintDialogView *>::Share(view)),
+      session_(session),
+      callbacks_(std::move(callbacks)) {}
+
+// A click in a panel's view afterwards would reach a panel that is gone.
+PanelChooser::~PanelChooser() { [view_.get() setPanelView:nil]; }
+
+void PanelChooser::ShowPanels() {
+  Fill();
+  Show(kind_);
+}
+
+void PanelChooser::Fill() {
+  NSPopUpButton *pop_up = [view_.get() panels];
+  [pop_up removeAllItems];
+  for (const auto &panel : session_.panels()) {
+    AddItem(pop_up, String(panel->name()), String(panel->kind()));
+  }
+  const std::vector<PPDOption> options = session_.OtherOptions();
+  options_ = Retained<OptionsView *>();
+  if (!options.empty()) {
+    options_ = Retained<OptionsView *>::Adopt([[OptionsView alloc]
+        initWithOptions:options
+             whenChosen:[this](const std::string &keyword, const std::string &choice) {
+               session_.ChangeOption(keyword, choice);
+               callbacks_.option_chosen(keyword);
+             }]);
+    AddItem(pop_up, @"Printer Options", String(kOptionsKind));
+  }
+  AddItem(pop_up, @"Summary", String(kSummaryKind));
+}
+
+void PanelChooser::Show(const std::string &kind) {
+  NSPopUpButton *pop_up = [view_.get() panels];
+  NSInteger index = [pop_up indexOfItemWithRepresentedObject:String(kind)];
+  if (index < 0) index = 0;
+  const std::string wanted = Text([[pop_up itemAtIndex:index] representedObject]);
+  [pop_up selectItemAtIndex:index];
+  shown_.reset();
+  kind_ = wanted;
+  if (wanted == kOptionsKind) {
+    [options_.get()
+        showChoices:[this](const std::string &keyword) { return session_.Choice(keyword); }];
+    [view_.get() setPanelView:options_.get()];
+    return callbacks_.shown();
+  }
+  if (wanted == kSummaryKind) {
+    if (summary_.get() == nil) {
+      summary_ = Retained<SummaryView *>::Adopt([[SummaryView alloc] initWithFrame:NSZeroRect]);
+    }
+    std::vector<SummarySection> sections = callbacks_.job_summary();
+    for (SummarySection &section : session_.Summary()) sections.push_back(std::move(section));
+    [view_.get() setPanelView:nil];
+    [summary_.get() showSections:sections];
+    [view_.get() setPanelView:summary_.get()];
+    DropFaulty();
+    return callbacks_.shown();
+  }
+  const auto panel = std::find_if(session_.panels().begin(), session_.panels().end(),
+                                  [&wanted](const auto &known) { return known->kind() == wanted; });
+  if (!ShowPanel(*panel)) return Show("");
+  callbacks_.shown();
+}
+
+bool PanelChooser::ShowPanel(const std::shared_ptr<ExtensionPanel> &panel) {
+  const std::shared_ptr<ExtensionPanel> kept = panel;
+  NSView *view = kept->View();
+  if (view != nil) {
+    if (const auto failure = kept->Restore(); failure && !kept->fault()) {
+      callbacks_.refused(failure->message);
+    }
+    kept->WillShow();
+  }
+  shown_ = kept;
+  if (DropFaulty()) return false;
+  StraightenButtons(view);
+  [view_.get() setPanelView:view];
+  return true;
+}
+
+void PanelChooser::ShowChosen() {
+  const std::string chosen = Text([[[view_.get() panels] selectedItem] representedObject]);
+  if (chosen == kind_) return;
+  const std::string before = kind_;
+  if (!TakeAway()) {
+    SelectShown();
+    return;
+  }
+  Show(chosen);
+}
+
+void PanelChooser::SelectShown() {
+  NSPopUpButton *pop_up = [view_.get() panels];
+  [pop_up selectItemAtIndex:[pop_up indexOfItemWithRepresentedObject:String(kind_)]];
+}
+
+bool PanelChooser::TakeAway() {
+  [view_.get() moveFocusOutOfPanel];  // what is being typed counts
+  if (shown_ != nullptr) {
+    if (!shown_->ShouldHide()) {
+      callbacks_.refused(shown_->name() + " cannot be left as it is");
+      return false;
+    }
+    if (const auto failure = Save()) {
+      callbacks_.refused(failure->message);
+      return false;
+    }
+  }
+  [view_.get() setPanelView:nil];
+  shown_.reset();
+  DropFaulty();
+  return true;
+}
+
+std::optional<Failure> PanelChooser::Save() {
+  if (shown_ == nullptr) return std::nullopt;
+  const std::shared_ptr<ExtensionPanel> panel = shown_;
+  std::optional<Failure> failure = panel->Save();
+  if (panel->fault()) return std::nullopt;  // it is left out; the job goes on without it
+  return failure;
+}
+
+void PanelChooser::Restore() {
+  if (shown_ == nullptr) {
+    Show(kind_);
+    return;
+  }
+  if (const auto failure = shown_->Restore(); failure && !shown_->fault()) {
+    callbacks_.refused(failure->message);
+  }
+  if (DropFaulty()) Show("");
+}
+
+bool PanelChooser::WantsHelp() {
+  if (shown_ == nullptr) return true;
+  const bool wanted = shown_->ShouldShowHelp();
+  if (DropFaulty()) Show("");
+  return wanted;
+}
+
+bool PanelChooser::DropFaulty() {
+  const auto &panels = session_.panels();
+  if (std::none_of(panels.begin(), panels.end(),
+                   [](const auto &panel) { return panel->fault().has_value(); })) {
+    return false;
+  }
+  const bool shown_is_faulty = shown_ != nullptr && shown_->fault();
+  if (shown_is_faulty) {
+    [view_.get() setPanelView:nil];
+    shown_.reset();
+  }
+  session_.DropFaultyPanels();
+  callbacks_.panels_left_out();
+  const std::string kind = kind_;
+  Fill();
+  if (!shown_is_faulty) SelectShown();
+  return shown_is_faulty;
+}

@@ -1,0 +1,67 @@
+// The controls of the print dialog and where they stand.
+
+#ifndef HOST_DIALOG_PRINTDIALOGVIEW_H
+#define HOST_DIALOG_PRINTDIALOGVIEW_H
+
+#import <Cocoa/Cocoa.h>
+
+#include <vector>
+
+/// All controls of the dialog, without targets. Whatever changes their texts sends layOut
+/// afterwards.
+@interface PrintDialogView : NSView {
+  NSTextField *_notices;
+  NSTextField *_printerCaption, *_printerInfo;
+  NSPopUpButton *_printers;
+  NSTextField *_presetCaption;
+  NSPopUpButton *_presets;
+  NSTextField *_copiesCaption, *_pagesCaption, *_pagesHint;
+  NSTextField *_copies, *_pages;
+  NSStepper *_copiesStepper;
+  NSBox *_upperLine, *_lowerLine;
+  NSPopUpButton *_panels;
+  NSScrollView *_area;
+  NSButton *_help;
+  NSTextField *_progressText;
+  NSProgressIndicator *_progress;
+  NSButton *_cancel, *_print;
+  std::vector<NSView *> _panelKeyViews;
+}
+
+@property(readonly) NSPopUpButton *printers;
+@property(readonly) NSTextField *printerInfo;  // a line below the pop-up
+@property(readonly) NSPopUpButton *presets;
+@property(readonly) NSTextField *copies;
+@property(readonly) NSStepper *copiesStepper;
+@property(readonly) NSTextField *pages;
+@property(readonly) NSPopUpButton *panels;
+@property(readonly) NSButton *help;
+@property(readonly) NSButton *cancel;
+@property(readonly) NSButton *print;
+
+/// The view in the area of the panels, nil: none. One that is larger than the area scrolls. Tab
+/// walks through the controls above it, its own, the buttons. Before a view is taken out, the focus
+/// is.
+- (void)setPanelView:(NSView *)view;
+- (NSView *)panelView;
+/// Gives the focus to the pop-up of panels if it is in the panel's view; what is typed there is
+/// ended.
+- (void)moveFocusOutOfPanel;
+
+/// What the user should know, above everything else; empty: nothing.
+- (void)setNotices:(NSString *)text;
+/// What is being done with the job, beside the buttons; empty: nothing. The fraction is from 0 to
+/// 1, negative: no bar.
+- (void)setProgressText:(NSString *)text fraction:(double)fraction;
+
+/// The smallest size in which nothing but the panel is cut, and that scrolls.
+- (NSSize)minSize;
+/// The size that shows all of a panel of this size.
+- (NSSize)sizeForPanelSize:(NSSize)size;
+
+/// Puts everything in its place.
+- (void)layOut;
+
+@end
+
+#endif

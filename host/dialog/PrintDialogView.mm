@@ -1,0 +1,294 @@
+#import "host/dialog/PrintDialogView.h"
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
+#import "host/dialog/Controls.h"
+#import "host/dialog/KeyViewLoop.h"
+
+namespace {
+
+const CGFloat kMargin = 20;
+const CGFloat kGap = 8;
+const CGFloat kCaptionWidth = 76;
+const CGFloat kControlsLeft = kMargin + kCaptionWidth + kGap;
+const CGFloat kNumberWidth = 56;
+const CGFloat kStepperWidth = 16;
+const CGFloat kPagesCaptionWidth = 64;
+const CGFloat kPagesWidth = 110;
+const CGFloat kButtonWidth = 96;
+const CGFloat kButtonHeight = 26;
+const CGFloat kSmallestArea = 96;
+const CGFloat kSmallestWidth = 560;
+const CGFloat kRow = kControlHeight + kGap;
+const CGFloat kFooter = kMargin + kButtonHeight + 16;
+
+NSTextField *Notices() {
+  NSTextField *notices = Label(@"");
+  [notices setDrawsBackground:YES];
+  [notices setBackgroundColor:[NSColor colorWithCalibratedRed:1 green:0.96 blue:0.80 alpha:1]];
+  [notices setBordered:YES];
+  [notices setHidden:YES];
+  return notices;
+}
+
+NSBox *Line() {
+  NSBox *line = [[[NSBox alloc] initWithFrame:NSZeroRect] autorelease];
+  [line setBoxType:NSBoxSeparator];
+  return line;
+}
+
+// The area starts at the top, whatever is in it.
+NSView *AreaContent(NSView *view, NSSize area) {
+  const NSSize size = [view frame].size;
+  NSView *content = [[[FlippedView alloc]
+      initWithFrame:NSMakeRect(0, 0, std::max(size.width, area.width),
+                               std::max(size.height, area.height))] autorelease];
+  return content;
+}
+
+}  // namespace
+
+@implementation PrintDialogView
+
+@synthesize printers = _printers;
+@synthesize printerInfo = _printerInfo;
+@synthesize presets = _presets;
+@synthesize copies = _copies;
+@synthesize copiesStepper = _copiesStepper;
+@synthesize pages = _pages;
+@synthesize panels = _panels;
+@synthesize help = _help;
+@synthesize cancel = _cancel;
+@synthesize print = _print;
+
+- (instancetype)initWithFrame:(NSRect)frame {
+  self = [super initWithFrame:frame];
+  if (self == nil) return nil;
+  _notices = [Notices() retain];
+  _printerCaption = [Caption(@"Printer:") retain];
+  _printers = [PopUpButton(nil, nullptr) retain];
+  _printerInfo = [Label(@"") retain];
+  [_printerInfo setTextColor:[NSColor colorWithCalibratedWhite:0.35 alpha:1]];
+  [[_printerInfo cell] setWraps:NO];
+  _presetCaption = [Caption(@"Presets:") retain];
+  _presets = [PopUpButton(nil, nullptr) retain];
+  _copiesCaption = [Caption(@"Copies:") retain];
+  _copies = [TextBox(nil) retain];
+  _copiesStepper = [[NSStepper alloc] initWithFrame:NSZeroRect];
+  [_copiesStepper setMinValue:1];
+  [_copiesStepper setMaxValue:9999];
+  [_copiesStepper setValueWraps:NO];
+  [_copiesStepper setIntValue:1];
+  _pagesCaption = [Caption(@"Pages:") retain];
+  _pages = [TextBox(nil) retain];
+  _pagesHint = [Label(@"such as 1-3, 5; empty: all") retain];
+  [_pagesHint setTextColor:[_printerInfo textColor]];
+  _upperLine = [Line() retain];
+  _panels = [PopUpButton(nil, nullptr) retain];
+  _area = [[NSScrollView alloc] initWithFrame:NSZeroRect];
+  [_area setHasVerticalScroller:YES];
+  [_area setHasHorizontalScroller:YES];
+  [_area setAutohidesScrollers:YES];
+  [_area setBorderType:NSNoBorder];
+  [_area setDrawsBackground:NO];
+  _lowerLine = [Line() retain];
+  _help = [PushButton(@"?", nil, nullptr) retain];
+  [_help setToolTip:@"Help"];
+  _progressText = [Label(@"") retain];
+  [[_progressText cell] setWraps:NO];
+  _progress = [[NSProgressIndicator alloc] initWithFrame:NSZeroRect];
+  [_progress setIndeterminate:NO];
+  [_progress setMinValue:0];
+  [_progress setMaxValue:1];
+  [_progress setHidden:YES];
+  _cancel = [PushButton(@"Cancel", nil, nullptr) retain];
+  _print = [PushButton(@"Print", nil, nullptr) retain];
+  [_print setKeyEquivalent:@"\r"];
+  for (NSView *view in @[
+         _notices,   _printerCaption, _printers,     _printerInfo,   _presetCaption,
+         _presets,   _copiesCaption,  _copies,       _copiesStepper, _pagesCaption,
+         _pages,     _pagesHint,      _upperLine,    _panels,        _area,
+         _lowerLine, _help,           _progressText, _progress,      _cancel,
+         _print
+       ]) {
+    [self addSubview:view];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  for (NSView *view : std::initializer_list<NSView *>{
+           _notices,   _printerCaption, _printers,     _printerInfo,   _presetCaption,
+           _presets,   _copiesCaption,  _copies,       _copiesStepper, _pagesCaption,
+           _pages,     _pagesHint,      _upperLine,    _panels,        _area,
+           _lowerLine, _help,           _progressText, _progress,      _cancel,
+           _print}) {
+    [view release];
+  }
+  [super dealloc];
+}
+
+- (BOOL)isFlipped {
+  return YES;
+}
+
+- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
+  (void)oldSize;
+  [self layOut];
+}
+
+- (CGFloat)noticesHeightForWidth:(CGFloat)width {
+  if ([_notices isHidden]) return 0;
+  return HeightOfText(_notices, width - 2 * kMargin) + 6;
+}
+
+// Of everything above the panel area, in this width.
+- (CGFloat)headerHeightForWidth:(CGFloat)width {
+  const CGFloat notices = [self noticesHeightForWidth:width];
+  return kMargin + (notices > 0 ? notices + kGap : 0) + kRow + kLineHeight + 3 * kRow + 2 * kGap;
+}
+
+- (NSSize)sizeForPanelSize:(NSSize)size {
+  const CGFloat width = std::max(kSmallestWidth, size.width + 2 * kMargin);
+  return NSMakeSize(
+      width, [self headerHeightForWidth:width] + std::max(size.height, kSmallestArea) + kFooter);
+}
+
+- (NSSize)minSize {
+  return [self sizeForPanelSize:NSMakeSize(0, kSmallestArea)];
+}
+
+- (void)layOut {
+  const NSSize size = [self bounds].size;
+  const CGFloat right = size.width - kMargin;
+  CGFloat y = kMargin;
+  if (const CGFloat height = [self noticesHeightForWidth:size.width]; height > 0) {
+    [_notices setFrame:NSMakeRect(kMargin, y, right - kMargin, height)];
+    y += height + kGap;
+  }
+  const auto captionAt = [&y](NSTextField *caption, CGFloat left, CGFloat width) {
+    [caption setFrame:NSMakeRect(left, y + 4, width, kLineHeight)];
+  };
+
+  captionAt(_printerCaption, kMargin, kCaptionWidth);
+  [_printers setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kControlHeight)];
+  y += kControlHeight + 4;
+  [_printerInfo setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kLineHeight)];
+  y += kLineHeight + kGap - 4;
+  y += kGap;
+  captionAt(_presetCaption, kMargin, kCaptionWidth);
+  [_presets setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kControlHeight)];
+  y += kRow;
+  captionAt(_copiesCaption, kMargin, kCaptionWidth);
+  CGFloat x = kControlsLeft;
+  [_copies setFrame:NSMakeRect(x, y, kNumberWidth, kControlHeight)];
+  x += kNumberWidth + 2;
+  [_copiesStepper setFrame:NSMakeRect(x, y, kStepperWidth, kControlHeight)];
+  x += kStepperWidth + kGap;
+  captionAt(_pagesCaption, x, kPagesCaptionWidth);
+  x += kPagesCaptionWidth + kGap;
+  [_pages setFrame:NSMakeRect(x, y, kPagesWidth, kControlHeight)];
+  x += kPagesWidth + kGap;
+  captionAt(_pagesHint, x, right - x);
+  y += kRow + kGap;
+
+  const CGFloat panelsWidth = std::min(280.0, right - kMargin);
+  const CGFloat panelsLeft = std::floor((size.width - panelsWidth) / 2);
+  const CGFloat middle = y + kControlHeight / 2;
+  [_panels setFrame:NSMakeRect(panelsLeft, y, panelsWidth, kControlHeight)];
+  [_upperLine setFrame:NSMakeRect(0, middle, panelsLeft - kGap, 1)];
+  y += kControlHeight + kGap;
+
+  const CGFloat bottom = size.height - kFooter;
+  [_area setFrame:NSMakeRect(0, y, size.width, std::max(0.0, bottom - y))];
+  [self placePanelView];
+
+  [_lowerLine setFrame:NSMakeRect(0, bottom, size.width, 1)];
+  y = size.height - kMargin - kButtonHeight;
+  [_print setFrame:NSMakeRect(right - kButtonWidth, y, kButtonWidth, kButtonHeight)];
+  x = right - 2 * kButtonWidth - 12;
+  [_cancel setFrame:NSMakeRect(x, y, kButtonWidth, kButtonHeight)];
+  [_help setFrame:NSMakeRect(kMargin, y, kButtonHeight, kButtonHeight)];
+  const CGFloat left = kMargin + kButtonHeight + kGap;
+  const BOOL bar = ![_progress isHidden];
+  [_progressText setFrame:NSMakeRect(left, y + (bar ? -6 : 5), x - kGap - left, kLineHeight)];
+  [_progress setFrame:NSMakeRect(left, y + 14, x - kGap - left, 12)];
+  [self setNeedsDisplay:YES];
+}
+
+// Centered, at the top.
+- (void)placePanelView {
+  NSView *content = [_area documentView];
+  NSView *view = [self panelView];
+  if (view == nil) return;
+  [_area tile];
+  const NSSize size = [view frame].size;
+  const NSSize area = [_area frame].size;
+  // What does not fit takes a scroller's room from the other direction.
+  [content
+      setFrameSize:NSMakeSize(std::max(size.width, area.width - (size.height > area.height
+                                                                     ? [NSScroller scrollerWidth]
+                                                                     : 0)),
+                              std::max(size.height, area.height))];
+  [view setFrameOrigin:NSMakePoint(std::floor(([content frame].size.width - size.width) / 2), 0)];
+  [_area reflectScrolledClipView:[_area contentView]];
+}
+
+- (NSView *)panelView {
+  NSArray *views = [[_area documentView] subviews];
+  return [views count] == 0 ? nil : [views objectAtIndex:0];
+}
+
+- (void)moveFocusOutOfPanel {
+  id focus = [[self window] firstResponder];
+  // A field editor stands for the control that it edits.
+  if ([focus isKindOfClass:[NSText class]] && [focus isFieldEditor]) focus = [focus delegate];
+  if ([self panelView] == nil || ![focus isKindOfClass:[NSView class]] ||
+      ![focus isDescendantOf:[self panelView]]) {
+    return;
+  }
+  [[self window] makeFirstResponder:_panels];
+}
+
+- (void)setPanelView:(NSView *)view {
+  if (view == [self panelView] && view != nil) return;
+  [self moveFocusOutOfPanel];
+  // The panel gets its own loop back: it may be shown by another dialog next.
+  LinkKeyViews(_panelKeyViews);
+  _panelKeyViews.clear();
+  [[self panelView] removeFromSuperview];
+  NSView *content = nil;
+  if (view != nil) {
+    _panelKeyViews = KeyViewsOfPanel(view);
+    content = AreaContent(view, [_area frame].size);
+    [content addSubview:view];
+  }
+  [_area setDocumentView:content];
+  [self layOut];
+  [self linkKeyViews];
+  [[_area contentView] scrollToPoint:NSZeroPoint];
+}
+
+- (void)setNotices:(NSString *)text {
+  [_notices setStringValue:text];
+  [_notices setHidden:[text length] == 0];
+  [self layOut];
+}
+
+- (void)setProgressText:(NSString *)text fraction:(double)fraction {
+  [_progressText setStringValue:text];
+  [_progress setHidden:fraction < 0];
+  if (fraction >= 0) [_progress setDoubleValue:fraction];
+  [self layOut];
+}
+
+- (void)linkKeyViews {
+  std::vector<NSView *> chain = {_printers, _presets, _copies, _pages, _panels};
+  chain.insert(chain.end(), _panelKeyViews.begin(), _panelKeyViews.end());
+  chain.insert(chain.end(), {_help, _cancel, _print});
+  LinkKeyViews(chain);
+}
+
+@end

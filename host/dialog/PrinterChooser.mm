@@ -1,0 +1,109 @@
+#include "host/dialog/PrinterChooser.h"
+
+#include <algorithm>
+
+#import "host/dialog/Controls.h"
+
+namespace {
+
+// Runs the question on a thread of its own, and hands its answer over on this one.
+template <typename Answer>
+Poller AskInBackground(std::function<Answer()> question, std::function<void()> still_asking,
+                       std::function<void(Answer)> take) {
+  auto task = std::make_shared<BackgroundTask<Answer>>(std::move(question));
+  return Poller([task, still_asking = std::move(still_asking), take = std::move(take)] {
+    if (!task->HasEnded()) {
+      still_asking();
+      return false;
+    }
+    take(task->Take());
+    return true;
+  });
+}
+
+}  // namespace
+
+PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::string wanted,
+                               Callbacks callbacks)
+    : pop_up_(Retained<NSPopUpButton *>::Share(pop_up)),
+      server_(std::move(server)),
+      wanted_(std::move(wanted)),
+      callbacks_(std::move(callbacks)) {}
+
+void PrinterChooser::AskForQueues() {
+  callbacks_.asking("Asking " + server_.Address() + " for its printers…");
+  poller_ = AskInBackground<QueuesAnswer>(
+      [server = server_] { return server.Queues(); }, callbacks_.still_asking,
+      [this](QueuesAnswer queues) { TakeQueues(std::move(queues)); });
+}
+
+void PrinterChooser::TakeQueues(QueuesAnswer queues) {
+  if (!queues) return Fail(queues.message());
+  queues_ = std::move(*queues);
+  [pop_up_.get() removeAllItems];
+  for (const Queue &queue : queues_) AddItem(pop_up_.get(), String(queue.name), nil);
+  auto chosen = std::find_if(queues_.begin(), queues_.end(), [this](const Queue &queue) {
+    return wanted_.empty() ? queue.is_default : queue.name == wanted_;
+  });
+  if (chosen == queues_.end() && !wanted_.empty()) {
+    [pop_up_.get() selectItemAtIndex:-1];
+    return Fail("There is no printer \"" + wanted_ + "\" on " + server_.Address() +
+                "; choose another one above");
+  }
+  if (chosen == queues_.end()) chosen = queues_.begin();
+  [pop_up_.get() selectItemAtIndex:chosen - queues_.begin()];
+  AskFor(*chosen);
+}
+
+void PrinterChooser::AskForChosen() {
+  const NSInteger index = [pop_up_.get() indexOfSelectedItem];
+  if (index < 0 || static_cast<size_t>(index) >= queues_.size()) return;
+  AskFor(queues_[index]);
+}
+
+void PrinterChooser::AskFor(const Queue &queue) {
+  wanted_ = queue.name;
+  callbacks_.asking("Asking " + server_.Address() + " about " + queue.name + "…");
+  poller_ = AskInBackground<PPDAnswer>(
+      [server = server_, name = queue.name] { return server.PPDOfQueue(name); },
+      callbacks_.still_asking, [this](PPDAnswer ppd) { TakePPD(std::move(ppd)); });
+}
+
+void PrinterChooser::TakePPD(PPDAnswer ppd) {
+  if (!ppd) return Fail(ppd.message());
+  const auto queue = std::find_if(queues_.begin(), queues_.end(),
+                                  [this](const Queue &known) { return known.name == wanted_; });
+  answered_ = wanted_;
+  callbacks_.answered(*queue, std::move(*ppd));
+}
+
+void PrinterChooser::Retry() {
+  // The queues too may have changed while their server was away.
+  AskForQueues();
+}
+
+void PrinterChooser::ShowAnswered() {
+  wanted_ = answered_;
+  [pop_up_.get() selectItemWithTitle:String(answered_)];
+}
+
+void PrinterChooser::Stop() { poller_ = Poller(); }
+
+void PrinterChooser::Fail(const std::string &reason) { callbacks_.failed(reason); }
+
+std::string DescribeQueue(const Queue &queue) {
+  std::string text = queue.description.empty() ? queue.model : queue.description;
+  const auto add = [&text](const std::string &part) {
+    if (part.empty()) return;
+    if (!text.empty()) text += " — ";
+    text += part;
+  };
+  add(queue.location);
+  if (!queue.accepts_jobs) {
+    add("does not accept jobs");
+  } else if (queue.state == QueueState::kStopped) {
+    add("stopped: jobs wait");
+  }
+  if (queue.state == QueueState::kStopped || !queue.accepts_jobs) add(queue.state_message);
+  return text;
+}

@@ -1,0 +1,27 @@
+// Questions that must be answered before the dialog goes on.
+
+#ifndef HOST_DIALOG_PROMPT_H
+#define HOST_DIALOG_PROMPT_H
+
+#import <Cocoa/Cocoa.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "host/base/Expected.h"
+
+/// Shows a message; Return presses the named button, Escape or the window's close button the other
+/// one. Whether the named button was pressed.
+bool Ask(NSString *message, NSString *yes, NSString *no);
+
+/// Shows a message that asks nothing.
+void Tell(NSString *message);
+
+/// Asks for a text, which the check accepts or refuses; a refusal is shown and asked again. No
+/// value: canceled.
+std::optional<std::string> AskForText(
+    NSString *message, NSString *text, NSString *yes,
+    const std::function<std::optional<Failure>(const std::string &)> &check);
+
+#endif
