@@ -1,12 +1,12 @@
 #include <algorithm>
 
-#include "host/extension/BundleSearch.h"
-#include "host/command/CheckReport.h"
-#include "host/command/Commands.h"
-#include "host/extension/ExtensionBundle.h"
-#include "host/job/JobTicket.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
+#include "host/command/CheckReport.h"
+#include "host/command/Commands.h"
+#include "host/extension/BundleSearch.h"
+#include "host/extension/ExtensionBundle.h"
+#include "host/job/JobTicket.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include <algorithm>
 
-#include "host/command/Commands.h"
-#include "host/job/JobTicket.h"
 #include "host/base/Messages.h"
-#include "host/extension/PanelSession.h"
 #include "host/base/Process.h"
+#include "host/command/Commands.h"
+#include "host/extension/PanelSession.h"
 #include "host/extension/SettingInfo.h"
+#include "host/job/JobTicket.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "host/dialog/Appearance.h"
-#include "host/command/Commands.h"
-#import "host/dialog/DialogWindow.h"
-#include "host/job/JobTicket.h"
 #include "host/base/Messages.h"
-#include "host/extension/PanelSession.h"
 #include "host/base/Process.h"
-#include "host/extension/SettingInfo.h"
 #include "host/base/WholeFile.h"
+#include "host/command/Commands.h"
+#include "host/dialog/Appearance.h"
+#import "host/dialog/DialogWindow.h"
+#include "host/extension/PanelSession.h"
+#include "host/extension/SettingInfo.h"
+#include "host/job/JobTicket.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 
-#include "host/command/Commands.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
+#include "host/command/Commands.h"
 
 namespace {
 

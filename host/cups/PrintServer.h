@@ -38,10 +38,10 @@ struct JobStatus {
   bool HasEnded() const { return state >= JobState::kCanceled; }
 };
 
-// Each operation opens a connection of its own, may be called on any thread, blocks, and ends within
-// the limit whatever the server, the network or a name server does; printing, which takes as long
-// as its files are, ends when nothing could be sent for so long. Failures say which server, and
-// its own words where it gave some.
+// Each operation opens a connection of its own, may be called on any thread, blocks, and ends
+// within the limit whatever the server, the network or a name server does; printing, which takes as
+// long as its files are, ends when nothing could be sent for so long. Failures say which server,
+// and its own words where it gave some.
 class PrintServer {
  public:
   explicit PrintServer(std::chrono::milliseconds limit);

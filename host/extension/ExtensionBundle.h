@@ -9,9 +9,9 @@
 #include <string>
 
 #include "host/base/Expected.h"
-#include "host/extension/HostCallback.h"
-#include "host/cups/PPDFile.h"
 #include "host/base/Retained.h"
+#include "host/cups/PPDFile.h"
+#include "host/extension/HostCallback.h"
 
 class ExtensionBundle {
  public:

@@ -28,9 +28,9 @@ class ExtensionPanel {
   const std::string &kind() const { return kind_; }
   const std::vector<std::string> &option_keywords() const { return option_keywords_; }
 
-  // Why the dialog must leave the panel out from now on: it raised, or answered nonsense. Once there
-  // is a fault the panel is sent nothing more: the operations below refuse, or answer what lets the
-  // dialog go on (it may hide, the job may be printed, no help of its own, no summary).
+  // Why the dialog must leave the panel out from now on: it raised, or answered nonsense. Once
+  // there is a fault the panel is sent nothing more: the operations below refuse, or answer what
+  // lets the dialog go on (it may hide, the job may be printed, no help of its own, no summary).
   const std::optional<std::string> &fault() const { return fault_; }
 
   // The view, always the same, owned by the panel. nil where there is a fault.

@@ -8,12 +8,12 @@
 #include <functional>
 #include <memory>
 
-#include "host/command/Commands.h"
 #include "host/base/Expected.h"
-#include "host/extension/ExtensionBundle.h"
-#include "host/cups/PPDFile.h"
-#include "host/command/PanelReport.h"
 #include "host/base/Retained.h"
+#include "host/command/Commands.h"
+#include "host/command/PanelReport.h"
+#include "host/cups/PPDFile.h"
+#include "host/extension/ExtensionBundle.h"
 
 class PanelSession {
  public:

@@ -1,9 +1,9 @@
 #include "host/extension/PanelSession.h"
 
-#include "host/extension/BundleSearch.h"
-#include "host/job/JobTicket.h"
 #include "host/base/Messages.h"
+#include "host/extension/BundleSearch.h"
 #include "host/extension/SettingInfo.h"
+#include "host/job/JobTicket.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "host/job/TicketText.h"
 #include "host/base/WholeFile.h"
+#include "host/job/TicketText.h"
 
 namespace {
 

@@ -13,7 +13,8 @@
 struct UnfitOption {
   std::string keyword;
   std::string value;
-  std::string reason;  // for people, a clause: "this printer has no PageSize \"A0\"; it has A4, Letter"
+  std::string
+      reason;  // for people, a clause: "this printer has no PageSize \"A0\"; it has A4, Letter"
 };
 
 // The options among these whose value the PPD file does not list as a choice (long lists of choices

@@ -22,15 +22,16 @@ struct Preset {
 
 class PresetStore {
  public:
-  // A folder that need not be there yet, and folders of presets for all users, the first ones first.
+  // A folder that need not be there yet, and folders of presets for all users, the first ones
+  // first.
   PresetStore(std::filesystem::path folder, std::vector<std::filesystem::path> folders_for_all);
 
-  // $XDG_CONFIG_HOME/pdeprint/presets, or ~/.config/pdeprint/presets; for all users pdeprint/presets
-  // in the folders of XDG_CONFIG_DIRS, or in /etc/xdg.
+  // $XDG_CONFIG_HOME/pdeprint/presets, or ~/.config/pdeprint/presets; for all users
+  // pdeprint/presets in the folders of XDG_CONFIG_DIRS, or in /etc/xdg.
   static PresetStore OfUser();
 
-  // By name. A user's own preset hides one for all users that has the same name. Nothing is read but
-  // the folders.
+  // By name. A user's own preset hides one for all users that has the same name. Nothing is read
+  // but the folders.
   std::vector<Preset> List() const;
   std::optional<Preset> Find(const std::string &name) const;
 
@@ -38,8 +39,8 @@ class PresetStore {
   // control characters, or one of the two names above, in any case of letters.
   std::optional<Failure> CheckName(const std::string &name) const;
 
-  // Where a preset of this name is, or will be, stored. Makes the folder, so that it can be written.
-  // The failure: CheckName's, or the folder cannot be made.
+  // Where a preset of this name is, or will be, stored. Makes the folder, so that it can be
+  // written. The failure: CheckName's, or the folder cannot be made.
   Expected<std::filesystem::path> PathForWriting(const std::string &name) const;
 
   // Never replaces another preset. The failure names what is in the way.

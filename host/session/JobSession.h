@@ -1,5 +1,5 @@
-// One job: its print settings, the printer that they are for, and the panels at work on them. What a
-// print dialog is apart from its window.
+// One job: its print settings, the printer that they are for, and the panels at work on them. What
+// a print dialog is apart from its window.
 
 #ifndef HOST_SESSION_JOBSESSION_H
 #define HOST_SESSION_JOBSESSION_H
@@ -13,7 +13,8 @@
 #include "host/extension/Extensions.h"
 #include "host/job/JobTicket.h"
 
-using Notes = std::vector<std::string>;  // what the user should know, a sentence without full stop each
+using Notes =
+    std::vector<std::string>;  // what the user should know, a sentence without full stop each
 
 class JobSession {
  public:
@@ -25,7 +26,8 @@ class JobSession {
 
   // Changes the printer: asks all bundles for panels anew, which restore themselves when they are
   // shown. Settings that do not fit are taken away, each with a note. The panels of the printer
-  // before must be out of the window. The defaults are the queue's; no PPD file: the queue has none.
+  // before must be out of the window. The defaults are the queue's; no PPD file: the queue has
+  // none.
   Notes UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults);
 
   // Replaces all settings, by those of a ticket or preset. What does not fit the printer is taken
@@ -40,7 +42,7 @@ class JobSession {
   // Why there is no panel, where there is none.
   std::string ReasonForNoPanel() const { return extensions_.ReasonForNoPanel(ppd()); }
 
-  std::string Value(const std::string &keyword) const;  // empty: not set
+  std::string Value(const std::string &keyword) const;             // empty: not set
   void Set(const std::string &keyword, const std::string &value);  // empty: takes it away
   // What the job is printed with if nothing more is set: the queue's defaults under the settings.
   JobOptions Options() const;
