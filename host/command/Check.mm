@@ -4,61 +4,63 @@
 #include "host/base/Process.h"
 #include "host/command/CheckReport.h"
 #include "host/command/Commands.h"
-#include "host/extension/BundleSearch.h"
-#include "host/extension/ExtensionBundle.h"
-#include "host/job/JobTicket.h"
+#include "host/command/PanelOffer.h"
+#include "host/cups/PrintServer.h"
 
 namespace {
 
-CheckResult CheckFile(const std::filesystem::path &path, const ExtensionBundle &bundle) {
-  CheckResult result{.file = path.string()};
-  Expected<PPDFile> ppd = PPDFile::Open(path);
-  if (!ppd) {
-    result.reason = ppd.message();
-    return result;
-  }
+CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions &extensions) {
+  CheckResult result{.file = name};
   result.readable = true;
-  result.color = ppd->IsColorDevice();
-
-  PrintSettings settings = EmptyPrintSettings();
-  auto callback =
-      Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings.get()
-                                                                          ppdFile:ppd->get()]);
-  @try {
-    for (id<PDEPanel> panel in bundle.Panels(callback.get())) {
-      result.panels.emplace_back([[panel panelName] UTF8String]);
-    }
-    if (result.panels.empty()) result.reason = bundle.ReasonForNoPanel(*ppd);
-  } @catch (NSException *exception) {
-    result.panels.clear();
-    result.reason = DescribeException(bundle.bundle(), exception);
-  }
+  result.color = ppd != nullptr && ppd->IsColorDevice();
+  PanelOffer offer = PanelsOfferedFor(ppd, extensions);
+  result.panels = std::move(offer.panels);
+  result.reason = std::move(offer.reason);
   return result;
+}
+
+CheckResult CheckFile(const std::filesystem::path &path, Extensions &extensions) {
+  Expected<PPDFile> ppd = PPDFile::Open(path);
+  if (!ppd) return CheckResult{.file = path.string(), .reason = ppd.message()};
+  return CheckPrinter(path.string(), &*ppd, extensions);
+}
+
+CheckResult CheckQueue(const std::string &name, const PrintServer &server, Extensions &extensions) {
+  Expected<Queue> queue = server.FindQueue(name);
+  if (!queue) return CheckResult{.file = name, .reason = queue.message()};
+  Expected<std::optional<PPDFile>> ppd = server.PPDOfQueue(name);
+  if (!ppd) return CheckResult{.file = name, .reason = ppd.message()};
+  return CheckPrinter(name, *ppd ? &**ppd : nullptr, extensions);
+}
+
+int Run(const CheckOptions &options) {
+  Expected<Extensions> extensions = Extensions::Load(options.plugin);
+  if (!extensions) {
+    Complain(extensions.message());
+    return kFailed;
+  }
+  std::vector<CheckResult> results;
+  for (const std::filesystem::path &ppd : options.ppds) {
+    @autoreleasepool {
+      results.push_back(CheckFile(ppd, *extensions));
+    }
+  }
+  const PrintServer server(options.limit);
+  for (const std::string &queue : options.queues) {
+    @autoreleasepool {
+      results.push_back(CheckQueue(queue, server, *extensions));
+    }
+  }
+  if (!PrintResults(options.json ? CheckJson(results) : CheckText(results))) return kFailed;
+  const bool all_readable = std::all_of(results.begin(), results.end(),
+                                        [](const auto &result) { return result.readable; });
+  return all_readable ? kDone : kFailed;
 }
 
 }  // namespace
 
 int Check(const CheckOptions &options) {
   @autoreleasepool {
-    Expected<std::filesystem::path> path = FindBundle(options.plugin);
-    if (!path) {
-      Complain(path.message());
-      return kFailed;
-    }
-    Expected<ExtensionBundle> bundle = ExtensionBundle::Load(*path);
-    if (!bundle) {
-      Complain(bundle.message());
-      return kFailed;
-    }
-    std::vector<CheckResult> results;
-    for (const std::filesystem::path &ppd : options.ppds) {
-      @autoreleasepool {
-        results.push_back(CheckFile(ppd, *bundle));
-      }
-    }
-    if (!PrintResults(options.json ? CheckJson(results) : CheckText(results))) return kFailed;
-    const bool all_readable = std::all_of(results.begin(), results.end(),
-                                          [](const auto &result) { return result.readable; });
-    return all_readable ? kDone : kFailed;
+    return Run(options);
   }
 }

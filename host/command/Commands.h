@@ -3,41 +3,71 @@
 #ifndef HOST_COMMAND_COMMANDS_H
 #define HOST_COMMAND_COMMANDS_H
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
-// The files of one job at a panel.
-struct JobFiles {
-  std::filesystem::path ppd;
-  std::filesystem::path plugin;  // empty: the bundle that is found
-  std::filesystem::path ticket;  // empty: none
+// How the print server is asked, and with which extension bundles printers are looked at.
+struct Surroundings {
+  std::filesystem::path plugin;           // loaded before all that are found; empty: none
+  std::chrono::milliseconds limit{5000};  // for each of the server's answers
 };
 
-struct ShowOptions : JobFiles {
+// A job's printer, and the print settings that it begins with.
+struct JobSource : Surroundings {
+  std::string queue;             // empty: the default one
+  std::filesystem::path ppd;     // instead of a queue's; empty: a queue
+  std::string preset;            // empty: none
+  std::filesystem::path ticket;  // over the preset; empty: none
+};
+
+struct ShowOptions : JobSource {
   std::filesystem::path snapshot;  // empty: none
+  std::vector<std::filesystem::path> files;
+  bool wait = false;
 };
 
-struct CheckOptions {
-  std::vector<std::filesystem::path> ppds;
-  std::filesystem::path plugin;
-  bool json = false;
-};
-
-struct SettingsOptions : JobFiles {
+struct SettingsOptions : JobSource {
   std::vector<std::string> set;  // NAME=VALUE
   bool json = false;
 };
 
-// Shows the panel in a window until that is closed, then saves and prints the choices.
+struct PrintOptions : JobSource {
+  std::vector<std::string> set;  // NAME=VALUE
+  std::string copies;            // empty: as the settings say
+  std::string title;             // empty: the files' names
+  bool wait = false;
+  std::vector<std::filesystem::path> files;
+};
+
+struct CheckOptions : Surroundings {
+  std::vector<std::filesystem::path> ppds;
+  std::vector<std::string> queues;
+  bool json = false;
+};
+
+struct QueuesOptions : Surroundings {
+  bool json = false;
+};
+
+// Shows the dialog. The user prints the files there, or accepts the choices, or cancels.
 int Show(const ShowOptions &options);
 
-// Says of each PPD file whether the panel is offered, or why not. Needs no display.
+// The rest needs no display.
+
+// Prints the files as one job.
+int Print(const PrintOptions &options);
+
+// Changes and prints the choices of a job, and writes the ticket.
+int Settings(const SettingsOptions &options);
+
+// Says of each PPD file or queue whether panels are offered, or why not.
 int Check(const CheckOptions &options);
 
-// Changes and prints the choices without a window.
-int Settings(const SettingsOptions &options);
+// Lists the server's queues, and says the same of them.
+int Queues(const QueuesOptions &options);
 
 #endif

@@ -1,115 +1,116 @@
-#include <csignal>
-#include <cstdlib>
-
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/base/WholeFile.h"
 #include "host/command/Commands.h"
-#include "host/dialog/Appearance.h"
-#import "host/dialog/DialogWindow.h"
-#include "host/extension/PanelSession.h"
-#include "host/extension/SettingInfo.h"
+#include "host/command/Display.h"
+#include "host/command/JobSettings.h"
+#include "host/command/ScriptedJob.h"
+#include "host/dialog/PrintDialog.h"
+#include "host/job/JobFiles.h"
 #include "host/job/JobTicket.h"
 
 namespace {
 
 const char kNoDisplay[] =
-    "there is no display to show a window on; set DISPLAY, or use `pdeprint settings`, which needs "
-    "none";
+    "there is no display to show a window on; set DISPLAY, or use `pdeprint print` or "
+    "`pdeprint settings`, which need none";
 
-bool ConnectToDisplay() {
-  const char *display = getenv("DISPLAY");
-  if (display == nullptr || *display == '\0') return false;
-  // The dialog belongs to the application that prints; it has no icon of its own.
-  [[NSUserDefaults standardUserDefaults]
-      registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
-  UseLightAppearance();
-  @try {
-    // Without the end of its launch the application object never learns of a key window.
-    [[NSApplication sharedApplication] finishLaunching];
-  } @catch (NSException *exception) {
-    return false;
+Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
+  PrintDialogJob job;
+  if (auto reason = ReasonAgainstFiles(options.files)) return *reason;
+  if (!options.ppd.empty()) {
+    Expected<PPDFile> ppd = PPDFile::Open(options.ppd);
+    if (!ppd) return Failure{"cannot read " + options.ppd.string() + ": " + ppd.message()};
+    job.ppd = std::move(*ppd);
   }
-  // The display's back end catches these and waits for an event that never comes. Nothing is lost
-  // by dying: the ticket is written whole at the end.
-  signal(SIGTERM, SIG_DFL);
-  signal(SIGINT, SIG_DFL);
-  return true;
+  Expected<PrintSettings> settings = SettingsToBeginWith(options);
+  if (!settings) return Failure{settings.message()};
+  job.queue = options.queue;
+  job.settings = std::move(*settings);
+  job.preset = options.ticket.empty() ? options.preset : "";
+  job.files = options.files;
+  job.waits = options.wait;
+  job.limit = options.limit;
+  return job;
 }
 
 std::optional<Failure> WritePicture(const std::filesystem::path &path, NSView *view) {
   NSData *picture = PictureOfView(view);
-  if (picture == nil) return Failure{"cannot take a picture of the panel"};
+  if (picture == nil) return Failure{"cannot take a picture of the dialog"};
   return WriteWholeFile(
       path, std::string_view(static_cast<const char *>([picture bytes]), [picture length]));
 }
 
-// A value that no control can show, from a ticket that was edited by hand, gives way to the
-// default.
-void DropBadValues(const PanelSession &session) {
-  Expected<std::vector<Setting>> settings = SettingsOfBundle(session.bundle());
-  if (!settings) return;
-  const JobOptions options = JobOptionsFromSettings(session.settings());
-  for (const Setting &setting : SettingsWithBadValues(*settings, options)) {
-    Complain("note: the ticket's " + setting.key + " is \"" + options.at(setting.key) +
-             "\", which must be " + setting.Allowed() + "; the panel shows its default");
-    NSString *key = [NSString stringWithUTF8String:setting.key.c_str()];
-    PMPrintSettingsSetValue(session.settings(), (CFStringRef)key, nullptr, false);
+// What the last job used is a convenience: that it cannot be kept is said, and no failure.
+void KeepAsLastUsed(PMPrintSettings settings) {
+  Expected<std::filesystem::path> path = PresetStore::OfUser().LastUsedPathForWriting();
+  std::optional<Failure> failure;
+  if (!path) {
+    failure = Failure{path.message()};
+  } else {
+    failure = WriteTicket(*path, settings);
   }
+  if (failure) Complain("note: the settings are not kept as \"Last Used\": " + failure->message);
 }
 
-// The order of calls is the real dialog's.
-int Run(const ShowOptions &options, PanelSession &session) {
-  DropBadValues(session);
-  id<PDEPanel> panel = session.panel();
-  if ([panel respondsToSelector:@selector(supportedPPDOptionKeys)]) [panel supportedPPDOptionKeys];
-  NSView *view = [panel panelView];
-  if (view == nil) {
-    Complain("the panel has no view to show");
+int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
+  std::vector<Failure> failures;
+  PanelReport report;
+  if (end == DialogEnd::kAccepted) report = ReportOn(dialog.session());
+  if (!options.ticket.empty()) {
+    if (auto failure = WriteTicket(options.ticket, dialog.session().settings())) {
+      failures.push_back(*failure);
+    } else {
+      report.ticket = options.ticket.string();
+    }
+  }
+  if (!options.snapshot.empty()) {
+    if (auto failure = WritePicture(options.snapshot, dialog.view())) {
+      failures.push_back(*failure);
+    } else {
+      report.snapshot = options.snapshot.string();
+    }
+  }
+  bool told = false;
+  if (end == DialogEnd::kAccepted) {
+    told = PrintResults(report.Text());
+  } else {
+    KeepAsLastUsed(dialog.session().settings());
+    const std::string id = dialog.queue().name + '-' + std::to_string(dialog.job_number());
+    told = PrintResults("request id is " + id + '\n');
+    if (end == DialogEnd::kJobFailed)
+      failures.push_back({id + " was not printed: " + dialog.failure()});
+  }
+  for (const Failure &failure : failures) Complain(failure.message);
+  return told && failures.empty() ? kDone : kFailed;
+}
+
+int Run(const ShowOptions &options) {
+  Expected<PrintDialogJob> job = OpenJob(options);
+  if (!job) {
+    Complain(job.message());
     return kFailed;
   }
-  [panel restoreValuesAndReturnError:nullptr];
-  [panel willShow];
-  auto window =
-      Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:[panel panelName]
-                                                                panelView:view]);
-  do {
-    [window.get() runUntilClosed];
-  } while (![panel shouldHide]);
-
-  std::optional<Failure> no_picture;
-  if (!options.snapshot.empty()) no_picture = WritePicture(options.snapshot, view);
-  [window.get() removePanelView];
-  std::optional<Failure> failure;
-  NSError *error = nil;
-  if (![panel saveValuesAndReturnError:&error]) {
-    failure = Failure{"the panel could not save its values: " +
-                      std::string(error == nil ? "it does not say why"
-                                               : [[error localizedDescription] UTF8String])};
-  } else if ([panel respondsToSelector:@selector(shouldPrint)] && ![panel shouldPrint]) {
-    failure = Failure{"the panel does not allow this job to be printed"};
+  Expected<Extensions> extensions = Extensions::Load(options.plugin);
+  if (!extensions) {
+    Complain(extensions.message());
+    return kFailed;
   }
-  // What was chosen is printed, whatever cannot be written.
-  PanelReport report = session.Report();
-  if (!failure && !options.ticket.empty()) {
-    failure = WriteTicket(options.ticket, session.settings());
-    if (!failure) report.ticket = options.ticket.string();
+  if (!ConnectToDisplay()) {
+    Complain(kNoDisplay);
+    return kFailed;
   }
-  if (!no_picture) report.snapshot = options.snapshot.string();
-  const bool printed = PrintResults(report.Text());
-  if (failure) Complain(failure->message);
-  if (no_picture) Complain(no_picture->message);
-  return printed && !failure && !no_picture ? kDone : kFailed;
+  PrintDialog dialog(std::move(*job), *extensions, PresetStore::OfUser());
+  const DialogEnd end = dialog.Run();
+  if (end != DialogEnd::kCanceled) return Finish(options, dialog, end);
+  Complain("canceled; nothing was printed or saved");
+  return kFailed;
 }
 
 }  // namespace
 
 int Show(const ShowOptions &options) {
-  return WithPanelSession(options, [&options](PanelSession &session) -> int {
-    if (!ConnectToDisplay()) {
-      Complain(kNoDisplay);
-      return kFailed;
-    }
-    return Run(options, session);
-  });
+  @autoreleasepool {
+    return Run(options);
+  }
 }

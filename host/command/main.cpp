@@ -9,23 +9,53 @@ namespace {
 
 std::string NotEmpty(const std::string &text) { return text.empty() ? "must not be empty" : ""; }
 
-void AddPluginOption(CLI::App *verb, std::filesystem::path &plugin) {
-  verb->add_option("--plugin", plugin,
-                   "The extension bundle to load, instead of the one installed with this program")
-      ->type_name("BUNDLE")
-      ->check(NotEmpty);
+std::string IsPositiveTime(const std::string &text) {
+  double seconds = 0;
+  if (!CLI::detail::lexical_cast(text, seconds) || !(seconds >= 0.1) || !(seconds <= 3600)) {
+    return "must be a number of seconds from 0.1 to 3600";
+  }
+  return "";
 }
 
-void AddPrinterAndTicket(CLI::App *verb, std::filesystem::path &ppd,
-                         std::filesystem::path &ticket) {
-  verb->add_option("--ppd", ppd, "The printer's PPD file")->type_name("FILE")->required();
-  verb->add_option(
-          "--ticket", ticket,
-          "Print settings of the job, an XML property list: read first, where there is one, "
-          "and written at the end")
-      ->type_name("FILE")
-      ->check(NotEmpty);
+template <typename Value>
+CLI::Option *AddText(CLI::App *verb, const std::string &names, Value &value,
+                     const std::string &what, const std::string &type) {
+  return verb->add_option(names, value, what)->type_name(type)->check(NotEmpty);
 }
+
+void AddSurroundings(CLI::App *verb, Surroundings &surroundings) {
+  AddText(verb, "--plugin", surroundings.plugin,
+          "An extension bundle to load before those that are installed", "BUNDLE");
+  verb->add_option_function<double>(
+          "--timeout",
+          [&surroundings](const double &seconds) {
+            surroundings.limit = std::chrono::milliseconds(static_cast<long long>(seconds * 1000));
+          },
+          "How long the print server may take for an answer (default: 5)")
+      ->type_name("SECONDS")
+      ->check(IsPositiveTime);
+}
+
+CLI::Option *AddQueue(CLI::App *verb, std::string &queue, const std::string &what) {
+  return AddText(verb, "-d,--queue", queue, what, "QUEUE");
+}
+
+void AddBeginning(CLI::App *verb, JobSource &source, const std::string &ticket) {
+  AddText(verb, "-P,--preset", source.preset, "Begin with the settings of a preset", "PRESET");
+  AddText(verb, "--ticket", source.ticket, ticket, "FILE");
+}
+
+void AddChanges(CLI::App *verb, std::vector<std::string> &set) {
+  verb->add_option("--set", set,
+                   "Give a setting of an extension, or an option of the printer, a value, for "
+                   "instance Valid=On, StartNumber=25 or Duplex=None; may be repeated")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+}
+
+const char kTicketReadAndWritten[] =
+    "Print settings of the job, an XML property list: read first, where there is one, and written "
+    "at the end";
 
 int Run(int argc, char **argv) {
   CLI::App app("A print dialog for extension bundles, such as background numbering.", "pdeprint");
@@ -33,43 +63,89 @@ int Run(int argc, char **argv) {
   app.require_subcommand(1);
 
   ShowOptions show_options;
-  CLI::App *show = app.add_subcommand(
-      "show", "Show the panel in a window. Closing it prints the summary and the job options.");
-  AddPrinterAndTicket(show, show_options.ppd, show_options.ticket);
-  AddPluginOption(show, show_options.plugin);
-  show->add_option("--snapshot", show_options.snapshot,
-                   "Write a picture of the panel as it stood when the window was closed")
-      ->type_name("PNG")
-      ->check(NotEmpty);
+  CLI::App *show =
+      app.add_subcommand("show", "Open the print dialog for files, or for settings alone");
+  CLI::Option *show_queue = AddQueue(show, show_options.queue,
+                                     "The queue to begin with (default: the user's default queue)");
+  AddText(show, "--ppd", show_options.ppd,
+          "A printer's PPD file in place of a queue: the choices are printed to standard output, "
+          "and no job is sent",
+          "FILE")
+      ->excludes(show_queue);
+  AddBeginning(show, show_options, kTicketReadAndWritten);
+  AddText(show, "--snapshot", show_options.snapshot,
+          "Write a picture of the dialog as it stood when it was accepted", "PNG");
+  show->add_flag("--wait", show_options.wait, "Stay until the job has been printed");
+  AddSurroundings(show, show_options);
+  show->add_option("FILE", show_options.files, "Files to print")->type_name("");
 
-  CheckOptions check_options;
-  CLI::App *check = app.add_subcommand(
-      "check", "Say for each PPD file whether the panel is offered, or why not. Needs no display.");
-  check->add_option("PPD", check_options.ppds, "PPD files")->type_name("FILE")->required();
-  AddPluginOption(check, check_options.plugin);
-  check->add_flag("--json", check_options.json, "Answer in JSON");
+  PrintOptions print_options;
+  CLI::App *print = app.add_subcommand("print", "Print files as one job. Needs no display.");
+  AddQueue(print, print_options.queue, "The queue (default: the user's default queue)");
+  AddBeginning(
+      print, print_options,
+      "Print settings of the job, an XML property list; it is only read, and must be there");
+  AddChanges(print, print_options.set);
+  AddText(print, "-n,--copies", print_options.copies, "How many copies", "COPIES");
+  AddText(print, "-t,--title", print_options.title, "The job's name (default: the file's)",
+          "TITLE");
+  print->add_flag("--wait", print_options.wait, "Wait until the job has been printed");
+  AddSurroundings(print, print_options);
+  print->add_option("FILE", print_options.files, "Files to print")->type_name("")->required();
 
   SettingsOptions settings_options;
   CLI::App *settings =
       app.add_subcommand("settings", "Change and print the settings of a job. Needs no display.");
-  AddPrinterAndTicket(settings, settings_options.ppd, settings_options.ticket);
-  AddPluginOption(settings, settings_options.plugin);
-  settings
-      ->add_option(
-          "--set", settings_options.set,
-          "Give a setting a value, for instance Valid=On or StartNumber=25; may be repeated")
-      ->type_name("NAME=VALUE")
-      ->allow_extra_args(false);
+  CLI::Option *settings_queue =
+      AddQueue(settings, settings_options.queue, "The queue (default: the user's default queue)");
+  AddText(settings, "--ppd", settings_options.ppd, "A printer's PPD file in place of a queue",
+          "FILE")
+      ->excludes(settings_queue);
+  AddBeginning(settings, settings_options, kTicketReadAndWritten);
+  AddChanges(settings, settings_options.set);
   settings->add_flag("--json", settings_options.json, "Answer in JSON");
+  AddSurroundings(settings, settings_options);
+
+  CheckOptions check_options;
+  CLI::App *check = app.add_subcommand(
+      "check",
+      "Say for each PPD file or queue whether panels are offered, or why not. Needs no display.");
+  check->add_option("PPD", check_options.ppds, "PPD files")->type_name("FILE");
+  check->add_option("-d,--queue", check_options.queues, "A queue; may be repeated")
+      ->type_name("QUEUE")
+      ->check(NotEmpty)
+      ->allow_extra_args(false);
+  check->add_flag("--json", check_options.json, "Answer in JSON");
+  AddSurroundings(check, check_options);
+
+  QueuesOptions queues_options;
+  CLI::App *queues = app.add_subcommand(
+      "queues",
+      "List the queues, and whether panels are offered on each, or why not. Needs no display.");
+  queues->add_flag("--json", queues_options.json, "Answer in JSON");
+  AddSurroundings(queues, queues_options);
 
   try {
     app.parse(argc, argv);
+    if (show->parsed() && !show_options.ppd.empty() && !show_options.files.empty()) {
+      throw CLI::ValidationError("--ppd",
+                                 "files are printed on a queue (-d); --ppd alone prints nothing");
+    }
+    if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
+      throw CLI::RequiredError("PPD or --queue");
+    }
   } catch (const CLI::ParseError &error) {
+    if (argc > 1 && argv[1][0] != '-' && app.get_subcommand_no_throw(argv[1]) == nullptr) {
+      Complain("there is no verb \"" + std::string(argv[1]) + "\"; `pdeprint --help` lists them");
+      return kWrongUsage;
+    }
     return app.exit(error) == 0 ? kDone : kWrongUsage;
   }
   if (show->parsed()) return Show(show_options);
+  if (print->parsed()) return Print(print_options);
+  if (settings->parsed()) return Settings(settings_options);
   if (check->parsed()) return Check(check_options);
-  return Settings(settings_options);
+  return Queues(queues_options);
 }
 
 }  // namespace

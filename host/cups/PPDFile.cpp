@@ -1,8 +1,85 @@
 #include "host/cups/PPDFile.h"
 
+#include <strings.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <set>
+#include <span>
 #include <system_error>
+
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
+#include "host/cups/CustomChoice.h"
+
+namespace {
+
+struct IgnoringCase {
+  bool operator()(const char *left, const char *right) const { return strcasecmp(left, right) < 0; }
+};
+
+constexpr char kInstalledHardware[] = "InstallableOptions";
+
+bool IsSame(const char *left, const char *right) { return strcasecmp(left, right) == 0; }
+
+// libcups has converted most texts; those of custom choices and of translations it takes as they
+// are. Texts in UTF-8 it cuts anywhere.
+std::string Text(std::string_view text, const char *keyword) {
+  if (text.size() == PPD_MAX_TEXT - 1) text = WithoutCutCharacter(text);
+  text = Trimmed(text);
+  return ToUtf8(text.empty() ? std::string_view(keyword) : text);
+}
+
+std::span<const ppd_group_t> Groups(const ppd_file_t &ppd) {
+  return {ppd.groups, ppd.groups == nullptr ? 0 : static_cast<size_t>(ppd.num_groups)};
+}
+
+// The options of subgroups are among these: libcups does not keep them apart.
+std::span<const ppd_option_t> OptionsOf(const ppd_group_t &group) {
+  return {group.options, group.options == nullptr ? 0 : static_cast<size_t>(group.num_options)};
+}
+
+std::vector<PPDChoice> ChoicesOf(const ppd_option_t &option) {
+  std::vector<PPDChoice> choices;
+  if (option.choices == nullptr) return choices;
+  // Of choices that libcups cannot tell apart only the first can be had.
+  std::set<const char *, IgnoringCase> seen;
+  for (const ppd_choice_t &choice :
+       std::span(option.choices, static_cast<size_t>(option.num_choices))) {
+    if (choice.choice[0] == '\0' || IsSame(choice.choice, kCustomChoice)) continue;
+    if (!seen.insert(choice.choice).second) continue;
+    choices.push_back({choice.choice, Text(choice.text, choice.choice)});
+  }
+  return choices;
+}
+
+std::string DefaultAmong(const std::vector<PPDChoice> &choices, const ppd_option_t &option) {
+  for (const PPDChoice &choice : choices) {
+    if (IsSame(choice.keyword.c_str(), option.defchoice)) return choice.keyword;
+  }
+  return "";
+}
+
+PPDOption Described(const ppd_file_t &ppd, const ppd_group_t &group, const ppd_option_t &option) {
+  PPDOption described;
+  described.keyword = option.keyword;
+  described.text = Text(option.text, option.keyword);
+  described.group = Text(group.text, group.name);
+  described.choices = ChoicesOf(option);
+  described.default_choice = DefaultAmong(described.choices, option);
+  if (described.default_choice.empty() && AllowsCustomChoice(ppd, option, option.defchoice)) {
+    described.default_choice = option.defchoice;
+  }
+  return described;
+}
+
+}  // namespace
+
+PPDFile::PPDFile(ppd_file_t *ppd) : ppd_(ppd) {
+  ppdLocalize(ppd);
+  ppdMarkDefaults(ppd);
+}
 
 Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path) {
   std::error_code error;
@@ -33,3 +110,61 @@ std::optional<std::string> PPDFile::Attribute(const std::string &keyword) const 
 }
 
 bool PPDFile::IsColorDevice() const { return Attribute("ColorDevice") == "True"; }
+
+std::string PPDFile::Name() const {
+  if (ppd_->nickname != nullptr && !Trimmed(ppd_->nickname).empty()) {
+    return ToUtf8(Trimmed(ppd_->nickname));
+  }
+  for (const char *keyword : {"ShortNickName", "ModelName", "Product", "PCFileName"}) {
+    const std::string value = Attribute(keyword).value_or("");
+    std::string_view name = Trimmed(value);
+    if (name.starts_with('(') && name.ends_with(')')) {  // a string of PostScript
+      name = Trimmed(name.substr(1, name.size() - 2));
+    }
+    if (!name.empty()) return ToUtf8(name);
+  }
+  return "printer without a name";
+}
+
+std::vector<std::string> PPDFile::Attributes(const std::string &keyword) const {
+  std::vector<std::string> values;
+  for (const ppd_attr_t *attribute = ppdFindAttr(ppd_.get(), keyword.c_str(), nullptr);
+       attribute != nullptr; attribute = ppdFindNextAttr(ppd_.get(), keyword.c_str(), nullptr)) {
+    if (attribute->value != nullptr) values.emplace_back(attribute->value);
+  }
+  return values;
+}
+
+std::vector<PPDOption> PPDFile::Options() const {
+  std::vector<PPDOption> options;
+  for (const ppd_group_t &group : Groups(*ppd_)) {
+    if (IsSame(group.name, kInstalledHardware)) continue;
+    for (const ppd_option_t &option : OptionsOf(group)) {
+      if (IsSame(option.keyword, "PageRegion")) continue;
+      // Of two options with one keyword libcups knows one.
+      if (ppdFindOption(ppd_.get(), option.keyword) != &option) continue;
+      PPDOption described = Described(*ppd_, group, option);
+      if (!described.choices.empty()) options.push_back(std::move(described));
+    }
+  }
+  return options;
+}
+
+std::optional<PPDOption> PPDFile::Option(const std::string &keyword) const {
+  const ppd_option_t *option = ppdFindOption(ppd_.get(), keyword.c_str());
+  if (option == nullptr || option->keyword != keyword) return std::nullopt;
+  for (const ppd_group_t &group : Groups(*ppd_)) {
+    for (const ppd_option_t &candidate : OptionsOf(group)) {
+      if (&candidate == option) return Described(*ppd_, group, *option);
+    }
+  }
+  return std::nullopt;
+}
+
+bool PPDFile::Allows(const std::string &option, const std::string &choice) const {
+  const ppd_option_t *found = ppdFindOption(ppd_.get(), option.c_str());
+  if (found == nullptr || found->keyword != option) return false;
+  if (IsCustomChoice(choice)) return AllowsCustomChoice(*ppd_, *found, choice);
+  return std::ranges::any_of(ChoicesOf(*found),
+                             [&](const PPDChoice &listed) { return listed.keyword == choice; });
+}

@@ -1,4 +1,5 @@
-// A printer description, as libcups parses it. All calls of libcups' PPD functions are here.
+// A printer description, as libcups parses it. All calls of libcups' PPD functions are in this
+// folder.
 
 #ifndef HOST_CUPS_PPDFILE_H
 #define HOST_CUPS_PPDFILE_H
@@ -23,25 +24,33 @@ struct PPDOption {
   std::string keyword;
   std::string text;   // localized, UTF-8
   std::string group;  // the text of its group
+  // Empty: the file names none, or one that is not there, and the printer decides. Custom.VALUE is
+  // possible.
   std::string default_choice;
-  std::vector<PPDChoice> choices;  // in the file's order
+  // In the file's order. Custom.VALUE is not among them: see Allows.
+  std::vector<PPDChoice> choices;
 };
 
-// Two choices that the printer description forbids together, by keywords and texts.
+// Two choices that the printer description forbids together, by keywords and texts. One may be of
+// an option for installed hardware. Where a constraint names more than two choices, each but the
+// first makes a pair with the first; where it names one, that one makes a pair with itself.
 struct PPDConflict {
   PPDOption first;  // with one choice: the one in conflict
   PPDOption second;
 };
 
+// Keywords of options and choices are compared exactly, case of letters included, although libcups
+// does not: what is refused can be put right, and what is written otherwise is mostly an option of
+// every queue (collate, Collate).
 class PPDFile {
  public:
   // Opens and parses a file, compressed or not. The failure is what libcups says, with the line.
   static Expected<PPDFile> Open(const std::filesystem::path &path);
 
-  // Valid as long as this object; never null.
+  // Valid as long as this object; never null. The file's defaults are marked.
   ppd_file_t *get() const { return ppd_.get(); }
 
-  // The printer's name for people: NickName, or what comes nearest.
+  // The printer's name for people: NickName, or what comes nearest. UTF-8, never empty.
   std::string Name() const;
 
   // The value of the first attribute with this keyword, whatever its option part.
@@ -52,30 +61,33 @@ class PPDFile {
   // ColorDevice is exactly True.
   bool IsColorDevice() const;
 
-  // The options whose choice belongs to a job, in the file's order: not those of installed
-  // hardware, and not PageRegion, which follows PageSize.
+  // The options whose choice belongs to a job, in the file's order, each keyword once: not those of
+  // installed hardware, not PageRegion, which follows PageSize, and none without choices.
   std::vector<PPDOption> Options() const;
 
   // The option, of whatever kind, with this keyword; none: there is no such option.
   std::optional<PPDOption> Option(const std::string &keyword) const;
 
   // Whether a job may ask for this choice of an option: one that is listed, or Custom.VALUE where
-  // the option takes custom values. False for options that are not there.
+  // the option takes custom values and this one is within its limits, or {NAME=VALUE ...}, which is
+  // not looked into. False for options that are not there.
   bool Allows(const std::string &option, const std::string &choice) const;
 
   // What these job options, over the file's defaults, bring together that the constraints forbid;
-  // each pair once.
+  // each pair once. Names that every queue takes (media, sides...) count as the choices that they
+  // stand for.
   std::vector<PPDConflict> Conflicts(const JobOptions &options) const;
 
   // The changes to these job options that end all conflicts and leave the option `keep` (empty:
-  // none) as it is. No value: there is no way.
+  // none), and the choices that it stands for, as they are. Empty: there are no conflicts. No value:
+  // there is no way.
   std::optional<JobOptions> Resolution(const JobOptions &options, const std::string &keep) const;
 
  private:
   struct Closer {
     void operator()(ppd_file_t *ppd) const { ppdClose(ppd); }
   };
-  explicit PPDFile(ppd_file_t *ppd) : ppd_(ppd) {}
+  explicit PPDFile(ppd_file_t *ppd);
 
   std::unique_ptr<ppd_file_t, Closer> ppd_;
 };

@@ -6,6 +6,7 @@
 #include "host/base/Messages.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/Prompt.h"
+#include "host/job/JobFiles.h"
 #include "host/job/PageRanges.h"
 
 namespace {
@@ -21,12 +22,6 @@ Retained<PrintDialogView *> NewView() {
       [[PrintDialogView alloc] initWithFrame:NSMakeRect(0, 0, 560, 480)]);
 }
 
-std::string TitleOf(const std::vector<std::filesystem::path> &files) {
-  if (files.empty()) return "";
-  const std::string first = files.front().filename().string();
-  if (files.size() == 1) return first;
-  return first + " and " + std::to_string(files.size() - 1) + " more";
-}
 
 // The two option choices, in an order of their own: a pair is the same pair the other way round.
 std::set<std::string> Pair(const PPDConflict &conflict) {
@@ -60,7 +55,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       window_(Retained<DialogWindow *>::Adopt([[DialogWindow alloc]
           initWithTitle:job_.files.empty()
                             ? @"Print Settings"
-                            : [@"Print — " stringByAppendingString:String(TitleOf(job_.files))]
+                            : [@"Print — " stringByAppendingString:String(TitleOfJob(job_.files))]
                    view:view_.get()
               resizable:YES])),
       panels_(view_.get(), session_,
@@ -263,7 +258,7 @@ std::optional<Failure> PrintDialog::TakeFields() {
 std::vector<SummarySection> PrintDialog::JobSummary() {
   (void)TakeFields();
   std::vector<std::pair<std::string, std::string>> lines = {{"Printer", queue_.name}};
-  if (!job_.files.empty()) lines.emplace_back("Document", TitleOf(job_.files));
+  if (!job_.files.empty()) lines.emplace_back("Document", TitleOfJob(job_.files));
   lines.emplace_back("Copies", Text([[view_.get() copies] stringValue]));
   const std::string pages = Text([[view_.get() pages] stringValue]);
   lines.emplace_back("Pages", pages.empty() ? "all" : pages);
@@ -344,7 +339,7 @@ bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
 void PrintDialog::Send() {
   JobRequest request;
   request.queue = queue_.name;
-  request.title = TitleOf(job_.files);
+  request.title = TitleOfJob(job_.files);
   request.options = session_.Options();
   request.files = job_.files;
   SetPhase(Phase::kSending);

@@ -1,0 +1,36 @@
+#include "host/command/JobSettings.h"
+
+#include "host/job/JobTicket.h"
+#include "host/job/PresetStore.h"
+
+namespace {
+
+Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
+  const PresetStore store = PresetStore::OfUser();
+  if (name == kLastUsed) return ReadTicket(store.LastUsedPath());
+  if (const std::optional<Preset> preset = store.Find(name)) return ReadTicket(preset->path);
+  std::string names;
+  for (const Preset &preset : store.List()) names += (names.empty() ? "" : ", ") + preset.name;
+  return Failure{
+      "there is no preset \"" + name + "\"; " +
+      (names.empty() ? "there are none yet: the dialog saves them" : "there are: " + names)};
+}
+
+void Overlay(PMPrintSettings settings, PMPrintSettings over) {
+  CFDictionaryRef values = nullptr;
+  PMPrintSettingsCopyAsDictionary(over, &values);
+  const auto dictionary = Retained<NSDictionary *>::Adopt((NSDictionary *)values);
+  for (NSString *key in dictionary.get()) {
+    PMPrintSettingsSetValue(settings, (CFStringRef)key, [dictionary.get() objectForKey:key], false);
+  }
+}
+
+}  // namespace
+
+Expected<PrintSettings> SettingsToBeginWith(const JobSource &source) {
+  Expected<PrintSettings> ticket = ReadTicket(source.ticket);
+  if (!ticket || source.preset.empty() || source.preset == kDefaultSettings) return ticket;
+  Expected<PrintSettings> preset = SettingsOfPreset(source.preset);
+  if (preset) Overlay(preset->get(), ticket->get());
+  return preset;
+}

@@ -1,0 +1,23 @@
+#include "host/command/Printer.h"
+
+#include "host/cups/PrintServer.h"
+
+Expected<Printer> OpenPrinter(const JobSource &source) {
+  Printer printer;
+  if (!source.ppd.empty()) {
+    printer.name = source.ppd.string();
+    Expected<PPDFile> ppd = PPDFile::Open(source.ppd);
+    if (!ppd) return Failure{"cannot read " + printer.name + ": " + ppd.message()};
+    printer.ppd = std::move(*ppd);
+    return printer;
+  }
+  const PrintServer server(source.limit);
+  Expected<Queue> queue = server.FindQueue(source.queue);
+  if (!queue) return Failure{queue.message()};
+  printer.name = queue->name;
+  printer.queue = std::move(*queue);
+  Expected<std::optional<PPDFile>> ppd = server.PPDOfQueue(printer.name);
+  if (!ppd) return Failure{ppd.message()};
+  printer.ppd = std::move(*ppd);
+  return printer;
+}

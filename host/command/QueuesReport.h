@@ -1,0 +1,25 @@
+// What `pdeprint queues` says.
+
+#ifndef HOST_COMMAND_QUEUESREPORT_H
+#define HOST_COMMAND_QUEUESREPORT_H
+
+#include <string>
+#include <vector>
+
+#include "host/cups/Queue.h"
+
+struct QueueResult {
+  Queue queue;
+  std::vector<std::string> panels;  // names; empty: none is offered
+  std::string reason;               // why not
+};
+
+// One line a queue: "* NAME: panels, or why there are none"; the default queue has the star.
+std::string QueuesText(const std::vector<QueueResult> &results);
+
+// An array of {"name", "default", "description", "location", "model", "state" ("idle", "printing"
+// or "stopped"), "acceptsJobs", "offered", "panels", "reason"}; reason is null where a panel is
+// offered.
+std::string QueuesJson(const std::vector<QueueResult> &results);
+
+#endif

@@ -1,0 +1,123 @@
+#include "host/command/ScriptedJob.h"
+
+#include <algorithm>
+
+#include "host/base/Messages.h"
+#include "host/command/JobSettings.h"
+#include "host/command/Printer.h"
+#include "host/command/SettingChanges.h"
+#include "host/job/OptionFit.h"
+
+namespace {
+
+struct Refusal {
+  ExitStatus status;
+  std::string message;
+};
+
+void Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
+  for (const SettingChange &change : changes) {
+    NSString *key = [NSString stringWithUTF8String:change.key.c_str()];
+    NSString *value = [NSString stringWithUTF8String:change.value.c_str()];
+    PMPrintSettingsSetValue(settings, (CFStringRef)key, (CFTypeRef)value, false);
+  }
+}
+
+// What a printer makes of a value that it does not know is not what was asked for.
+std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
+                                           const std::vector<Setting> &settings,
+                                           const PPDFile *ppd) {
+  for (const Setting &setting : SettingsWithBadValues(settings, options)) {
+    return Refusal{kFailed, "the job's " + setting.key + " is \"" + options.at(setting.key) +
+                                "\": it must be " + setting.Allowed() + "; mend it with --set " +
+                                setting.name + "=VALUE"};
+  }
+  for (const UnfitOption &unfit : UnfitOptions(options, ppd, {})) {
+    return Refusal{kFailed, "the job's " + unfit.keyword + " is \"" + unfit.value + "\": " +
+                                unfit.reason + "; mend it with --set " + unfit.keyword + "=VALUE"};
+  }
+  return std::nullopt;
+}
+
+// The panels correct what the printer cannot do. Of a stored value that is noted; a value that was
+// asked for here is wrong usage.
+std::optional<Refusal> ExplainCorrections(const JobOptions &before, const JobOptions &after,
+                                          const std::vector<SettingChange> &changes) {
+  for (const auto &[key, value] : before) {
+    const auto now = after.find(key);
+    const std::string corrected = now == after.end() ? "unset" : now->second;
+    if (corrected == value) continue;
+    for (const SettingChange &change : changes) {
+      if (change.key != key) continue;
+      return Refusal{kWrongUsage, change.name + " cannot be \"" + value +
+                                      "\" on this printer: it must be " + corrected};
+    }
+    Complain("note: this printer cannot do " + key + "=" + value + "; it is now " + corrected);
+  }
+  return std::nullopt;
+}
+
+void ComplainOfLeftOut(const Extensions &extensions) {
+  for (const LeftOut &one : extensions.left_out()) {
+    Complain("note: " + one.name + " is left out: " + one.reason);
+  }
+}
+
+int Refuse(const Refusal &refusal) {
+  Complain(refusal.message);
+  return refusal.status;
+}
+
+int Run(const JobSource &source, const std::vector<std::string> &texts,
+        const std::function<int(const ScriptedJob &)> &work) {
+  Expected<Printer> printer = OpenPrinter(source);
+  if (!printer) return Refuse({kFailed, printer.message()});
+  Expected<PrintSettings> settings = SettingsToBeginWith(source);
+  if (!settings) return Refuse({kFailed, settings.message()});
+  Expected<Extensions> extensions = Extensions::Load(source.plugin);
+  if (!extensions) return Refuse({kFailed, extensions.message()});
+  if (printer->ppd) extensions->LoadNamedBy(*printer->ppd);
+
+  const std::vector<Setting> known = extensions->Settings();
+  const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
+  Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
+  if (!changes) return Refuse({kWrongUsage, changes.message()});
+  Apply(*changes, settings->get());
+  const JobOptions asked = JobOptionsFromSettings(settings->get());
+  if (const auto refusal = ReasonAgainstValues(asked, known, ppd)) return Refuse(*refusal);
+
+  JobSession session(*extensions);
+  session.UsePrinter(std::move(printer->ppd), printer->queue.defaults);
+  for (const std::string &note : session.UseSettings(std::move(*settings))) {
+    Complain("note: " + note);
+  }
+  const JobOptions before = JobOptionsFromSettings(session.settings());
+  const std::optional<Failure> reason = session.ReasonNotToPrint();
+  session.DropFaultyPanels();
+  ComplainOfLeftOut(*extensions);
+  if (const auto refusal =
+          ExplainCorrections(before, JobOptionsFromSettings(session.settings()), *changes)) {
+    return Refuse(*refusal);
+  }
+  if (reason) return Refuse({kFailed, reason->message});
+  return work({printer->name, printer->queue, session});
+}
+
+}  // namespace
+
+int WithScriptedJob(const JobSource &source, const std::vector<std::string> &changes,
+                    const std::function<int(const ScriptedJob &)> &work) {
+  @autoreleasepool {
+    return Run(source, changes, work);
+  }
+}
+
+PanelReport ReportOn(JobSession &session) {
+  PanelReport report;
+  for (const auto &[panel, lines] : session.Summary()) {
+    report.panel += (report.panel.empty() ? "" : ", ") + panel;
+    report.summary.insert(report.summary.end(), lines.begin(), lines.end());
+  }
+  report.options = JobOptionsFromSettings(session.settings());
+  return report;
+}

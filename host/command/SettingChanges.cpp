@@ -1,0 +1,80 @@
+#include "host/command/SettingChanges.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "host/job/OptionFit.h"
+#include "host/job/PageRanges.h"
+
+namespace {
+
+// What the print system does for any printer. Others would be sent and silently ignored, as would
+// be one that is misspelt.
+constexpr std::array<std::string_view, 28> kJobOptionsOfEveryPrinter = {
+    "collate",       "copies",           "finishings",
+    "fit-to-page",   "job-billing",      "job-hold-until",
+    "job-priority",  "job-sheets",       "landscape",
+    "media",         "mirror",           "multiple-document-handling",
+    "number-up",     "number-up-layout", "orientation-requested",
+    "outputorder",   "page-border",      "page-bottom",
+    "page-left",     "page-ranges",      "page-right",
+    "page-set",      "page-top",         "print-color-mode",
+    "print-quality", "print-scaling",    "printer-resolution",
+    "sides"};
+
+std::string Names(const std::vector<Setting> &settings) {
+  std::string names;
+  for (const Setting &setting : settings) names += (names.empty() ? "" : ", ") + setting.name;
+  return names;
+}
+
+Expected<SettingChange> ParsePrinterOption(const std::string &name, const std::string &value,
+                                           const PPDFile *ppd) {
+  const std::vector<UnfitOption> unfit = UnfitOptions({{name, value}}, ppd, {});
+  if (!unfit.empty()) {
+    return Failure{name + " cannot be \"" + value + "\": " + unfit.front().reason};
+  }
+  return SettingChange{name, name, value};
+}
+
+Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting> &settings,
+                              const PPDFile *ppd) {
+  const size_t equals = text.find('=');
+  if (equals == std::string::npos || equals == 0) {
+    return Failure{"--set " + text + ": write NAME=VALUE, for instance StartNumber=25"};
+  }
+  const std::string name = text.substr(0, equals);
+  const std::string value = text.substr(equals + 1);
+  const auto setting = std::find_if(
+      settings.begin(), settings.end(),
+      [&name](const Setting &known) { return known.name == name || known.key == name; });
+  if (setting != settings.end()) {
+    Expected<std::string> stored = setting->Check(value);
+    if (!stored) return Failure{stored.message()};
+    return SettingChange{setting->name, setting->key, *stored};
+  }
+  const bool is_ppd_option = ppd != nullptr && ppd->Option(name).has_value();
+  if (is_ppd_option || std::find(kJobOptionsOfEveryPrinter.begin(), kJobOptionsOfEveryPrinter.end(),
+                                 name) != kJobOptionsOfEveryPrinter.end()) {
+    return ParsePrinterOption(name, value, ppd);
+  }
+  const std::string names = Names(settings);
+  return Failure{"--set " + text + ": there is no setting \"" + name + "\"; there are " + names +
+                 (names.empty() ? "" : ", ") +
+                 "the options of the printer and of every job, such as copies"};
+}
+
+}  // namespace
+
+Expected<std::vector<SettingChange>> ParseSettingChanges(const std::vector<std::string> &texts,
+                                                         const std::vector<Setting> &settings,
+                                                         const PPDFile *ppd) {
+  std::vector<SettingChange> changes;
+  for (const std::string &text : texts) {
+    Expected<SettingChange> change = Parse(text, settings, ppd);
+    if (!change) return Failure{change.message()};
+    changes.push_back(std::move(*change));
+  }
+  return changes;
+}

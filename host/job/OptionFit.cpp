@@ -1,0 +1,84 @@
+#include "host/job/OptionFit.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
+#include "host/job/PageRanges.h"
+
+namespace {
+
+std::optional<int> WholeNumber(const std::string &text) {
+  int number = 0;
+  const char *const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data(), last, number);
+  if (error != std::errc() || end != last || std::to_string(number) != text) return std::nullopt;
+  return number;
+}
+
+// Whether every choice is a number, one more than the one before.
+bool AreConsecutiveNumbers(const std::vector<PPDChoice> &choices) {
+  std::optional<int> last;
+  return std::ranges::all_of(choices, [&](const PPDChoice &choice) {
+    const std::optional<int> number = WholeNumber(choice.keyword);
+    const bool follows = number && (!last || (*last < *number && *number - *last == 1));
+    last = number;
+    return follows;
+  });
+}
+
+std::string Listed(const std::vector<PPDChoice> &choices) {
+  constexpr size_t kShortList = 3;
+  constexpr size_t kLongestList = 12;
+  constexpr size_t kShownOfLonger = 8;
+  if (choices.size() > kShortList && AreConsecutiveNumbers(choices)) {
+    return choices.front().keyword + " to " + choices.back().keyword;
+  }
+  const size_t shown = choices.size() > kLongestList ? kShownOfLonger : choices.size();
+  std::string list;
+  for (size_t at = 0; at < shown; ++at) {
+    list += (at == 0 ? "" : ", ") + ToUtf8(choices[at].keyword);
+  }
+  if (shown < choices.size()) list += " and " + std::to_string(choices.size() - shown) + " more";
+  return list;
+}
+
+std::string ReasonAgainstChoice(const PPDOption &option, const std::string &value) {
+  std::string reason = "this printer has no " + option.keyword + " " + Quoted(value);
+  if (!option.choices.empty()) reason += "; it has " + Listed(option.choices);
+  return reason;
+}
+
+std::optional<std::string> ReasonIn(Expected<std::string> parsed) {
+  if (parsed) return std::nullopt;
+  return parsed.message();
+}
+
+std::optional<std::string> ReasonAgainst(const std::string &keyword, const std::string &value,
+                                         const PPDFile *ppd,
+                                         const std::set<std::string> &printer_specific) {
+  if (keyword == "copies") return ReasonIn(ParseCopies(value));
+  if (keyword == "page-ranges") return ReasonIn(ParsePageRanges(value));
+  const std::optional<PPDOption> option = ppd == nullptr ? std::nullopt : ppd->Option(keyword);
+  if (option) {
+    if (ppd->Allows(keyword, value)) return std::nullopt;
+    return ReasonAgainstChoice(*option, value);
+  }
+  if (!printer_specific.contains(keyword)) return std::nullopt;
+  return "this printer has no " + keyword;
+}
+
+}  // namespace
+
+std::vector<UnfitOption> UnfitOptions(const JobOptions &options, const PPDFile *ppd,
+                                      const std::set<std::string> &printer_specific) {
+  std::vector<UnfitOption> unfit;
+  for (const auto &[keyword, value] : options) {
+    if (std::optional<std::string> reason = ReasonAgainst(keyword, value, ppd, printer_specific)) {
+      unfit.push_back({keyword, value, *std::move(reason)});
+    }
+  }
+  return unfit;
+}
