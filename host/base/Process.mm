@@ -41,6 +41,9 @@ void PrepareProcess() {
     }
     variables.push_back(nullptr);
     [NSProcessInfo initializeWithArguments:arguments count:1 environment:variables.data()];
+    // What bundles and the platform log is for the system's log; standard error is for the user.
+    [[NSUserDefaults standardUserDefaults]
+        registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSLogSyslog"]];
   }
 }
 

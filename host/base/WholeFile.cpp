@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fstream>
+#include <ios>
 #include <string>
 
 namespace {
@@ -37,6 +39,17 @@ std::filesystem::path Destination(std::filesystem::path path, std::error_code &e
   return path;
 }
 
+// The system's own call answers the mask only in exchange for another one, with which a file might
+// be made on another thread in between.
+mode_t CreationMask() {
+  std::ifstream status("/proc/self/status");
+  for (std::string field; status >> field;) {
+    mode_t mask = 0;
+    if (field == "Umask:" && status >> std::oct >> mask) return mask;
+  }
+  return 077;
+}
+
 // Owner and permissions as the old file had them, or as a new one gets them.
 bool TakeAttributes(int descriptor, const std::filesystem::path &destination) {
   struct stat old = {};
@@ -45,9 +58,7 @@ bool TakeAttributes(int descriptor, const std::filesystem::path &destination) {
     (void)!fchown(descriptor, old.st_uid, old.st_gid);
     return fchmod(descriptor, old.st_mode & 07777) == 0;
   }
-  const mode_t mask = umask(0);
-  umask(mask);
-  return fchmod(descriptor, 0666 & ~mask) == 0;
+  return fchmod(descriptor, 0666 & ~CreationMask()) == 0;
 }
 
 bool WriteAll(int descriptor, std::string_view bytes) {

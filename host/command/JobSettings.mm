@@ -7,7 +7,12 @@ namespace {
 
 Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
   const PresetStore store = PresetStore::OfUser();
-  if (name == kLastUsed) return ReadTicket(store.LastUsedPath());
+  if (name == kLastUsed) {
+    std::error_code error;
+    if (std::filesystem::exists(store.LastUsedPath(), error))
+      return ReadTicket(store.LastUsedPath());
+    return Failure{"there is no preset \"Last Used\" yet: the dialog keeps it when it has printed"};
+  }
   if (const std::optional<Preset> preset = store.Find(name)) return ReadTicket(preset->path);
   std::string names;
   for (const Preset &preset : store.List()) names += (names.empty() ? "" : ", ") + preset.name;

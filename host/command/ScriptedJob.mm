@@ -23,6 +23,18 @@ void Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) 
   }
 }
 
+// Panels take what is stored under their keys for strings. The name of a key whose value is none.
+std::optional<std::string> KeyWithoutString(const std::vector<Setting> &settings,
+                                            PMPrintSettings values) {
+  for (const Setting &setting : settings) {
+    CFTypeRef value = nullptr;
+    NSString *key = [NSString stringWithUTF8String:setting.key.c_str()];
+    PMPrintSettingsGetValue(values, (CFStringRef)key, &value);
+    if (value != nullptr && ![(id)value isKindOfClass:[NSString class]]) return setting.key;
+  }
+  return std::nullopt;
+}
+
 // What a printer makes of a value that it does not know is not what was asked for.
 std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
                                            const std::vector<Setting> &settings,
@@ -79,6 +91,10 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (printer->ppd) extensions->LoadNamedBy(*printer->ppd);
 
   const std::vector<Setting> known = extensions->Settings();
+  if (const auto key = KeyWithoutString(known, settings->get())) {
+    return Refuse({kFailed, "cannot use ticket " + source.ticket.string() + ": the value of " +
+                                *key + " is not a string"});
+  }
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
   if (!changes) return Refuse({kWrongUsage, changes.message()});

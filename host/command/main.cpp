@@ -135,7 +135,8 @@ int Run(int argc, char **argv) {
       throw CLI::RequiredError("PPD or --queue");
     }
   } catch (const CLI::ParseError &error) {
-    if (argc > 1 && argv[1][0] != '-' && app.get_subcommand_no_throw(argv[1]) == nullptr) {
+    const auto is_named = [argv](const CLI::App *verb) { return verb->check_name(argv[1]); };
+    if (argc > 1 && argv[1][0] != '-' && app.get_subcommands(is_named).empty()) {
       Complain("there is no verb \"" + std::string(argv[1]) + "\"; `pdeprint --help` lists them");
       return kWrongUsage;
     }

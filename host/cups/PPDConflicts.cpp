@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 #include <span>
-#include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "host/cups/CustomChoice.h"
@@ -98,20 +98,23 @@ std::optional<Term> TermFor(ppd_file_t *ppd, std::string option, std::string cho
   return term;
 }
 
-// From "*Option Choice *Option": what is after a choice does not count. Empty: it names something
-// that is not there.
-Constraint ParsedConstraint(ppd_file_t *ppd, const std::string &text) {
-  std::vector<std::pair<std::string, std::string>> parts;
-  std::istringstream words(text);
-  for (std::string word; words >> word;) {
-    if (word.starts_with('*')) {
-      parts.emplace_back(word.substr(1), "");
-    } else if (!parts.empty() && parts.back().second.empty()) {
-      parts.back().second = word;
-    }
-  }
+// Takes what comes before the next blank from the front of the text, and the blanks.
+std::string TakeWord(std::string_view &text) {
+  constexpr char kBlanks[] = " \t\r\n\f\v";
+  const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
+  text.remove_prefix(word.size());
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return std::string(word);
+}
+
+// From "*Option Choice *Option": what comes before an option, or after its choice, does not count.
+// Empty: it names something that is not there.
+Constraint ParsedConstraint(ppd_file_t *ppd, std::string_view text) {
   Constraint constraint;
-  for (const auto &[option, choice] : parts) {
+  for (size_t star = text.find('*'); star != std::string_view::npos; star = text.find('*')) {
+    text.remove_prefix(star + 1);
+    const std::string option = TakeWord(text);
+    const std::string choice = text.starts_with('*') ? "" : TakeWord(text);
     const std::optional<Term> term = TermFor(ppd, option, choice);
     if (!term) return {};
     constraint.push_back(*term);
@@ -286,7 +289,6 @@ std::vector<PPDConflict> PPDFile::Conflicts(const JobOptions &options) const {
 
 std::optional<JobOptions> PPDFile::Resolution(const JobOptions &options,
                                               const std::string &keep) const {
-  if (Conflicts(options).empty()) return JobOptions{};
   ppd_file_t *ppd = ppd_.get();
   const JobOptions marked = MarkedChoices(ppd, options);
   const JobOptions kept = KeptChoices(ppd, options, keep);

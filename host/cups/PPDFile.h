@@ -79,8 +79,8 @@ class PPDFile {
   std::vector<PPDConflict> Conflicts(const JobOptions &options) const;
 
   // The changes to these job options that end all conflicts and leave the option `keep` (empty:
-  // none), and the choices that it stands for, as they are. Empty: there are no conflicts. No value:
-  // there is no way.
+  // none), and the choices that it stands for, as they are. Empty: there are no conflicts. No
+  // value: there is no way.
   std::optional<JobOptions> Resolution(const JobOptions &options, const std::string &keep) const;
 
  private:

@@ -30,6 +30,8 @@ void AddSeparator(NSPopUpButton *popUp);
 CGFloat HeightOfText(NSTextField *label, CGFloat width);
 
 NSString *String(const std::string &text);  // bytes that are no UTF-8: as Latin-1
-std::string Text(NSString *string);         // nil: ""
+/// A message (a clause without full stop) as a sentence.
+NSString *Sentence(const std::string &message);
+std::string Text(NSString *string);  // nil: ""
 
 #endif

@@ -2,6 +2,10 @@
 
 #include <cmath>
 
+namespace {
+const CGFloat kTextInset = 4;  // of a text in its field, at each side
+}
+
 @implementation FlippedView
 
 - (BOOL)isFlipped {
@@ -66,8 +70,11 @@ NSMenuItem *AddItem(NSPopUpButton *popUp, NSString *title, id representedObject)
 void AddSeparator(NSPopUpButton *popUp) { [[popUp menu] addItem:[NSMenuItem separatorItem]]; }
 
 CGFloat HeightOfText(NSTextField *label, CGFloat width) {
-  const NSSize size = [[label cell] cellSizeForBounds:NSMakeRect(0, 0, width, 10000)];
-  return std::ceil(size.height);
+  // The cell's own measure knows one line only.
+  const NSRect text =
+      [[label attributedStringValue] boundingRectWithSize:NSMakeSize(width - 2 * kTextInset, 10000)
+                                                  options:NSStringDrawingUsesLineFragmentOrigin];
+  return std::ceil(text.size.height) + 2;
 }
 
 NSString *String(const std::string &text) {
@@ -76,6 +83,14 @@ NSString *String(const std::string &text) {
   return [[[NSString alloc] initWithBytes:text.data()
                                    length:text.size()
                                  encoding:NSISOLatin1StringEncoding] autorelease];
+}
+
+NSString *Sentence(const std::string &message) {
+  NSString *text = String(message);
+  if ([text length] == 0) return text;
+  NSString *first = [[text substringToIndex:1] uppercaseString];
+  NSString *end = [text hasSuffix:@"."] ? @"" : @".";
+  return [NSString stringWithFormat:@"%@%@%@", first, [text substringFromIndex:1], end];
 }
 
 std::string Text(NSString *string) {

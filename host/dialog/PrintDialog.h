@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -91,6 +92,7 @@ class PrintDialog {
   void Cancel();
   void End(DialogEnd end);
 
+  void AfterThisEvent(std::function<void()> work);
   void SetPhase(Phase phase);
   void ShowNotes(Notes notes);
   void AddNote(const std::string &note);
@@ -110,6 +112,7 @@ class PrintDialog {
   PrinterChooser printers_;
   JobSender sender_;
 
+  Poller later_;
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;
   bool has_printer_ = false;

@@ -22,7 +22,6 @@ Retained<PrintDialogView *> NewView() {
       [[PrintDialogView alloc] initWithFrame:NSMakeRect(0, 0, 560, 480)]);
 }
 
-
 // The two option choices, in an order of their own: a pair is the same pair the other way round.
 std::set<std::string> Pair(const PPDConflict &conflict) {
   const auto name = [](const PPDOption &option) {
@@ -62,7 +61,10 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
               {.shown = [this] { FitWindow(); },
                .panels_left_out = [this] { TellOfLeftOut(); },
                .refused = [this](const std::string &message) { AddNote(message); },
-               .option_chosen = [this](const std::string &keyword) { AskAboutConflicts(keyword); },
+               .option_chosen =
+                   [this](const std::string &keyword) {
+                     AfterThisEvent([this, keyword] { AskAboutConflicts(keyword); });
+                   },
                .job_summary = [this] { return JobSummary(); }}),
       presets_([view_.get() presets], std::move(presets),
                {
@@ -73,7 +75,6 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       printers_(
           [view_.get() printers], PrintServer(job_.limit), job_.queue,
           {.asking = [this](const std::string &question) { ShowQuestion(question); },
-           .still_asking = [this] { [waiting_.get() turn]; },
            .failed = [this](const std::string &reason) { ShowNoAnswer(reason); },
            .answered = [this](const Queue &queue,
                               std::optional<PPDFile> ppd) { UsePrinter(queue, std::move(ppd)); }}),
@@ -108,6 +109,8 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                      End(DialogEnd::kJobFailed);
                    }}) {
   TieControls();
+  SetPhase(Phase::kNoPrinter);
+  ShowFields();
   presets_.Select(job_.preset.empty() ? kDefaultSettings : job_.preset);
 }
 
@@ -122,7 +125,7 @@ void PrintDialog::TieControls() {
       [[WaitingView alloc] initWithWidth:kUsualPanelSize.width - 40]);
   actions_.Tie([waiting_.get() retry], [this] { printers_.Retry(); });
   actions_.Tie([view printers], [this] { ChoosePrinter(); });
-  actions_.Tie([view presets], [this] { presets_.Choose(); });
+  actions_.Tie([view presets], [this] { AfterThisEvent([this] { presets_.Choose(); }); });
   actions_.Tie([view panels], [this] { panels_.ShowChosen(); });
   actions_.Tie([view copiesStepper],
                [view] { [[view copies] setIntValue:[[view copiesStepper] intValue]]; });
@@ -182,7 +185,7 @@ void PrintDialog::ShowQuestion(const std::string &question) {
 }
 
 void PrintDialog::ShowNoAnswer(const std::string &reason) {
-  [waiting_.get() showFailure:[String(reason) stringByAppendingString:@"."]];
+  [waiting_.get() showFailure:Sentence(reason)];
   [view_.get() setPanelView:waiting_.get()];
   [window_.get() makeFirstResponder:[waiting_.get() retry]];
   Complain(reason);
@@ -373,6 +376,14 @@ void PrintDialog::End(DialogEnd end) {
   end_ = end;
 }
 
+// A menu that was chosen from is still open while its action runs.
+void PrintDialog::AfterThisEvent(std::function<void()> work) {
+  later_ = Poller([work = std::move(work)] {
+    work();
+    return true;
+  });
+}
+
 void PrintDialog::SetPhase(Phase phase) {
   phase_ = phase;
   PrintDialogView *view = view_.get();
@@ -390,6 +401,7 @@ void PrintDialog::SetPhase(Phase phase) {
 }
 
 void PrintDialog::ShowNotes(Notes notes) {
+  for (const std::string &note : notes) Complain("note: " + note);
   notes_ = std::move(notes);
   ShowNotices();
 }
@@ -411,8 +423,9 @@ void PrintDialog::TellOfLeftOut() {
 void PrintDialog::ShowNotices() {
   std::string text;
   const auto add = [&text](const std::string &line) { text += (text.empty() ? "" : "\n") + line; };
-  for (const std::string &note : notes_) add(note);
-  for (const LeftOut &one : extensions_.left_out()) add(one.name + " is left out: " + one.reason);
+  for (const std::string &note : notes_) add(Text(Sentence(note)));
+  for (const LeftOut &one : extensions_.left_out())
+    add(Text(Sentence(one.name + " is left out: " + one.reason)));
   [view_.get() setNotices:String(text)];
   FitWindow();
 }

@@ -18,7 +18,7 @@
   NSTextField *_copiesCaption, *_pagesCaption, *_pagesHint;
   NSTextField *_copies, *_pages;
   NSStepper *_copiesStepper;
-  NSBox *_upperLine, *_lowerLine;
+  NSBox *_leftLine, *_rightLine, *_lowerLine;
   NSPopUpButton *_panels;
   NSScrollView *_area;
   NSButton *_help;

@@ -39,15 +39,6 @@ NSBox *Line() {
   return line;
 }
 
-// The area starts at the top, whatever is in it.
-NSView *AreaContent(NSView *view, NSSize area) {
-  const NSSize size = [view frame].size;
-  NSView *content = [[[FlippedView alloc]
-      initWithFrame:NSMakeRect(0, 0, std::max(size.width, area.width),
-                               std::max(size.height, area.height))] autorelease];
-  return content;
-}
-
 }  // namespace
 
 @implementation PrintDialogView
@@ -85,12 +76,10 @@ NSView *AreaContent(NSView *view, NSSize area) {
   _pages = [TextBox(nil) retain];
   _pagesHint = [Label(@"such as 1-3, 5; empty: all") retain];
   [_pagesHint setTextColor:[_printerInfo textColor]];
-  _upperLine = [Line() retain];
+  _leftLine = [Line() retain];
+  _rightLine = [Line() retain];
   _panels = [PopUpButton(nil, nullptr) retain];
   _area = [[NSScrollView alloc] initWithFrame:NSZeroRect];
-  [_area setHasVerticalScroller:YES];
-  [_area setHasHorizontalScroller:YES];
-  [_area setAutohidesScrollers:YES];
   [_area setBorderType:NSNoBorder];
   [_area setDrawsBackground:NO];
   _lowerLine = [Line() retain];
@@ -107,11 +96,10 @@ NSView *AreaContent(NSView *view, NSSize area) {
   _print = [PushButton(@"Print", nil, nullptr) retain];
   [_print setKeyEquivalent:@"\r"];
   for (NSView *view in @[
-         _notices,   _printerCaption, _printers,     _printerInfo,   _presetCaption,
-         _presets,   _copiesCaption,  _copies,       _copiesStepper, _pagesCaption,
-         _pages,     _pagesHint,      _upperLine,    _panels,        _area,
-         _lowerLine, _help,           _progressText, _progress,      _cancel,
-         _print
+         _notices,       _printerCaption, _printers,      _printerInfo,  _presetCaption, _presets,
+         _copiesCaption, _copies,         _copiesStepper, _pagesCaption, _pages,         _pagesHint,
+         _leftLine,      _rightLine,      _panels,        _area,         _lowerLine,     _help,
+         _progressText,  _progress,       _cancel,        _print
        ]) {
     [self addSubview:view];
   }
@@ -120,11 +108,11 @@ NSView *AreaContent(NSView *view, NSSize area) {
 
 - (void)dealloc {
   for (NSView *view : std::initializer_list<NSView *>{
-           _notices,   _printerCaption, _printers,     _printerInfo,   _presetCaption,
-           _presets,   _copiesCaption,  _copies,       _copiesStepper, _pagesCaption,
-           _pages,     _pagesHint,      _upperLine,    _panels,        _area,
-           _lowerLine, _help,           _progressText, _progress,      _cancel,
-           _print}) {
+           _notices, _printerCaption, _printers, _printerInfo,   _presetCaption,
+           _presets, _copiesCaption,  _copies,   _copiesStepper, _pagesCaption,
+           _pages,   _pagesHint,      _leftLine, _rightLine,     _panels,
+           _area,    _lowerLine,      _help,     _progressText,  _progress,
+           _cancel,  _print}) {
     [view release];
   }
   [super dealloc];
@@ -198,7 +186,9 @@ NSView *AreaContent(NSView *view, NSSize area) {
   const CGFloat panelsLeft = std::floor((size.width - panelsWidth) / 2);
   const CGFloat middle = y + kControlHeight / 2;
   [_panels setFrame:NSMakeRect(panelsLeft, y, panelsWidth, kControlHeight)];
-  [_upperLine setFrame:NSMakeRect(0, middle, panelsLeft - kGap, 1)];
+  const CGFloat lineWidth = panelsLeft - kGap;
+  [_leftLine setFrame:NSMakeRect(0, middle, lineWidth, 1)];
+  [_rightLine setFrame:NSMakeRect(size.width - lineWidth, middle, lineWidth, 1)];
   y += kControlHeight + kGap;
 
   const CGFloat bottom = size.height - kFooter;
@@ -220,20 +210,20 @@ NSView *AreaContent(NSView *view, NSSize area) {
 
 // Centered, at the top.
 - (void)placePanelView {
-  NSView *content = [_area documentView];
   NSView *view = [self panelView];
   if (view == nil) return;
-  [_area tile];
   const NSSize size = [view frame].size;
-  const NSSize area = [_area frame].size;
-  // What does not fit takes a scroller's room from the other direction.
-  [content
-      setFrameSize:NSMakeSize(std::max(size.width, area.width - (size.height > area.height
-                                                                     ? [NSScroller scrollerWidth]
-                                                                     : 0)),
-                              std::max(size.height, area.height))];
-  [view setFrameOrigin:NSMakePoint(std::floor(([content frame].size.width - size.width) / 2), 0)];
-  [_area reflectScrolledClipView:[_area contentView]];
+  NSSize area = [_area frame].size;
+  // Hiding them automatically does not end: each takes the room that keeps the other.
+  const BOOL tall = size.height > area.height;
+  if (tall) area.width -= [NSScroller scrollerWidth];
+  const BOOL wide = size.width > area.width;
+  if (wide) area.height -= [NSScroller scrollerWidth];
+  [_area setHasVerticalScroller:tall];
+  [_area setHasHorizontalScroller:wide];
+  [[_area documentView] setFrameSize:NSMakeSize(std::max(size.width, area.width),
+                                                std::max(size.height, area.height))];
+  [view setFrameOrigin:NSMakePoint(std::floor(std::max(0.0, area.width - size.width) / 2), 0)];
 }
 
 - (NSView *)panelView {
@@ -262,7 +252,7 @@ NSView *AreaContent(NSView *view, NSSize area) {
   NSView *content = nil;
   if (view != nil) {
     _panelKeyViews = KeyViewsOfPanel(view);
-    content = AreaContent(view, [_area frame].size);
+    content = [[[FlippedView alloc] initWithFrame:NSZeroRect] autorelease];
     [content addSubview:view];
   }
   [_area setDocumentView:content];

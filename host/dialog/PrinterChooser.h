@@ -19,7 +19,6 @@ class PrinterChooser {
  public:
   struct Callbacks {
     std::function<void(const std::string &question)> asking;  // a new question, for people
-    std::function<void()> still_asking;                       // now and then until it is answered
     std::function<void(const std::string &reason)> failed;
     std::function<void(const Queue &queue, std::optional<PPDFile> ppd)> answered;
   };

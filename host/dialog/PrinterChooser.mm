@@ -8,14 +8,10 @@ namespace {
 
 // Runs the question on a thread of its own, and hands its answer over on this one.
 template <typename Answer>
-Poller AskInBackground(std::function<Answer()> question, std::function<void()> still_asking,
-                       std::function<void(Answer)> take) {
+Poller AskInBackground(std::function<Answer()> question, std::function<void(Answer)> take) {
   auto task = std::make_shared<BackgroundTask<Answer>>(std::move(question));
-  return Poller([task, still_asking = std::move(still_asking), take = std::move(take)] {
-    if (!task->HasEnded()) {
-      still_asking();
-      return false;
-    }
+  return Poller([task, take = std::move(take)] {
+    if (!task->HasEnded()) return false;
     take(task->Take());
     return true;
   });
@@ -32,9 +28,9 @@ PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::s
 
 void PrinterChooser::AskForQueues() {
   callbacks_.asking("Asking " + server_.Address() + " for its printers…");
-  poller_ = AskInBackground<QueuesAnswer>(
-      [server = server_] { return server.Queues(); }, callbacks_.still_asking,
-      [this](QueuesAnswer queues) { TakeQueues(std::move(queues)); });
+  poller_ =
+      AskInBackground<QueuesAnswer>([server = server_] { return server.Queues(); },
+                                    [this](QueuesAnswer queues) { TakeQueues(std::move(queues)); });
 }
 
 void PrinterChooser::TakeQueues(QueuesAnswer queues) {
@@ -47,7 +43,7 @@ void PrinterChooser::TakeQueues(QueuesAnswer queues) {
   });
   if (chosen == queues_.end() && !wanted_.empty()) {
     [pop_up_.get() selectItemAtIndex:-1];
-    return Fail("There is no printer \"" + wanted_ + "\" on " + server_.Address() +
+    return Fail("there is no printer \"" + wanted_ + "\" on " + server_.Address() +
                 "; choose another one above");
   }
   if (chosen == queues_.end()) chosen = queues_.begin();
@@ -66,7 +62,7 @@ void PrinterChooser::AskFor(const Queue &queue) {
   callbacks_.asking("Asking " + server_.Address() + " about " + queue.name + "…");
   poller_ = AskInBackground<PPDAnswer>(
       [server = server_, name = queue.name] { return server.PPDOfQueue(name); },
-      callbacks_.still_asking, [this](PPDAnswer ppd) { TakePPD(std::move(ppd)); });
+      [this](PPDAnswer ppd) { TakePPD(std::move(ppd)); });
 }
 
 void PrinterChooser::TakePPD(PPDAnswer ppd) {

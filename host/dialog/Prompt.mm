@@ -166,7 +166,7 @@ std::optional<std::string> AskForText(
     const std::optional<Failure> refusal = check(*answer);
     if (!refusal) break;
     answer.reset();
-    [prompt.get() setMessage:[String(refusal->message) stringByAppendingString:@"."]];
+    [prompt.get() setMessage:Sentence(refusal->message)];
   }
   [prompt.get() close];
   return answer;

@@ -19,8 +19,6 @@
 - (void)showWaiting:(NSString *)message;
 /// The message above a button that tries again.
 - (void)showFailure:(NSString *)message;
-/// Turns the spinner a step; it does not turn by itself.
-- (void)turn;
 
 @end
 

@@ -60,14 +60,18 @@ const CGFloat kTop = 40;
 
 - (void)showWaiting:(NSString *)message {
   [self show:message waiting:YES];
+  [_spinner startAnimation:nil];
 }
 
 - (void)showFailure:(NSString *)message {
+  [_spinner stopAnimation:nil];
   [self show:message waiting:NO];
 }
 
-- (void)turn {
-  [_spinner animate:nil];
+// The turning spinner is held by its timer.
+- (void)viewDidMoveToWindow {
+  [super viewDidMoveToWindow];
+  if ([self window] == nil) [_spinner stopAnimation:nil];
 }
 
 @end

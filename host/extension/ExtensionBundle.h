@@ -17,14 +17,18 @@ class ExtensionBundle {
  public:
   // Loads the bundle and makes its principal object, in the way that the object's class asks for:
   // initWithBundle: alone if it declares the protocol PDEPlugIn, init and a boolean initWithBundle:
-  // if not.
+  // if not. What the bundle raises meanwhile is a failure too.
   static Expected<ExtensionBundle> Load(const std::filesystem::path &path);
 
   NSBundle *bundle() const { return bundle_.get(); }
 
+  // Its name for people: CFBundleName, or its folder's.
+  std::string Name() const;
+
   // The panels for the print dialog, in the order of the panel types that the dialog asks for:
-  // print dialog, application, printer module. Raises what the bundle raises.
-  NSArray *Panels(HostCallback *host) const;
+  // print dialog, application, printer module. The failure: the bundle raised, or answered
+  // something that is no array.
+  Expected<Retained<NSArray *>> Panels(HostCallback *host) const;
 
   // Why the bundle offers no panel for this printer, as far as its Info.plist tells: under
   // PDESupportAttribute the Keyword and the Value of the PPD attribute that it looks for.
@@ -32,12 +36,10 @@ class ExtensionBundle {
 
  private:
   ExtensionBundle(NSBundle *bundle, Retained<id> principal);
+  static Expected<ExtensionBundle> Open(const std::filesystem::path &path);
 
   Retained<NSBundle *> bundle_;
   Retained<id> principal_;
 };
-
-// What the bundle raised, for people. The bundle may be nil: not loaded yet.
-std::string DescribeException(NSBundle *bundle, NSException *exception);
 
 #endif

@@ -1,55 +1,94 @@
 #include "host/extension/ExtensionBundle.h"
 
+#include "host/extension/Guarded.h"
+
 // How a principal object that does not declare the protocol PDEPlugIn takes its bundle.
 @protocol TwoStepPlugIn
 - (BOOL)initWithBundle:(NSBundle *)bundle;
 @end
 
+namespace {
+
+// The bundle that has brought this bundle's principal class already; nil: none. The runtime ends
+// the program if the same classes are loaded from two bundles.
+NSBundle *OtherOwnerOfPrincipalClass(NSBundle *bundle) {
+  id name = [bundle objectForInfoDictionaryKey:@"NSPrincipalClass"];
+  if (![name isKindOfClass:[NSString class]]) return nil;
+  Class known = NSClassFromString(name);
+  if (![known instancesRespondToSelector:@selector(PDEPanelsForType:withHostInfo:)]) return nil;
+  NSBundle *owner = [NSBundle bundleForClass:known];
+  return owner == bundle || owner == [NSBundle mainBundle] ? nil : owner;
+}
+
+}  // namespace
+
 ExtensionBundle::ExtensionBundle(NSBundle *bundle, Retained<id> principal)
     : bundle_(Retained<NSBundle *>::Share(bundle)), principal_(std::move(principal)) {}
 
 Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &path) {
-  const auto failure = [&path](const std::string &why) {
-    return Failure{"cannot load bundle " + path.string() + ": " + why};
-  };
+  Expected<ExtensionBundle> result = Failure{};
+  if (auto raised = WhatRaises([&] { result = Open(path); })) result = Failure{"it " + *raised};
+  if (result) return result;
+  return Failure{"cannot load bundle " + path.string() + ": " + result.message()};
+}
+
+Expected<ExtensionBundle> ExtensionBundle::Open(const std::filesystem::path &path) {
   NSFileManager *files = [NSFileManager defaultManager];
   NSString *place = [files stringWithFileSystemRepresentation:path.c_str()
                                                        length:path.native().size()];
+  if (place == nil) return Failure{"the platform does not take its path for text"};
   NSBundle *bundle = [NSBundle bundleWithPath:place];
-  if (bundle == nil) return failure("not a bundle");
-  if ([bundle executablePath] == nil) return failure("its Info.plist names no executable in it");
-  if (![bundle load]) return failure("its executable does not load");
+  if (bundle == nil) return Failure{"not a bundle"};
+  if ([bundle executablePath] == nil) return Failure{"its Info.plist names no executable in it"};
+  if (NSBundle *other = OtherOwnerOfPrincipalClass(bundle)) {
+    return Failure{"its principal class has been loaded from " + Words([other bundlePath])};
+  }
+  if (![bundle load]) return Failure{"its executable does not load"};
 
   Class principalClass = [bundle principalClass];
-  if (principalClass == nil) return failure("no principal class");
+  if (principalClass == nil) return Failure{"no principal class"};
   if (![principalClass instancesRespondToSelector:@selector(PDEPanelsForType:withHostInfo:)]) {
-    return failure("its principal class is no print-dialog extension");
+    return Failure{"its principal class is no print-dialog extension"};
   }
   // By name: here @protocol() answers one that no class of another image conforms to.
   if ([principalClass conformsToProtocol:NSProtocolFromString(@"PDEPlugIn")]) {
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the handle takes the object over
     id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
     auto principal = Retained<id>::Adopt(object);
-    if (principal.get() == nil) return failure("its principal object refuses the bundle");
+    if (principal.get() == nil) return Failure{"its principal object refuses the bundle"};
     return ExtensionBundle(bundle, std::move(principal));
   }
   auto principal = Retained<id>::Adopt([[principalClass alloc] init]);
   if (![(id<TwoStepPlugIn>)principal.get() initWithBundle:bundle]) {
-    return failure("its principal object refuses the bundle");
+    return Failure{"its principal object refuses the bundle"};
   }
   return ExtensionBundle(bundle, std::move(principal));
 }
 
-NSArray *ExtensionBundle::Panels(HostCallback *host) const {
-  NSMutableArray *panels = [NSMutableArray array];
-  for (NSString *type in @[
-         (NSString *)kGeneralPrintDialogTypeIDStr, (NSString *)kAppPrintDialogTypeIDStr,
-         (NSString *)kPrinterModuleTypeIDStr
-       ]) {
-    NSArray *offered = [(id<PDEPlugIn>)principal_.get() PDEPanelsForType:type withHostInfo:host];
-    if (offered != nil) [panels addObjectsFromArray:offered];
-  }
-  return panels;
+std::string ExtensionBundle::Name() const {
+  id name = [bundle_.get() objectForInfoDictionaryKey:@"CFBundleName"];
+  if ([name isKindOfClass:[NSString class]] && [name length] > 0) return Words(name);
+  return Words([[[bundle_.get() bundlePath] lastPathComponent] stringByDeletingPathExtension]);
+}
+
+Expected<Retained<NSArray *>> ExtensionBundle::Panels(HostCallback *host) const {
+  auto panels = Retained<NSMutableArray *>::Adopt([[NSMutableArray alloc] init]);
+  const std::string place = "the bundle " + Words([bundle_.get() bundlePath]);
+  bool all_are_arrays = true;
+  const auto raised = WhatRaises([&] {
+    for (NSString *type in @[
+           (NSString *)kGeneralPrintDialogTypeIDStr, (NSString *)kAppPrintDialogTypeIDStr,
+           (NSString *)kPrinterModuleTypeIDStr
+         ]) {
+      id offered = [(id<PDEPlugIn>)principal_.get() PDEPanelsForType:type withHostInfo:host];
+      if (offered == nil) continue;
+      all_are_arrays = all_are_arrays && [offered isKindOfClass:[NSArray class]];
+      if (all_are_arrays) [panels.get() addObjectsFromArray:offered];
+    }
+  });
+  if (raised) return Failure{place + ' ' + *raised};
+  if (!all_are_arrays) return Failure{place + " answered panels that are no array"};
+  return Retained<NSArray *>::Share(panels.get());
 }
 
 std::string ExtensionBundle::ReasonForNoPanel(const PPDFile &ppd) const {
@@ -71,12 +110,4 @@ std::string ExtensionBundle::ReasonForNoPanel(const PPDFile &ppd) const {
   }
   return "the bundle is incomplete: it makes no panel although " + keyword + " is \"" + value +
          "\"";
-}
-
-std::string DescribeException(NSBundle *bundle, NSException *exception) {
-  std::string text = bundle == nil ? "an extension bundle"
-                                   : "the bundle " + std::string([[bundle bundlePath] UTF8String]);
-  text += std::string(" raised ") + [[exception name] UTF8String];
-  if (NSString *reason = [exception reason]) text += std::string(": ") + [reason UTF8String];
-  return text;
 }

@@ -4,7 +4,10 @@
 #define HOST_EXTENSION_EXTENSIONS_H
 
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -29,11 +32,13 @@ class Extensions {
   // not load; or none was found at all.
   static Expected<Extensions> Load(const std::filesystem::path &named);
 
-  // Also loads what the PPD file names with APDialogExtension and is not loaded yet.
+  // Also loads what the PPD file names with APDialogExtension and is not loaded yet: paths as the
+  // real platform installs them, so that a bundle of the same folder name is taken for the one that
+  // is meant where there is nothing at the path.
   void LoadNamedBy(const PPDFile &ppd);
 
-  // New panels of all bundles for this host, in the order of the bundles. A bundle or panel that
-  // misbehaves is left out; others stay.
+  // New panels of all bundles for this host, in the order of the bundles, one of a kind. A bundle
+  // or panel that misbehaves is left out; others stay.
   ExtensionPanels Panels(HostCallback *host);
 
   // Why no bundle offers a panel for this printer, for people; null: a printer without PPD file.
@@ -41,14 +46,25 @@ class Extensions {
 
   const std::vector<ExtensionBundle> &bundles() const { return bundles_; }
   // All that the bundles let be changed without their panels; a bundle without setting info: none.
-  std::vector<Setting> Settings() const;
+  const std::vector<Setting> &Settings() const { return settings_; }
   // What was left out so far, in the order of events; nothing twice.
   const std::vector<LeftOut> &left_out() const { return left_out_; }
   void LeaveOut(const ExtensionPanel &panel);  // one that has shown a fault
 
  private:
+  Extensions() = default;
+  // The failure: it does not load. One that was here already is passed over.
+  std::optional<Failure> Add(const std::filesystem::path &path);
+  void LeaveOut(const std::string &name, const std::string &reason);
+  void LeaveOut(NSBundle *bundle, const std::string &reason);
+
   std::vector<ExtensionBundle> bundles_;
+  std::vector<Setting> settings_;
   std::vector<LeftOut> left_out_;
+  std::set<std::filesystem::path> paths_;  // of all that were tried, without links
+  std::set<std::string> identifiers_;      // likewise
+  // Why bundles are without a panel since panels were asked for last, other than by their choice.
+  std::map<NSBundle *, std::string> troubles_;
 };
 
 #endif

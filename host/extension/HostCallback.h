@@ -12,8 +12,11 @@
   ppd_file_t *_ppdFile;
 }
 
-/// Retains the settings. The PPD file must outlive the object.
+/// Retains the settings. The PPD file must outlive the object, or be forgotten in time.
 - (instancetype)initWithPrintSettings:(PMPrintSettings)printSettings ppdFile:(ppd_file_t *)ppdFile;
+
+/// Answers no PPD file from now on (NULL), to whoever still holds the object.
+- (void)forgetPPDFile;
 
 @end
 

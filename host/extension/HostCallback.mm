@@ -16,6 +16,10 @@
   [super dealloc];
 }
 
+- (void)forgetPPDFile {
+  _ppdFile = nullptr;
+}
+
 - (PMPrintSession)printSession {
   return nullptr;
 }

@@ -51,7 +51,7 @@ std::string ReasonAgainstChoice(const PPDOption &option, const std::string &valu
   return reason;
 }
 
-std::optional<std::string> ReasonIn(Expected<std::string> parsed) {
+std::optional<std::string> ReasonIn(const Expected<std::string> &parsed) {
   if (parsed) return std::nullopt;
   return parsed.message();
 }

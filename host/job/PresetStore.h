@@ -9,10 +9,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-
-// The names that every list of presets begins with; no preset can have them.
-inline constexpr char kDefaultSettings[] = "Default Settings";
-inline constexpr char kLastUsed[] = "Last Used";
+#include "host/job/PresetName.h"
 
 struct Preset {
   std::string name;
@@ -23,7 +20,7 @@ struct Preset {
 class PresetStore {
  public:
   // A folder that need not be there yet, and folders of presets for all users, the first ones
-  // first.
+  // first. An empty folder: the user has none, and nothing can be written.
   PresetStore(std::filesystem::path folder, std::vector<std::filesystem::path> folders_for_all);
 
   // $XDG_CONFIG_HOME/pdeprint/presets, or ~/.config/pdeprint/presets; for all users
@@ -31,12 +28,11 @@ class PresetStore {
   static PresetStore OfUser();
 
   // By name. A user's own preset hides one for all users that has the same name. Nothing is read
-  // but the folders.
+  // but the folders; one that cannot be read counts as empty. What else lies in them is left alone.
   std::vector<Preset> List() const;
   std::optional<Preset> Find(const std::string &name) const;
 
-  // Why no preset can have this name: empty, blank at an end, too long for a file, not UTF-8,
-  // control characters, or one of the two names above, in any case of letters.
+  // Why no preset can have this name; see PresetName.h.
   std::optional<Failure> CheckName(const std::string &name) const;
 
   // Where a preset of this name is, or will be, stored. Makes the folder, so that it can be
@@ -52,6 +48,8 @@ class PresetStore {
   Expected<std::filesystem::path> LastUsedPathForWriting() const;
 
  private:
+  std::optional<Failure> MakeFolder() const;
+
   std::filesystem::path folder_;
   std::vector<std::filesystem::path> folders_for_all_;
 };

@@ -4,8 +4,11 @@
 #ifndef HOST_SESSION_JOBSESSION_H
 #define HOST_SESSION_JOBSESSION_H
 
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/base/Expected.h"
@@ -13,8 +16,8 @@
 #include "host/extension/Extensions.h"
 #include "host/job/JobTicket.h"
 
-using Notes =
-    std::vector<std::string>;  // what the user should know, a sentence without full stop each
+// What the user should know, a sentence without full stop each.
+using Notes = std::vector<std::string>;
 
 class JobSession {
  public:
@@ -24,17 +27,19 @@ class JobSession {
   JobSession(const JobSession &) = delete;
   JobSession &operator=(const JobSession &) = delete;
 
-  // Changes the printer: asks all bundles for panels anew, which restore themselves when they are
-  // shown. Settings that do not fit are taken away, each with a note. The panels of the printer
-  // before must be out of the window. The defaults are the queue's; no PPD file: the queue has
-  // none.
+  // Changes the printer: also loads the bundles that the PPD file names, and asks all bundles for
+  // panels anew, which restore themselves when they are shown. Settings that do not fit are taken
+  // away, each with a note. The panels of the printer before must be out of the window. The
+  // defaults are the queue's; no PPD file: the queue has none, and no panels.
   Notes UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults);
 
-  // Replaces all settings, by those of a ticket or preset. What does not fit the printer is taken
-  // away, each with a note. Panels in the window must be restored afterwards.
+  // Replaces all settings, by those of a ticket or preset. What does not fit the printer, if there
+  // is one yet, is taken away, each with a note. Panels in the window must be restored afterwards.
   Notes UseSettings(PrintSettings settings);
 
   const PPDFile *ppd() const { return ppd_ ? &*ppd_ : nullptr; }
+  // Always the same object. What panels claim and the user has not set is set here to what the job
+  // would be printed with, for the panels to show; it gives way when the printer changes.
   PMPrintSettings settings() const { return settings_.get(); }
   const ExtensionPanels &panels() const { return panels_; }
   // Drops the panels that have shown a fault; they are then among the bundles left out.
@@ -59,16 +64,34 @@ class JobSession {
   // the printer. Conflicts of choices are not looked at.
   std::optional<Failure> ReasonNotToPrint();
 
-  // The localized summary of every panel, under its name.
+  // The localized summary of every panel that has one, under its name.
   std::vector<std::pair<std::string, SummaryLines>> Summary();
 
  private:
+  void DropPrinter();
+  std::set<std::string> Claimed() const;
+  void LearnPrinterSpecificKeywords();
+  bool IsAllowed(const std::string &keyword, const std::string &value) const;
+  std::string DefaultOf(const std::string &keyword) const;
+
+  // What must not reach a panel: values that are no text, and those that a bundle's setting info
+  // does not allow.
+  void TakeAwayBadValues(Notes &notes);
+  void TakeAwayUnfitOptions(Notes &notes);
+  void TakeAway(const std::string &keyword, const std::string &why, Notes &notes);
+  void SetDefaults(const std::set<std::string> &keywords);
+
+  // Declared in the order of dependence: the panels go first, the PPD file late.
   Extensions &extensions_;
   std::optional<PPDFile> ppd_;
   JobOptions defaults_;
   PrintSettings settings_;
   Retained<HostCallback *> host_;
   ExtensionPanels panels_;
+  bool has_printer_ = false;
+  std::set<std::string> printer_specific_;  // of all printers so far
+  JobOptions defaults_set_;    // by this object, and not changed since, if they still hold
+  JobOptions panel_defaults_;  // what panels set by themselves
 };
 
 #endif

@@ -38,31 +38,6 @@ OBJC_TEST(DialogWindow, LivesOnWhenAnEventRaises) {
   EXPECT_EQUAL_OBJECTS(@"8", panel.StartNumber());
 }
 
-OBJC_TEST(DialogWindow, ReturnAndEscapeCloseIt) {
-  for (const char *key : {"Return", "Escape"}) {
-    PanelOnScreen panel;
-    panel.Press({key});
-    EXPECT_FALSE([panel.window() isVisible]) << key;
-  }
-}
-
-OBJC_TEST(DialogWindow, ReturnClosesItFromTheBoxAndKeepsTheNumber) {
-  PanelOnScreen panel(NumberingFrom(@"1"));
-  panel.FocusStartNumber();
-  panel.Type("25");
-  panel.Press({"Return"});
-  EXPECT_FALSE([panel.window() isVisible]);
-  EXPECT_EQUAL_OBJECTS(@"25", [panel.SavedSettings() objectForKey:@"VQStartNumber"]);
-}
-
-OBJC_TEST(DialogWindow, ShowsThePanelWholeAboveItsButton) {
-  PanelOnScreen panel;
-  NSView *view = panel[@"view"];
-  NSView *content = [panel.window() contentView];
-  EXPECT_TRUE(NSContainsRect([content bounds], [view frame]));
-  EXPECT_EQ(NSMaxY([content bounds]), NSMaxY([view frame]));
-}
-
 OBJC_TEST(DialogWindow, APictureOfThePanelIsAPngOfItsSize) {
   PanelOnScreen panel;
   NSBitmapImageRep *picture = [NSBitmapImageRep imageRepWithData:PictureOfView(panel[@"view"])];

@@ -1,13 +1,15 @@
-// The panel in a real window, worked with real key and mouse events.
+// The panel in the print dialog, worked with real key and mouse events.
 
 #ifndef TESTS_GUI_PANELONSCREEN_H
 #define TESTS_GUI_PANELONSCREEN_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
-#import "host/dialog/DialogWindow.h"
+#include "host/dialog/PrintDialog.h"
 #import "tests/bundle/BuiltBundle.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
 class PanelOnScreen {
@@ -19,7 +21,8 @@ class PanelOnScreen {
   PanelOnScreen &operator=(const PanelOnScreen &) = delete;
 
   id operator[](NSString *outlet) const { return Outlet(panel_, outlet); }
-  DialogWindow *window() const { return window_; }
+  PrintDialog &dialog() const { return *dialog_; }
+  NSWindow *window() const { return dialog_->window(); }
   NSString *StartNumber() const { return [(*this)[@"textBoxStartNumber"] stringValue]; }
   // The outlet's name of the control that has the focus, nil where it is none of the panel's.
   NSString *FocusedOutlet() const;
@@ -48,9 +51,10 @@ class PanelOnScreen {
 
  private:
   TestPPD ppd_;
-  TestHost *host_;
+  TemporaryFolder presets_;
+  Extensions extensions_;
+  std::unique_ptr<PrintDialog> dialog_;
   id<PDEPanel> panel_;
-  DialogWindow *window_;
 };
 
 // The job's settings with numbering on and this start number.

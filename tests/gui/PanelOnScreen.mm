@@ -3,6 +3,7 @@
 #include <functional>
 
 #import "host/dialog/Appearance.h"
+#include "host/job/JobTicket.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {
@@ -88,34 +89,39 @@ void RunMouse(std::initializer_list<Words> steps) {
 const Words kMouseDown = {"mousedown", "1"};
 const Words kMouseUp = {"mouseup", "1", "sleep", "0.1"};
 
+Extensions LoadBuiltBundle() {
+  Expected<Extensions> extensions = Extensions::Load(BINARY_DIRECTORY "/BackgroundNumbering.plugin");
+  return std::move(*extensions);
+}
+
 }  // namespace
 
 PanelOnScreen::PanelOnScreen(NSDictionary *settings, const char *printer)
-    : ppd_(printer), host_([[TestHost hostWithPPD:ppd_.get()] retain]) {
-  for (NSString *key in settings) [host_ setValue:[settings objectForKey:key] forSetting:key];
-  panel_ = [NewPanel(host_) retain];
-  NSView *view = [panel_ panelView];
-  [panel_ willShow];
-  window_ = [[DialogWindow alloc] initWithTitle:[panel_ panelName] panelView:view];
-  [NSApp activateIgnoringOtherApps:YES];
-  [window_ center];
-  [window_ makeKeyAndOrderFront:nil];
-  HandleEventsUntil([this] { return [window_ isVisible] && [window_ isKeyWindow]; });
-  Run({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^Background Numbering$",
+    : ppd_(printer), extensions_(LoadBuiltBundle()) {
+  PrintDialogJob job;
+  Expected<PPDFile> ppd = PPDFile::Open(ppd_.path());
+  job.ppd = std::move(*ppd);
+  job.settings = EmptyPrintSettings();
+  for (NSString *key in settings) {
+    PMPrintSettingsSetValue(job.settings.get(), (CFStringRef)key, [settings objectForKey:key],
+                            false);
+  }
+  dialog_ = std::make_unique<PrintDialog>(std::move(job), extensions_,
+                                          PresetStore(presets_.path() / "presets", {}));
+  dialog_->Open();
+  panel_ = dialog_->session().panels().front()->panel();
+  HandleEventsUntil([this] { return [window() isVisible] && [window() isKeyWindow]; });
+  Run({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^Print Settings$",
        "windowactivate", "--sync"});
 }
 
 PanelOnScreen::~PanelOnScreen() {
-  [window_ orderOut:nil];
-  [window_ removePanelView];
+  dialog_.reset();
   HandleEventsUntilSettled();
-  [window_ release];
-  [panel_ release];
-  [host_ release];
 }
 
 NSString *PanelOnScreen::FocusedOutlet() const {
-  NSResponder *focused = [window_ firstResponder];
+  NSResponder *focused = [window() firstResponder];
   for (NSString *outlet in @[
          @"functionValid", @"popUpSize", @"popUpDensity", @"popUpColor", @"textBoxStartNumber",
          @"stepperStartNumber", @"defaultButton"
@@ -173,7 +179,9 @@ void PanelOnScreen::FocusStartNumber() {
 
 NSDictionary *PanelOnScreen::SavedSettings() {
   EXPECT_TRUE([panel_ saveValuesAndReturnError:nullptr]);
-  return [host_ allSettings];
+  CFDictionaryRef settings = nullptr;
+  PMPrintSettingsCopyAsDictionary(dialog_->session().settings(), &settings);
+  return [(NSDictionary *)settings autorelease];
 }
 
 NSDictionary *NumberingFrom(NSString *start_number) {

@@ -241,12 +241,9 @@ TEST(SettingsVerb, AnswersInJson) {
 TEST(SettingsVerb, RefusesAnUnknownNameAndNamesTheKnownOnes) {
   EXPECT_EQ(
       "pdeprint: --set Colour=Red: there is no setting \"Colour\"; there are Color, Density, Size, "
-      "StartNumber, Valid\n",
+      "StartNumber, Valid, the options of the printer and of every job, such as copies\n",
       RefusalOf("Colour=Red"));
-  // Names of keys and options are none.
-  EXPECT_TRUE(Contains(RefusalOf("VQBNColor=Red"), "there is no setting \"VQBNColor\""));
   EXPECT_TRUE(Contains(RefusalOf("color=Red"), "there is no setting \"color\""));
-  EXPECT_TRUE(Contains(RefusalOf("=Red"), "there is no setting \"\""));
   EXPECT_TRUE(Contains(RefusalOf("Größe=Red"), "there is no setting \"Größe\""));
 }
 
@@ -447,11 +444,16 @@ TEST(Program, RefusesWrongUsage) {
            Arguments{"--nothing"},
            Arguments{"check"},
            Arguments{"check", "--nothing", kColorPPD},
-           Arguments{"settings"},
+           Arguments{"bogus"},
            Arguments{"settings", "--ppd"},
            Arguments{"settings", "--ppd", kColorPPD, "stray"},
            Arguments{"settings", "--ppd", kColorPPD, "--snapshot", "x.png"},
-           Arguments{"show"},
+           Arguments{"show", "--ppd", kColorPPD, kColorPPD},
+           Arguments{"show", "--ppd", kColorPPD, "-d", "Office"},
+           Arguments{"settings", "--ppd", kColorPPD, "-d", "Office"},
+           Arguments{"queues", "--timeout", "0"},
+           Arguments{"queues", "--timeout", "soon"},
+           Arguments{"queues", "stray"},
            Arguments{"show", "--ppd", kColorPPD, "--json"},
            Arguments{"check", kColorPPD, "--ticket", "x.plist"},
            Arguments{"check", kColorPPD, "--plugin"},
@@ -472,11 +474,17 @@ TEST(Program, HelpsWithEachVerb) {
     EXPECT_TRUE(Contains(help.out, part)) << part << help.out;
   }
   const std::map<std::string, Arguments> options = {
-      {"show", {"--ppd FILE", "--ticket FILE", "--plugin BUNDLE", "--snapshot PNG", "REQUIRED"}},
-      {"check", {"PPD", "--plugin BUNDLE", "--json", "REQUIRED"}},
+      {"show",
+       {"--ppd FILE", "--ticket FILE", "--plugin BUNDLE", "--snapshot PNG", "--queue QUEUE",
+        "--preset PRESET", "--wait", "--timeout SECONDS"}},
+      {"print",
+       {"--queue QUEUE", "--ticket FILE", "--set NAME=VALUE", "--copies COPIES", "--wait",
+        "REQUIRED"}},
+      {"queues", {"--json", "--timeout SECONDS"}},
+      {"check", {"PPD", "--plugin BUNDLE", "--json", "--queue QUEUE"}},
       {"settings",
        {"--ppd FILE", "--ticket FILE", "--plugin BUNDLE", "--set NAME=VALUE", "--json",
-        "REQUIRED"}},
+        "--queue QUEUE"}},
   };
   for (const auto &[verb, parts] : options) {
     const RunResult result = RunPdeprint({verb, "--help"});
@@ -571,7 +579,7 @@ TEST(ShowVerb, FailsWithoutADisplayAndLeavesTheTicket) {
     EXPECT_EQ("", result.out);
     EXPECT_TRUE(Contains(result.err,
                          "pdeprint: there is no display to show a window on; set DISPLAY, or use "
-                         "`pdeprint settings`, which needs none\n"))
+                         "`pdeprint print` or `pdeprint settings`, which need none\n"))
         << result.err;
     EXPECT_EQ(before, ContentOf(ticket));
     EXPECT_FALSE(fs::exists(picture));

@@ -137,7 +137,7 @@ TEST(Show, ClosingPrintsTheChoicesAndSavesTheTicket) {
   TemporaryFolder folder;
   const std::string ticket = (folder.path() / "ticket.plist").string();
   Dialog dialog({"--ticket", ticket});
-  EXPECT_EQ("Background Numbering\n", dialog.Title());
+  EXPECT_EQ("Print Settings\n", dialog.Title());
   dialog.Press({"space", "Tab"});
   dialog.OpenMenu();
   dialog.Press({"Down"});
@@ -191,12 +191,12 @@ TEST(Show, AStoredValueThatNoControlCanShowGivesWayToTheDefault) {
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
   EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
-  for (const char *named : {"VQBNSize is \"Huge\"", "VQStartNumber is \"0\""}) {
+  for (const char *named : {"VQBNSize \"Huge\"", "VQStartNumber \"0\""}) {
     EXPECT_NE(std::string::npos, result.err.find(named)) << result.err;
   }
 }
 
-TEST(Show, TheSnapshotIsAPictureOfThePanelsSize) {
+TEST(Show, TheSnapshotIsAPictureOfTheDialogAroundThePanel) {
   const std::string layout = ContentOf(SOURCE_DIRECTORY "/resources/BackgroundNumbering.xib");
   std::smatch size;
   ASSERT_TRUE(std::regex_search(
@@ -209,8 +209,8 @@ TEST(Show, TheSnapshotIsAPictureOfThePanelsSize) {
   EXPECT_TRUE(result.out.ends_with("Picture: " + picture.string() + "\n")) << result.out;
   const std::string content = ContentOf(picture);
   ASSERT_TRUE(content.starts_with("\x89PNG\r\n\x1a\n"));
-  EXPECT_EQ(std::stoul(size[1]), BigEndian(content, 16));
-  EXPECT_EQ(std::stoul(size[2]), BigEndian(content, 20));
+  EXPECT_LT(std::stoul(size[1]), BigEndian(content, 16));
+  EXPECT_LT(std::stoul(size[2]), BigEndian(content, 20));
 }
 
 TEST(Show, EscapeWithAnOpenMenuClosesOnlyTheMenu) {
@@ -224,28 +224,33 @@ TEST(Show, EscapeWithAnOpenMenuClosesOnlyTheMenu) {
   dialog.OpenMenu();
   dialog.Press({"Down"});
   dialog.EndMenu("Return");
-  const RunResult result = dialog.Close("Escape");
+  const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
   EXPECT_EQ(Report("Medium", "Dark", "Black", "1"), result.out);
 }
 
-TEST(Show, TheWindowsCloseButtonSavesToo) {
-  TemporaryFolder folder;
-  const std::string ticket = (folder.path() / "ticket.plist").string();
-  Dialog dialog({"--ticket", ticket});
-  dialog.Press({"space"});
-  const RunResult result = dialog.Close("alt+F4");
-  EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
-  EXPECT_TRUE(fs::exists(ticket));
+TEST(Show, EscapeAndTheWindowsCloseButtonCancelAndChangeNothing) {
+  for (const char *key : {"Escape", "alt+F4"}) {
+    TemporaryFolder folder;
+    const std::string ticket = (folder.path() / "ticket.plist").string();
+    const std::string picture = (folder.path() / "dialog.png").string();
+    Dialog dialog({"--ticket", ticket, "--snapshot", picture});
+    dialog.Press({"space"});
+    const RunResult result = dialog.Close(key);
+    EXPECT_EQ(1, result.status) << key;
+    EXPECT_EQ("", result.out);
+    EXPECT_TRUE(result.err.ends_with("pdeprint: canceled; nothing was printed or saved\n"))
+        << result.err;
+    EXPECT_TRUE(fs::is_empty(folder.path())) << key;
+  }
 }
 
-TEST(Show, TabWalksAllControlsAndTheDoneButtonInACircle) {
+TEST(Show, TabWalksAllControlsInACircle) {
   Dialog dialog({});
   dialog.Press({"space", "Tab", "Tab", "Tab", "Tab"});
   dialog.Type("5");
-  // Restore Defaults, Done, the check box, size.
-  dialog.Press({"Tab", "Tab", "Tab", "Tab"});
+  // Restore Defaults, help, Cancel, Done, presets, copies, pages, panels, the check box, size.
+  dialog.Press(Arguments(10, "Tab"));
   dialog.OpenMenu();
   dialog.Press({"Up"});
   dialog.EndMenu("Return");

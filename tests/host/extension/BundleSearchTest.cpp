@@ -2,94 +2,91 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <optional>
+
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-fs::path ProgramFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
-fs::path InstalledFolder() {
-  return (ProgramFolder() / "../lib/GNUstep/Bundles").lexically_normal();
-}
+using Paths = std::vector<fs::path>;
 
-// Folders near this program, as far as they are not there already; they go with the object.
-class Folders {
+// The user's folder while the object lives; none: the variable is not set.
+class Home {
  public:
-  ~Folders() {
-    for (auto folder = made_.rbegin(); folder != made_.rend(); ++folder) fs::remove(*folder);
+  explicit Home(const std::optional<std::string> &value) {
+    if (const char *before = getenv("HOME")) before_ = before;
+    Set(value);
   }
-  fs::path Make(const fs::path &folder) {
-    if (fs::exists(folder)) return folder;
-    Make(folder.parent_path());
-    fs::create_directory(folder);
-    made_.push_back(folder);
-    return folder;
-  }
+  ~Home() { Set(before_); }
 
  private:
-  std::vector<fs::path> made_;
+  static void Set(const std::optional<std::string> &value) {
+    value ? setenv("HOME", value->c_str(), 1) : unsetenv("HOME");
+  }
+  std::optional<std::string> before_;
 };
 
-std::string Found(const fs::path &named = {}) {
-  Expected<fs::path> found = FindBundle(named);
-  return found ? found->string() : found.message();
+Paths FoldersBesideTheUsers() {
+  const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
+  return {here, here.parent_path() / "lib/GNUstep/Bundles", "/usr/local/lib/GNUstep/Bundles",
+          "/usr/lib/GNUstep/Bundles"};
 }
 
 }  // namespace
 
-TEST(BundleSearch, AnswersTheBundleThatIsNamed) {
+TEST(BundleFolders, AreTheProgramsThenTheUsersThenTheSystems) {
+  Home home("/home/someone");
+  Paths expected = FoldersBesideTheUsers();
+  expected.insert(expected.begin() + 2, "/home/someone/GNUstep/Library/Bundles");
+  EXPECT_EQ(expected, BundleFolders());
+}
+
+TEST(BundleFolders, AreFewerWithoutAHome) {
+  for (const std::optional<std::string> &none :
+       {std::optional<std::string>(), std::optional<std::string>(""),
+        std::optional<std::string>("relative")}) {
+    Home home(none);
+    EXPECT_EQ(FoldersBesideTheUsers(), BundleFolders());
+  }
+}
+
+TEST(BundlesIn, AreFoundByNameInEachFolder) {
+  TemporaryFolder first;
+  TemporaryFolder second;
+  for (const char *name : {"C.plugin", "A.plugin", "B.plugin"}) {
+    fs::create_directory(first.path() / name);
+  }
+  fs::create_directory(second.path() / "A.plugin");
+  EXPECT_EQ((Paths{second.path() / "A.plugin", first.path() / "A.plugin", first.path() / "B.plugin",
+                   first.path() / "C.plugin"}),
+            BundlesIn({second.path(), first.path()}));
+}
+
+TEST(BundlesIn, PassesOverWhatIsNoBundle) {
   TemporaryFolder folder;
-  Folders folders;
-  folders.Make(ProgramFolder() / "Beside.plugin");
-  fs::create_directory(folder.path() / "Any");
-  EXPECT_EQ((folder.path() / "Any").string(), Found(folder.path() / "Any"));
+  folder.Write("File.plugin", "");
+  fs::create_directory(folder.path() / "A.bundle");
+  fs::create_directory(folder.path() / "plugin");
+  fs::create_symlink(folder.path() / "absent", folder.path() / "Dangling.plugin");
+  EXPECT_EQ(Paths(), BundlesIn({folder.path()}));
 }
 
-TEST(BundleSearch, MakesTheNameAbsolute) {
+TEST(BundlesIn, PassesOverFoldersThatAreNotThere) {
   TemporaryFolder folder;
-  fs::create_directory(folder.path() / "Any");
-  const fs::path before = fs::current_path();
-  fs::current_path(folder.path());
-  const std::string found = Found("Any");
-  fs::current_path(before);
-  EXPECT_EQ((folder.path() / "Any").string(), found);
+  fs::create_directory(folder.path() / "A.plugin");
+  EXPECT_EQ(Paths{folder.path() / "A.plugin"},
+            BundlesIn({"/nowhere", folder.path(), folder.path() / "absent"}));
 }
 
-TEST(BundleSearch, RefusesANameThatIsNoFolder) {
+TEST(BundlesIn, AnswersAPathThatIsReachedTwiceOnce) {
   TemporaryFolder folder;
-  const fs::path file = folder.Write("file.plugin", "");
-  EXPECT_EQ("no bundle at " + file.string(), Found(file));
-  EXPECT_EQ("no bundle at /nowhere/x.plugin", Found("/nowhere/x.plugin"));
-}
-
-TEST(BundleSearch, SaysWhereItLookedInVain) {
-  EXPECT_EQ("no extension bundle (*.plugin) in " + ProgramFolder().string() + " or " +
-                InstalledFolder().string() + "; name one with --plugin",
-            Found());
-}
-
-TEST(BundleSearch, TakesTheFirstBesideTheProgram) {
-  Folders folders;
-  folders.Make(InstalledFolder() / "A.plugin");
-  folders.Make(ProgramFolder() / "C.plugin");
-  folders.Make(ProgramFolder() / "B.plugin");
-  folders.Make(ProgramFolder() / "A.bundle");
-  EXPECT_EQ((ProgramFolder() / "B.plugin").string(), Found());
-}
-
-TEST(BundleSearch, LooksWhereBundlesAreInstalled) {
-  Folders folders;
-  folders.Make(InstalledFolder() / "B.plugin");
-  folders.Make(InstalledFolder() / "A.plugin");
-  EXPECT_EQ((InstalledFolder() / "A.plugin").string(), Found());
-}
-
-TEST(BundleSearch, PassesOverAFileWithABundlesName) {
-  Folders folders;
-  const fs::path file = folders.Make(InstalledFolder()) / "A.plugin";
-  TemporaryFolder().Write(file, "");
-  folders.Make(InstalledFolder() / "B.plugin");
-  EXPECT_EQ((InstalledFolder() / "B.plugin").string(), Found());
-  fs::remove(file);
+  TemporaryFolder links;
+  fs::create_directory(folder.path() / "A.plugin");
+  fs::create_directory_symlink(folder.path() / "A.plugin", links.path() / "Other.plugin");
+  fs::create_directory_symlink(folder.path(), links.path() / "all");
+  EXPECT_EQ(Paths{folder.path() / "A.plugin"},
+            BundlesIn({folder.path(), links.path(), links.path() / "all", folder.path()}));
 }

@@ -20,6 +20,14 @@ std::string LoadFailure(const std::filesystem::path &path) {
   return bundle.message().substr(start.size());
 }
 
+// What a bundle offers; nil, with a failed test, where it is to blame.
+NSArray *PanelsOf(const ExtensionBundle &bundle, HostCallback *host) {
+  Expected<Retained<NSArray *>> panels = bundle.Panels(host);
+  if (panels) return [[panels->get() retain] autorelease];
+  ADD_FAILURE() << panels.message();
+  return nil;
+}
+
 // A bundle that loads, with a class of this program as its principal class.
 struct TestExtension : BundleFolder {
   explicit TestExtension(const std::string &principal, const std::string &entries = "")
@@ -107,6 +115,40 @@ const char kWantsTrue[] = "PDESupportAttribute = { Keyword = VQTest; Value = tru
 }
 @end
 
+@interface HostTestRaising : HostTestTwoStep
+@end
+
+@implementation HostTestRaising
+- (BOOL)initWithBundle:(NSBundle *)bundle {
+  (void)bundle;
+  [NSException raise:@"Trouble" format:@"no bundle"];
+  return YES;
+}
+@end
+
+@interface HostTestRaisingPanels : HostTestTwoStep
+@end
+
+@implementation HostTestRaisingPanels
+- (NSArray *)PDEPanelsForType:(NSString *)type withHostInfo:(id)host {
+  (void)host;
+  if ([type isEqual:(NSString *)kPrinterModuleTypeIDStr]) {
+    [NSException raise:@"Trouble" format:@"no panels"];
+  }
+  return @[];
+}
+@end
+
+@interface HostTestNoArray : HostTestTwoStep
+@end
+
+@implementation HostTestNoArray
+- (NSArray *)PDEPanelsForType:(NSString *)type withHostInfo:(id)host {
+  (void)host;
+  return [type isEqual:(NSString *)kPrinterModuleTypeIDStr] ? (NSArray *)@"panels" : @[];
+}
+@end
+
 OBJC_TEST(ExtensionBundle, LoadsTheBuiltBundle) {
   Expected<ExtensionBundle> bundle =
       ExtensionBundle::Load(BINARY_DIRECTORY "/BackgroundNumbering.plugin");
@@ -120,7 +162,7 @@ OBJC_TEST(ExtensionBundle, LoadsTheBuiltBundle) {
     auto host =
         Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings.get()
                                                                             ppdFile:ppd->get()]);
-    EXPECT_EQ(ppd == &supported ? 1u : 0u, [bundle->Panels(host.get()) count]);
+    EXPECT_EQ(ppd == &supported ? 1u : 0u, [PanelsOf(*bundle, host.get()) count]);
   }
 }
 
@@ -172,7 +214,7 @@ OBJC_TEST(ExtensionBundle, IsAskedForThePanelsOfEachTypeInOrder) {
     (NSString *)kGeneralPrintDialogTypeIDStr, (NSString *)kAppPrintDialogTypeIDStr,
     (NSString *)kPrinterModuleTypeIDStr
   ];
-  EXPECT_EQUAL_OBJECTS(expected, bundle->Panels(nil));
+  EXPECT_EQUAL_OBJECTS(expected, PanelsOf(*bundle, nil));
   EXPECT_EQUAL_OBJECTS(expected, AskedTypes());
 }
 
@@ -180,7 +222,7 @@ OBJC_TEST(ExtensionBundle, TakesItsBundleInTwoStepsWithoutTheProtocol) {
   TestExtension folder("HostTestTwoStep");
   Expected<ExtensionBundle> bundle = ExtensionBundle::Load(folder.path());
   ASSERT_TRUE(bundle) << bundle.message();
-  EXPECT_EQUAL_OBJECTS(@[ @"panel" ], bundle -> Panels(nil));
+  EXPECT_EQUAL_OBJECTS(@[ @"panel" ], PanelsOf(*bundle, nil));
 }
 
 OBJC_TEST(ExtensionBundle, NamesTheAttributeThatAPrinterLacks) {
@@ -220,10 +262,38 @@ OBJC_TEST(ExtensionBundle, MaySayWhatItLooksForInTheWrongKindOfValue) {
   }
 }
 
-OBJC_TEST(DescribeException, NamesTheBundleTheExceptionAndItsReason) {
-  NSBundle *bundle = [NSBundle bundleWithPath:@BINARY_DIRECTORY "/BackgroundNumbering.plugin"];
-  NSException *exception = [NSException exceptionWithName:@"Trouble" reason:@"größer" userInfo:nil];
-  EXPECT_EQ("the bundle " BINARY_DIRECTORY "/BackgroundNumbering.plugin raised Trouble: größer",
-            DescribeException(bundle, exception));
-  EXPECT_EQ("an extension bundle raised Trouble: größer", DescribeException(nil, exception));
+OBJC_TEST(ExtensionBundle, IsRefusedIfItRaisesWhileItLoads) {
+  EXPECT_EQ("it raised Trouble: no bundle", LoadFailure(TestExtension("HostTestRaising").path()));
+}
+
+OBJC_TEST(ExtensionBundle, IsToBlameForWhatItRaisesWhenAskedForPanels) {
+  TestExtension folder("HostTestRaisingPanels");
+  Expected<ExtensionBundle> bundle = ExtensionBundle::Load(folder.path());
+  ASSERT_TRUE(bundle) << bundle.message();
+  Expected<Retained<NSArray *>> panels = bundle->Panels(nil);
+  ASSERT_FALSE(panels);
+  EXPECT_EQ("the bundle " + folder.path().string() + " raised Trouble: no panels",
+            panels.message());
+}
+
+OBJC_TEST(ExtensionBundle, IsToBlameForPanelsThatAreNoArray) {
+  TestExtension folder("HostTestNoArray");
+  Expected<ExtensionBundle> bundle = ExtensionBundle::Load(folder.path());
+  ASSERT_TRUE(bundle) << bundle.message();
+  Expected<Retained<NSArray *>> panels = bundle->Panels(nil);
+  ASSERT_FALSE(panels);
+  EXPECT_EQ("the bundle " + folder.path().string() + " answered panels that are no array",
+            panels.message());
+}
+
+OBJC_TEST(ExtensionBundle, HasTheNameOfItsInfoOrElseOfItsFolder) {
+  const auto name = [](const std::string &entries) {
+    TestExtension folder("HostTestOneStep", entries);
+    Expected<ExtensionBundle> bundle = ExtensionBundle::Load(folder.path());
+    return bundle ? bundle->Name() : bundle.message();
+  };
+  EXPECT_EQ("Two words", name("CFBundleName = \"Two words\";"));
+  EXPECT_EQ("Test", name(""));
+  EXPECT_EQ("Test", name("CFBundleName = \"\";"));
+  EXPECT_EQ("Test", name("CFBundleName = ( Test );"));
 }

@@ -1,0 +1,187 @@
+#include "host/cups/JobTransfer.h"
+
+#include <fcntl.h>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "host/base/OneLine.h"
+#include "host/base/Utf8.h"
+#include "host/cups/QueueList.h"
+#include "host/cups/ServerConnection.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Small, so that also over a slow line something moves all the time.
+constexpr size_t kPiece = 8192;
+
+// As the protocol takes names.
+std::string Name(const std::string &text) {
+  constexpr size_t kLongest = 255;
+  std::string name = OnOneLine(ToUtf8(text));
+  if (name.size() > kLongest)
+    name = WithoutCutCharacter(std::string_view(name).substr(0, kLongest));
+  return name;
+}
+
+std::string FormatIn(const JobOptions &options) {
+  if (options.contains("raw")) return CUPS_FORMAT_RAW;
+  const auto format = options.find("document-format");
+  return format == options.end() ? CUPS_FORMAT_AUTO : format->second;
+}
+
+}  // namespace
+
+Expected<JobFile> JobFile::Open(const std::filesystem::path &path) {
+  const auto failure = [&path](const std::string &why) {
+    return Failure{"cannot print " + path.string() + ": " + why};
+  };
+  // A pipe that nobody writes to would not open at all.
+  const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return failure(errno == ENOENT ? "no such file" : std::strerror(errno));
+  JobFile file(path, descriptor, 0);
+  struct stat status;
+  if (fstat(descriptor, &status) != 0) return failure(std::strerror(errno));
+  if (S_ISDIR(status.st_mode)) return failure("it is a folder");
+  if (!S_ISREG(status.st_mode)) return failure("not a regular file");
+  if (status.st_size == 0) return failure("the file is empty");
+  file.size_ = status.st_size;
+  return file;
+}
+
+JobFile::JobFile(std::filesystem::path path, int file, long long size)
+    : path_(std::move(path)), file_(file), size_(size) {}
+
+JobFile::JobFile(JobFile &&other) noexcept
+    : path_(std::move(other.path_)), file_(std::exchange(other.file_, -1)), size_(other.size_) {}
+
+JobFile::~JobFile() {
+  if (file_ >= 0) close(file_);
+}
+
+ssize_t JobFile::Read(char *bytes, size_t count) {
+  ssize_t length;
+  do {
+    length = read(file_, bytes, count);
+  } while (length < 0 && errno == EINTR);
+  return length;
+}
+
+JobTransfer::JobTransfer(JobRequest request, std::vector<JobFile> files,
+                         std::chrono::milliseconds limit)
+    : request_(std::move(request)),
+      queue_(WithoutInstance(request_.queue)),
+      files_(std::move(files)),
+      limit_(limit),
+      last_movement_(Clock::now()) {}
+
+Expected<int> JobTransfer::Run() {
+  Expected<ServerConnection> server = ServerConnection::Open(limit_);
+  if (!server) return Failure{server.message()};
+  // Several times within the limit, so that stopping does not take all of it.
+  const std::chrono::duration<double> slice = std::max(limit_ / 8, std::chrono::milliseconds(1));
+  httpSetTimeout(
+      server->get(), slice.count(),
+      [](http_t *connection, void *transfer) {
+        return static_cast<JobTransfer *>(transfer)->GoOnWaiting(httpGetFd(connection)) ? 1 : 0;
+      },
+      this);
+  Expected<int> job = Create(*server);
+  if (!job) return job;
+  job_ = *job;
+  Moved();
+  // The one who waits may have given up before there was a number.
+  if (stopped_) TakeBack(*job, limit_);
+  if (auto failure = SendFiles(*server)) return *failure;
+  return job;
+}
+
+Expected<int> JobTransfer::Create(const ServerConnection &server) {
+  IppMessage request = server.Request(IPP_OP_CREATE_JOB, queue_);
+  if (!request_.title.empty()) {
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
+                 Name(request_.title).c_str());
+  }
+  const CupsOptions options(request_.options);
+  for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
+    cupsEncodeOptions2(request.get(), options.count(), options.get(), group);
+  }
+  const IppMessage answer = server.Ask(std::move(request), ("/printers/" + queue_).c_str());
+  if (answer != nullptr) return NumberOf(answer.get(), "job-id");
+  if (stopped_) return *WhyNotFurther();
+  if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, request_.queue);
+  return server.Refused("refuses the job");
+}
+
+std::optional<Failure> JobTransfer::SendFiles(const ServerConnection &server) {
+  for (JobFile &file : files_) {
+    if (auto failure = SendFile(server, file, &file == &files_.back())) return failure;
+  }
+  return WhyNotFurther();
+}
+
+std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, JobFile &file,
+                                             bool is_last) {
+  const auto refused = [&] {
+    if (auto reason = WhyNotFurther()) return *reason;
+    return server.Refused("refuses " + file.path().string());
+  };
+  if (auto reason = WhyNotFurther()) return reason;
+  const std::string name = Name(file.path().filename().string());
+  if (cupsStartDocument(server.get(), queue_.c_str(), job_, name.c_str(),
+                        FormatIn(request_.options).c_str(),
+                        is_last ? 1 : 0) != HTTP_STATUS_CONTINUE) {
+    return refused();
+  }
+  std::array<char, kPiece> piece;
+  ssize_t length;
+  while ((length = file.Read(piece.data(), piece.size())) > 0) {
+    if (auto reason = WhyNotFurther()) return reason;
+    if (cupsWriteRequestData(server.get(), piece.data(), static_cast<size_t>(length)) !=
+        HTTP_STATUS_CONTINUE) {
+      return refused();
+    }
+    bytes_sent_ += length;
+    Moved();
+  }
+  if (length < 0) {
+    return Failure{"cannot read " + file.path().string() + ": " + std::strerror(errno)};
+  }
+  if (cupsFinishDocument(server.get(), queue_.c_str()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+    return refused();
+  }
+  Moved();
+  return std::nullopt;
+}
+
+std::optional<Failure> JobTransfer::WhyNotFurther() const {
+  if (stopped_) return Failure{kJobCanceled};
+  return std::nullopt;
+}
+
+bool JobTransfer::GoOnWaiting(int socket) {
+  int unsent = 0;
+  if (ioctl(socket, SIOCOUTQ, &unsent) == 0 && unsent != std::exchange(unsent_, unsent)) Moved();
+  // Who gives up before the server tells the job's number can never take it back: the one who
+  // waits for all this does not wait so long.
+  if (job_ == 0) return Clock::now() - last_movement() < 10 * limit_;
+  return !stopped_ && Clock::now() - last_movement() < limit_;
+}
+
+std::optional<Failure> TakeBack(int job, std::chrono::milliseconds limit) {
+  Expected<ServerConnection> server = ServerConnection::Open(limit);
+  if (!server) return Failure{server.message()};
+  const ipp_status_t status = cupsCancelJob2(server->get(), nullptr, job, 0);
+  if (status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_POSSIBLE) {
+    return std::nullopt;
+  }
+  return server->Refused("does not cancel it");
+}

@@ -1,0 +1,214 @@
+#include "host/cups/PrintServer.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <thread>
+
+#include "host/base/BackgroundTask.h"
+#include "host/cups/JobTransfer.h"
+#include "host/cups/QueueList.h"
+#include "host/cups/ServerConnection.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
+
+// How often the one who waits for a job looks after it.
+constexpr milliseconds kLook(10);
+
+// Some of what libcups waits for cannot be bounded: the work is left behind then.
+template <typename Work>
+auto WithinLimit(milliseconds limit, const PrintServer &asked, Work work) {
+  using Answer = decltype(work(std::declval<const ServerConnection &>()));
+  BackgroundTask<Answer> task([limit, work = std::move(work)]() -> Answer {
+    Expected<ServerConnection> server = ServerConnection::Open(limit);
+    if (!server) return Failure{server.message()};
+    return work(*server);
+  });
+  return task.WaitFor(limit) ? task.Take() : Answer(NoAnswer(asked.Address(), limit));
+}
+
+// A file in memory, which leaves nothing behind however its thread ends.
+class MemoryFile {
+ public:
+  MemoryFile() : file_(memfd_create("ppd", MFD_CLOEXEC)) {}
+  ~MemoryFile() {
+    if (file_ >= 0) close(file_);
+  }
+  MemoryFile(const MemoryFile &) = delete;
+  MemoryFile &operator=(const MemoryFile &) = delete;
+
+  int get() const { return file_; }
+  std::filesystem::path path() const { return "/proc/self/fd/" + std::to_string(file_); }
+
+ private:
+  int file_;
+};
+
+bool HasQueue(const ServerConnection &server, const std::string &queue) {
+  IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
+  AskFor(request.get(), {"printer-name"});
+  return server.Ask(std::move(request)) != nullptr;
+}
+
+Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const std::string &name) {
+  const std::string queue = WithoutInstance(name);
+  const MemoryFile file;
+  if (file.get() < 0) return Failure{std::string("no memory file: ") + std::strerror(errno)};
+  const http_status_t status =
+      cupsGetFd(server.get(), ("/printers/" + queue + ".ppd").c_str(), file.get());
+  if (status == HTTP_STATUS_NOT_FOUND) {
+    if (HasQueue(server, queue)) return std::optional<PPDFile>();
+    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, name);
+    return server.Refused("does not describe " + name);
+  }
+  // A connection that breaks in the middle of the file is no failure for libcups.
+  if (status != HTTP_STATUS_OK || httpError(server.get()) != 0 ||
+      httpGetRemaining(server.get()) != 0) {
+    return server.Refused("does not give the PPD file of " + name);
+  }
+  Expected<PPDFile> ppd = PPDFile::Open(file.path());
+  if (!ppd) {
+    return Failure{"cannot read the PPD file of " + name + " from the print server " +
+                   server.address() + ": " + ppd.message()};
+  }
+  return std::optional<PPDFile>(std::move(*ppd));
+}
+
+JobState StateOf(int ipp_state) {
+  switch (ipp_state) {
+    case IPP_JSTATE_HELD:
+      return JobState::kHeld;
+    case IPP_JSTATE_PROCESSING:
+      return JobState::kProcessing;
+    case IPP_JSTATE_STOPPED:
+      return JobState::kStopped;
+    case IPP_JSTATE_CANCELED:
+      return JobState::kCanceled;
+    case IPP_JSTATE_ABORTED:
+      return JobState::kAborted;
+    case IPP_JSTATE_COMPLETED:
+      return JobState::kCompleted;
+    default:
+      return JobState::kPending;
+  }
+}
+
+// A job that waits for a stopped printer is only pending for the server.
+void LookAtPrinter(const ServerConnection &server, const std::string &uri, JobStatus &status) {
+  IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.c_str());
+  AskFor(request.get(), {"printer-state", "printer-state-message"});
+  const IppMessage answer = server.Ask(std::move(request));
+  if (NumberOf(answer.get(), "printer-state") != IPP_PSTATE_STOPPED) return;
+  status.state = JobState::kStopped;
+  status.message = TextOf(answer.get(), "printer-state-message");
+}
+
+Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
+  IppMessage request = server.Request(IPP_OP_GET_JOB_ATTRIBUTES);
+  const std::string uri = "ipp://localhost/jobs/" + std::to_string(job);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
+  AskFor(request.get(), {"job-state", "job-printer-state-message", "job-printer-uri"});
+  const IppMessage answer = server.Ask(std::move(request), "/jobs/");
+  if (answer == nullptr) return server.Refused("does not tell about job " + std::to_string(job));
+  JobStatus status;
+  status.state = StateOf(NumberOf(answer.get(), "job-state"));
+  status.message = TextOf(answer.get(), "job-printer-state-message");
+  if (status.state == JobState::kPending) {
+    LookAtPrinter(server, TextOf(answer.get(), "job-printer-uri"), status);
+  }
+  return status;
+}
+
+// A failure of a job, which is taken back if it has been made. That this fails, too, is part of the
+// message.
+Failure TakenBack(int job, const PrintServer &server, milliseconds limit, std::string message) {
+  if (job == 0) return Failure{message};
+  BackgroundTask<std::optional<Failure>> task([job, limit] { return TakeBack(job, limit); });
+  const std::optional<Failure> reason =
+      task.WaitFor(limit) ? task.Take() : NoAnswer(server.Address(), limit);
+  if (reason) message += "; job " + std::to_string(job) + " is still there: " + reason->message;
+  return Failure{message};
+}
+
+}  // namespace
+
+PrintServer::PrintServer(milliseconds limit) : limit_(limit) {}
+
+std::string PrintServer::Address() const {
+  // This thread may know an address from before.
+  std::string address;
+  std::thread([&address] { address = AddressOfServer(); }).join();
+  return address;
+}
+
+Expected<std::vector<Queue>> PrintServer::Queues() const {
+  return WithinLimit(limit_, *this,
+                     [](const ServerConnection &server) -> Expected<std::vector<Queue>> {
+                       Expected<QueueList> list = ListQueues(server);
+                       if (!list) return Failure{list.message()};
+                       return std::move(list->queues);
+                     });
+}
+
+Expected<Queue> PrintServer::FindQueue(const std::string &name) const {
+  return WithinLimit(limit_, *this, [name](const ServerConnection &server) -> Expected<Queue> {
+    Expected<QueueList> list = ListQueues(server);
+    if (!list) return Failure{list.message()};
+    const auto found = std::ranges::find_if(list->queues, [&name](const Queue &queue) {
+      return name.empty() ? queue.is_default : IsSameQueue(queue.name, name);
+    });
+    if (found != list->queues.end()) return *found;
+    if (!name.empty()) return NoSuchQueue(server, name);
+    return Failure{"no default queue on the print server " + server.address() + ": " +
+                   list->why_no_default + "; there is " + NamesOf(list->queues)};
+  });
+}
+
+Expected<std::optional<PPDFile>> PrintServer::PPDOfQueue(const std::string &name) const {
+  return WithinLimit(limit_, *this,
+                     [name](const ServerConnection &server) { return FetchPPD(server, name); });
+}
+
+Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &progress) const {
+  std::vector<JobFile> files;
+  long long total = 0;
+  for (const std::filesystem::path &path : request.files) {
+    Expected<JobFile> file = JobFile::Open(path);
+    if (!file) return Failure{file.message()};
+    total += file->size();
+    files.push_back(std::move(*file));
+  }
+  if (files.empty()) return Failure{"no file to print"};
+  progress.bytes_total = total;
+
+  const auto transfer = std::make_shared<JobTransfer>(request, std::move(files), limit_);
+  BackgroundTask<Expected<int>> task([transfer] { return transfer->Run(); });
+  while (!task.WaitFor(kLook)) {
+    progress.bytes_sent = transfer->bytes_sent();
+    if (progress.cancel) transfer->Stop();
+    // What is on its way ends by itself at the limit, if libcups gets to look at the clock.
+    const milliseconds patience = transfer->job() == 0 ? limit_ : limit_ + limit_ / 2;
+    if (Clock::now() - transfer->last_movement() < patience) continue;
+    transfer->Stop();
+    return TakenBack(transfer->job(), *this, limit_,
+                     progress.cancel ? kJobCanceled : NoAnswer(Address(), limit_).message);
+  }
+  progress.bytes_sent = transfer->bytes_sent();
+  Expected<int> job = task.Take();
+  if (!job) return TakenBack(transfer->job(), *this, limit_, job.message());
+  if (progress.cancel) return TakenBack(*job, *this, limit_, kJobCanceled);
+  return job;
+}
+
+Expected<JobStatus> PrintServer::StatusOfJob(int job) const {
+  return WithinLimit(limit_, *this,
+                     [job](const ServerConnection &server) { return FetchStatus(server, job); });
+}

@@ -1,0 +1,148 @@
+#include "host/cups/QueueList.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <map>
+
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
+
+namespace {
+
+using QueuesByName = std::map<std::string, Queue>;
+
+void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
+  const auto text = [value] {
+    const char *string = ippGetString(value, 0, nullptr);
+    return string == nullptr ? "" : ToUtf8(Trimmed(string));
+  };
+  if (attribute == "printer-name") {
+    queue.name = ippGetString(value, 0, nullptr);
+  } else if (attribute == "printer-info") {
+    queue.description = text();
+  } else if (attribute == "printer-location") {
+    queue.location = text();
+  } else if (attribute == "printer-make-and-model") {
+    queue.model = text();
+  } else if (attribute == "printer-state-message") {
+    queue.state_message = text();
+  } else if (attribute == "printer-is-accepting-jobs") {
+    queue.accepts_jobs = ippGetBoolean(value, 0) != 0;
+  } else if (attribute == "printer-state") {
+    const int state = ippGetInteger(value, 0);
+    queue.state = state == IPP_PSTATE_STOPPED      ? QueueState::kStopped
+                  : state == IPP_PSTATE_PROCESSING ? QueueState::kPrinting
+                                                   : QueueState::kIdle;
+  }
+}
+
+QueuesByName QueuesIn(ipp_t *answer) {
+  QueuesByName queues;
+  Queue queue;
+  const auto end_of_queue = [&] {
+    if (!queue.name.empty()) queues.emplace(queue.name, queue);
+    queue = Queue();
+  };
+  for (ipp_attribute_t *attribute = ippFirstAttribute(answer); attribute != nullptr;
+       attribute = ippNextAttribute(answer)) {
+    const char *name = ippGetName(attribute);
+    if (name == nullptr) {  // between two queues
+      end_of_queue();
+    } else if (ippGetGroupTag(attribute) == IPP_TAG_PRINTER) {
+      Take(name, attribute, queue);
+    }
+  }
+  end_of_queue();
+  return queues;
+}
+
+// libcups keeps what it knows of the printer itself among the options.
+bool IsAboutPrinter(std::string_view option) {
+  if (option == "printer-resolution") return false;
+  return option.starts_with("printer-") || option.starts_with("marker-") ||
+         option.starts_with("auth-info") || option == "device-uri";
+}
+
+JobOptions DefaultsOf(const cups_dest_t &destination) {
+  JobOptions defaults;
+  for (const cups_option_t &option :
+       std::span(destination.options, static_cast<size_t>(destination.num_options))) {
+    if (!IsAboutPrinter(option.name)) defaults[option.name] = option.value;
+  }
+  return defaults;
+}
+
+std::string NameOf(const cups_dest_t &destination) {
+  std::string name = destination.name;
+  if (destination.instance != nullptr) name += std::string("/") + destination.instance;
+  return name;
+}
+
+// The list that libcups makes forgets the default where lpoptions has a line for it.
+void MarkDefault(const ServerConnection &server, QueueList &list) {
+  const CupsDestination chosen(cupsGetNamedDest(server.get(), nullptr, nullptr));
+  if (chosen == nullptr) {
+    list.why_no_default = LastWords();
+    return;
+  }
+  const std::string name = NameOf(*chosen);
+  for (Queue &queue : list.queues) {
+    if (!IsSameQueue(queue.name, name)) continue;
+    queue.is_default = true;
+    return;
+  }
+  list.why_no_default = Quoted(name) + " is not there";
+}
+
+}  // namespace
+
+Expected<QueueList> ListQueues(const ServerConnection &server) {
+  IppMessage request = server.Request(IPP_OP_CUPS_GET_PRINTERS);
+  AskFor(request.get(),
+         {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
+          "printer-state", "printer-state-message", "printer-is-accepting-jobs"});
+  const IppMessage answer = server.Ask(std::move(request));
+  if (answer == nullptr && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
+    return server.Refused("does not list its queues");
+  }
+  const QueuesByName known = QueuesIn(answer.get());
+  if (known.empty()) return Failure{"the print server " + server.address() + " has no queues"};
+
+  QueueList list;
+  const CupsDestinations destinations(server.get());
+  for (const cups_dest_t &destination : destinations.get()) {
+    const auto found = known.find(destination.name);
+    if (found == known.end()) continue;
+    Queue queue = found->second;
+    queue.name = NameOf(destination);
+    queue.defaults = DefaultsOf(destination);
+    list.queues.push_back(std::move(queue));
+  }
+  if (list.queues.empty()) return server.Refused("does not list its queues");
+  MarkDefault(server, list);
+  return list;
+}
+
+Failure NoSuchQueue(const ServerConnection &server, const std::string &name) {
+  Expected<QueueList> list = ListQueues(server);
+  if (!list) return Failure{list.message()};
+  return Failure{"the print server " + server.address() + " has no queue " + Quoted(name) +
+                 "; there is " + NamesOf(list->queues)};
+}
+
+std::string NamesOf(const std::vector<Queue> &queues) {
+  constexpr size_t kMost = 10;
+  std::string names;
+  for (const Queue &queue : std::span(queues).first(std::min(queues.size(), kMost))) {
+    names += (names.empty() ? "" : ", ") + queue.name;
+  }
+  if (queues.size() > kMost) names += " and " + std::to_string(queues.size() - kMost) + " more";
+  return names;
+}
+
+bool IsSameQueue(const std::string &left, const std::string &right) {
+  return strcasecmp(left.c_str(), right.c_str()) == 0;
+}
+
+std::string WithoutInstance(const std::string &name) { return name.substr(0, name.find('/')); }

@@ -1,0 +1,124 @@
+#include "host/cups/ServerConnection.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <sstream>
+#include <vector>
+
+#include "host/base/OneLine.h"
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
+
+namespace {
+
+// libcups would ask on the terminal, from a thread that nobody waits for.
+const char *NoPassword(const char *, http_t *, const char *, const char *, void *) {
+  return nullptr;
+}
+
+std::string Words(std::string_view text) {
+  text = Trimmed(text);
+  while (text.ends_with('.')) text.remove_suffix(1);
+  return OnOneLine(ToUtf8(text));
+}
+
+// libcups tries all addresses at once and then only says that the host is down.
+int ErrorOfConnecting(const http_addrlist_t *addresses) {
+  int error = EHOSTDOWN;
+  for (; addresses != nullptr; addresses = addresses->next) {
+    const http_addr_t &address = addresses->addr;
+    const int socket_fd = socket(address.addr.sa_family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (socket_fd < 0) continue;
+    if (connect(socket_fd, &address.addr, httpAddrLength(&address)) != 0) error = errno;
+    close(socket_fd);
+  }
+  return error;
+}
+
+Failure NotThere(const std::string &address, const std::string &why) {
+  return Failure{"no print server at " + address + ": " + why +
+                 "; is it running? CUPS_SERVER names another"};
+}
+
+}  // namespace
+
+std::string LastWords() {
+  const char *words = cupsLastErrorString();
+  return Words(words == nullptr ? "" : words);
+}
+
+std::string AddressOfServer() {
+  const std::string host = cupsServer();
+  return host.starts_with('/') ? host : host + ':' + std::to_string(ippPort());
+}
+
+Failure NoAnswer(const std::string &address, std::chrono::milliseconds limit) {
+  std::ostringstream seconds;
+  seconds << std::chrono::duration<double>(limit).count();
+  return Failure{"the print server " + address + " does not answer within " + seconds.str() + " s"};
+}
+
+Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limit) {
+  cupsSetPasswordCB2(NoPassword, nullptr);
+  const std::string address = AddressOfServer();
+  const std::string port = std::to_string(ippPort());
+  const CupsAddresses addresses(httpAddrGetList(cupsServer(), AF_UNSPEC, port.c_str()));
+  if (addresses == nullptr) return NotThere(address, LastWords());
+
+  // Connecting in a second step keeps the reason why it fails.
+  CupsConnection connection(httpConnect2(cupsServer(), ippPort(), addresses.get(), AF_UNSPEC,
+                                         cupsEncryption(), 1, 0, nullptr));
+  if (connection == nullptr) return NotThere(address, LastWords());
+  if (httpReconnect2(connection.get(), static_cast<int>(limit.count()), nullptr) != 0) {
+    const int error = httpError(connection.get());
+    if (error == ETIMEDOUT) return NoAnswer(address, limit);
+    return NotThere(address, error == EHOSTDOWN ? std::strerror(ErrorOfConnecting(addresses.get()))
+                                                : LastWords());
+  }
+  httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
+  return ServerConnection(std::move(connection), address, limit);
+}
+
+IppMessage ServerConnection::Request(ipp_op_t operation, const std::string &printer) const {
+  IppMessage request(ippNewRequest(operation));
+  if (!printer.empty()) {
+    char uri[HTTP_MAX_URI];
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", ippPort(),
+                     "/printers/%s", printer.c_str());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
+  }
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+               cupsUser());
+  return request;
+}
+
+IppMessage ServerConnection::Ask(IppMessage request, const char *resource) const {
+  IppMessage answer(cupsDoRequest(get(), request.release(), resource));
+  if (cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) return nullptr;
+  return answer;
+}
+
+Failure ServerConnection::Refused(const std::string &what) const {
+  const int error = httpError(get());
+  if (error == ETIMEDOUT || error == EWOULDBLOCK) return NoAnswer(address_, limit_);
+  return Failure{"the print server " + address_ + ' ' + what + ": " +
+                 (error != 0 ? std::strerror(error) : LastWords())};
+}
+
+void AskFor(ipp_t *request, std::initializer_list<const char *> attributes) {
+  ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                static_cast<int>(attributes.size()), nullptr, std::data(attributes));
+}
+
+std::string TextOf(ipp_t *message, const char *attribute) {
+  const char *text = ippGetString(ippFindAttribute(message, attribute, IPP_TAG_ZERO), 0, nullptr);
+  return text == nullptr ? "" : ToUtf8(Trimmed(text));
+}
+
+int NumberOf(ipp_t *message, const char *attribute) {
+  return ippGetInteger(ippFindAttribute(message, attribute, IPP_TAG_ZERO), 0);
+}

@@ -1,0 +1,157 @@
+#include "host/extension/Extensions.h"
+
+#include <algorithm>
+
+#include "host/extension/BundleSearch.h"
+#include "host/extension/Guarded.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string NameOf(const fs::path &bundle) { return bundle.stem().string(); }
+
+// Empty: it has none. The platform takes all bundles with one identifier for the first of them.
+std::string IdentifierOf(const fs::path &path) {
+  std::string identifier;
+  WhatRaises([&] {
+    NSString *place =
+        [[NSFileManager defaultManager] stringWithFileSystemRepresentation:path.c_str()
+                                                                    length:path.native().size()];
+    id found = place == nil ? nil : [[NSBundle bundleWithPath:place] bundleIdentifier];
+    if ([found isKindOfClass:[NSString class]]) identifier = Words(found);
+  });
+  return identifier;
+}
+
+std::string Joined(const std::vector<fs::path> &paths) {
+  std::string text;
+  for (size_t at = 0; at < paths.size(); ++at) {
+    if (at > 0) text += at + 1 == paths.size() ? " or " : ", ";
+    text += paths[at].string();
+  }
+  return text;
+}
+
+}  // namespace
+
+Expected<Extensions> Extensions::Load(const fs::path &named) {
+  Extensions extensions;
+  std::error_code error;
+  if (!named.empty()) {
+    if (!fs::is_directory(named, error)) return Failure{"no bundle at " + named.string()};
+    if (auto failure = extensions.Add(fs::absolute(named, error))) return *failure;
+  }
+  const std::vector<fs::path> folders = BundleFolders();
+  for (const fs::path &bundle : BundlesIn(folders)) {
+    if (auto failure = extensions.Add(bundle)) {
+      extensions.LeaveOut(NameOf(bundle), failure->message);
+    }
+  }
+  if (extensions.paths_.empty()) {
+    return Failure{"no extension bundle (*.plugin) in " + Joined(folders) +
+                   "; name one with --plugin"};
+  }
+  return extensions;
+}
+
+std::optional<Failure> Extensions::Add(const fs::path &path) {
+  std::error_code error;
+  const fs::path place = fs::canonical(path, error);
+  if (!paths_.insert(error ? path : place).second) return std::nullopt;
+  const std::string identifier = IdentifierOf(path);
+  if (!identifier.empty() && !identifiers_.insert(identifier).second) return std::nullopt;
+  Expected<ExtensionBundle> bundle = ExtensionBundle::Load(path);
+  if (!bundle) return Failure{bundle.message()};
+  WhatRaises([&] {
+    Expected<std::vector<Setting>> settings = SettingsOfBundle(bundle->bundle());
+    if (settings) settings_.insert(settings_.end(), settings->begin(), settings->end());
+  });
+  bundles_.push_back(std::move(*bundle));
+  return std::nullopt;
+}
+
+void Extensions::LoadNamedBy(const PPDFile &ppd) {
+  for (const std::string &value : ppd.Attributes("APDialogExtension")) {
+    fs::path path = fs::path(value).lexically_normal();
+    if (!path.has_filename()) path = path.parent_path();
+    std::error_code error;
+    if (path.is_absolute() && fs::is_directory(path, error)) {
+      if (auto failure = Add(path)) LeaveOut(NameOf(path), failure->message);
+      continue;
+    }
+    const bool was_tried =
+        std::any_of(paths_.begin(), paths_.end(),
+                    [&path](const fs::path &tried) { return tried.filename() == path.filename(); });
+    if (!was_tried) LeaveOut(NameOf(path), "it is not installed at " + path.string());
+  }
+}
+
+ExtensionPanels Extensions::Panels(HostCallback *host) {
+  ExtensionPanels panels;
+  troubles_.clear();
+  for (const ExtensionBundle &bundle : bundles_) {
+    Expected<Retained<NSArray *>> offered = bundle.Panels(host);
+    if (!offered) {
+      LeaveOut(bundle.bundle(), offered.message());
+      continue;
+    }
+    for (id object in offered->get()) {
+      Expected<ExtensionPanel> panel = ExtensionPanel::Take(bundle.bundle(), object);
+      if (!panel) {
+        LeaveOut(bundle.bundle(), panel.message());
+        continue;
+      }
+      const auto same = std::find_if(panels.begin(), panels.end(), [&panel](const auto &other) {
+        return other->kind() == panel->kind();
+      });
+      if (same == panels.end()) {
+        panels.push_back(std::make_shared<ExtensionPanel>(std::move(*panel)));
+      } else if ((*same)->bundle() != bundle.bundle()) {
+        LeaveOut(bundle.bundle(), "another bundle, " + Words([(*same)->bundle() bundlePath]) +
+                                      ", offers the same kind of panel, " + panel->kind());
+      }
+    }
+  }
+  return panels;
+}
+
+std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
+  if (ppd == nullptr) {
+    return "the queue has no PPD file, in which a printer declares what extensions need";
+  }
+  std::vector<std::pair<std::string, std::string>> reasons;
+  for (const ExtensionBundle &bundle : bundles_) {
+    const auto trouble = troubles_.find(bundle.bundle());
+    reasons.emplace_back(bundle.Name(), trouble == troubles_.end() ? bundle.ReasonForNoPanel(*ppd)
+                                                                   : trouble->second);
+  }
+  if (reasons.empty()) {
+    for (const LeftOut &one : left_out_) reasons.emplace_back(one.name, one.reason);
+    if (reasons.empty()) return "there is no extension bundle";
+  } else if (reasons.size() == 1) {
+    return reasons.front().second;
+  }
+  std::string text = bundles_.empty() ? "no extension bundle could be loaded" : "";
+  for (const auto &[name, reason] : reasons)
+    text += (text.empty() ? "" : "; ") + name + ": " + reason;
+  return text;
+}
+
+void Extensions::LeaveOut(const ExtensionPanel &panel) {
+  if (panel.fault()) LeaveOut(panel.bundle(), *panel.fault());
+}
+
+void Extensions::LeaveOut(NSBundle *bundle, const std::string &reason) {
+  troubles_.try_emplace(bundle, reason);
+  const auto one = std::find_if(bundles_.begin(), bundles_.end(),
+                                [bundle](const auto &known) { return known.bundle() == bundle; });
+  if (one != bundles_.end()) LeaveOut(one->Name(), reason);
+}
+
+void Extensions::LeaveOut(const std::string &name, const std::string &reason) {
+  const bool is_new = std::none_of(left_out_.begin(), left_out_.end(), [&](const LeftOut &one) {
+    return one.name == name && one.reason == reason;
+  });
+  if (is_new) left_out_.push_back({name, reason});
+}

@@ -1,0 +1,129 @@
+#include "host/job/PresetStore.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "host/base/ConfigFolders.h"
+#include "host/base/MoveFile.h"
+#include "host/base/Text.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Below a folder of settings.
+constexpr char kFolder[] = "pdeprint/presets";
+// No preset's: those do not begin with a dot.
+constexpr char kLastUsedFile[] = ".last-used.plist";
+
+bool Contains(const std::vector<Preset> &presets, const std::string &name) {
+  return std::any_of(presets.begin(), presets.end(),
+                     [&name](const Preset &preset) { return preset.name == name; });
+}
+
+// Adds the folder's presets whose names are not taken yet.
+void AddPresets(const fs::path &folder, bool for_all_users, std::vector<Preset> &presets) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::optional<std::string> name = PresetNameOfFile(entry->path().filename().string());
+    std::error_code unreadable;
+    if (!name || !entry->is_regular_file(unreadable) || Contains(presets, *name)) continue;
+    presets.push_back({*name, entry->path(), for_all_users});
+  }
+}
+
+// The user's own preset of this name, or why it cannot be changed.
+Expected<Preset> Changeable(const PresetStore &store, const std::string &name) {
+  const std::optional<Preset> preset = store.Find(name);
+  if (!preset) return Failure{"there is no preset " + Quoted(name) + "; choose another one"};
+  if (preset->for_all_users) {
+    return Failure{preset->path.string() +
+                   " is for all users; save its settings as a preset of your own instead"};
+  }
+  return *preset;
+}
+
+}  // namespace
+
+PresetStore::PresetStore(fs::path folder, std::vector<fs::path> folders_for_all)
+    : folder_(std::move(folder)), folders_for_all_(std::move(folders_for_all)) {}
+
+PresetStore PresetStore::OfUser() {
+  const fs::path folder = UserConfigFolder();
+  std::vector<fs::path> folders_for_all = SystemConfigFolders();
+  for (fs::path &folder_for_all : folders_for_all) folder_for_all /= kFolder;
+  return PresetStore(folder.empty() ? folder : folder / kFolder, std::move(folders_for_all));
+}
+
+std::vector<Preset> PresetStore::List() const {
+  std::vector<Preset> presets;
+  AddPresets(folder_, false, presets);
+  for (const fs::path &folder : folders_for_all_) AddPresets(folder, true, presets);
+  std::sort(presets.begin(), presets.end(), [](const Preset &preset, const Preset &other) {
+    return PresetNameComesBefore(preset.name, other.name);
+  });
+  return presets;
+}
+
+std::optional<Preset> PresetStore::Find(const std::string &name) const {
+  for (Preset &preset : List()) {
+    if (preset.name == name) return std::move(preset);
+  }
+  return std::nullopt;
+}
+
+std::optional<Failure> PresetStore::CheckName(const std::string &name) const {
+  return ReasonAgainstPresetName(name);
+}
+
+std::optional<Failure> PresetStore::MakeFolder() const {
+  if (folder_.empty()) {
+    return Failure{"there is no home folder to keep presets in; set HOME or XDG_CONFIG_HOME"};
+  }
+  std::optional<Failure> failure = MakePrivateFolder(folder_);
+  if (failure) failure->message += "; set XDG_CONFIG_HOME to a folder that can be written";
+  return failure;
+}
+
+Expected<fs::path> PresetStore::PathForWriting(const std::string &name) const {
+  if (auto failure = CheckName(name)) return *failure;
+  if (auto failure = MakeFolder()) return *failure;
+  return folder_ / FileNameOfPreset(name);
+}
+
+std::optional<Failure> PresetStore::Rename(const std::string &from, const std::string &to) const {
+  if (auto failure = CheckName(to)) return failure;
+  Expected<Preset> preset = Changeable(*this, from);
+  if (!preset) return Failure{preset.message()};
+  if (from == to) return std::nullopt;
+
+  const fs::path new_path = folder_ / FileNameOfPreset(to);
+  const std::error_code error = MoveWithoutReplacing(preset->path, new_path);
+  if (!error) return std::nullopt;
+  const std::string what = "cannot rename " + preset->path.string() + ": ";
+  if (error == std::errc::file_exists) {
+    return Failure{what + new_path.string() + " is in the way; choose another name than " +
+                   Quoted(to)};
+  }
+  return Failure{what + error.message()};
+}
+
+std::optional<Failure> PresetStore::Delete(const std::string &name) const {
+  Expected<Preset> preset = Changeable(*this, name);
+  if (!preset) return Failure{preset.message()};
+  if (unlink(preset->path.c_str()) == 0) return std::nullopt;
+  return Failure{"cannot delete " + preset->path.string() + ": " + std::strerror(errno)};
+}
+
+fs::path PresetStore::LastUsedPath() const {
+  return folder_.empty() ? folder_ : folder_ / kLastUsedFile;
+}
+
+Expected<fs::path> PresetStore::LastUsedPathForWriting() const {
+  if (auto failure = MakeFolder()) return *failure;
+  return LastUsedPath();
+}

@@ -1,0 +1,271 @@
+#include "host/session/JobSession.h"
+
+#include <algorithm>
+
+#include "host/base/Text.h"
+#include "host/job/OptionFit.h"
+
+namespace {
+
+NSString *Key(const std::string &keyword) {
+  return [NSString stringWithUTF8String:keyword.c_str()];
+}
+
+id Stored(PMPrintSettings settings, const std::string &keyword) {
+  CFTypeRef value = nullptr;
+  PMPrintSettingsGetValue(settings, (CFStringRef)Key(keyword), &value);
+  return (id)value;
+}
+
+Retained<NSDictionary *> Values(PMPrintSettings settings) {
+  CFDictionaryRef values = nullptr;
+  PMPrintSettingsCopyAsDictionary(settings, &values);
+  return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
+}
+
+const Setting *SettingOfKey(const std::vector<Setting> &settings, const std::string &key) {
+  const auto found = std::find_if(settings.begin(), settings.end(),
+                                  [&key](const Setting &setting) { return setting.key == key; });
+  return found == settings.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+JobSession::JobSession(Extensions &extensions)
+    : extensions_(extensions), settings_(EmptyPrintSettings()) {}
+
+JobSession::~JobSession() { DropPrinter(); }
+
+void JobSession::DropPrinter() {
+  panels_.clear();
+  // A panel that is not freed keeps this object, and must not find a file in it that is closed.
+  [host_.get() forgetPPDFile];
+  host_ = Retained<HostCallback *>();
+  ppd_.reset();
+}
+
+Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
+  @autoreleasepool {
+    // Nobody asked for these: they were the printer's before.
+    for (const auto &[keyword, value] : std::exchange(defaults_set_, {})) {
+      if (Value(keyword) == value) Set(keyword, "");
+    }
+    DropPrinter();
+    ppd_ = std::move(ppd);
+    defaults_ = std::move(defaults);
+    has_printer_ = true;
+
+    Notes notes;
+    std::set<std::string> unset;
+    if (ppd_) {
+      extensions_.LoadNamedBy(*ppd_);
+      TakeAwayBadValues(notes);
+      const JobOptions before = JobOptionsFromSettings(settings());
+      host_ =
+          Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings()
+                                                                              ppdFile:ppd_->get()]);
+      panels_ = extensions_.Panels(host_.get());
+      for (const auto &panel : panels_) panel->option_keywords();
+      DropFaultyPanels();
+      for (const std::string &keyword : Claimed()) {
+        if (before.contains(keyword)) continue;
+        unset.insert(keyword);
+        if (const std::string own = Value(keyword); !own.empty()) panel_defaults_[keyword] = own;
+      }
+    }
+    LearnPrinterSpecificKeywords();
+    TakeAwayBadValues(notes);
+    TakeAwayUnfitOptions(notes);
+    SetDefaults(unset);
+    return notes;
+  }
+}
+
+Notes JobSession::UseSettings(PrintSettings settings) {
+  @autoreleasepool {
+    const Retained<NSDictionary *> before = Values(settings_.get());
+    const Retained<NSDictionary *> values = Values(settings.get());
+    for (NSString *key in before.get()) {
+      if ([values.get() objectForKey:key] != nil) continue;
+      PMPrintSettingsSetValue(settings_.get(), (CFStringRef)key, nullptr, false);
+    }
+    for (NSString *key in values.get()) {
+      PMPrintSettingsSetValue(settings_.get(), (CFStringRef)key, [values.get() objectForKey:key],
+                              false);
+    }
+    defaults_set_.clear();
+
+    Notes notes;
+    if (!has_printer_) return notes;
+    TakeAwayBadValues(notes);
+    TakeAwayUnfitOptions(notes);
+    std::set<std::string> unset;
+    for (const std::string &keyword : Claimed()) {
+      if (Value(keyword).empty()) unset.insert(keyword);
+    }
+    SetDefaults(unset);
+    return notes;
+  }
+}
+
+std::set<std::string> JobSession::Claimed() const {
+  std::set<std::string> keywords;
+  for (const auto &panel : panels_) {
+    keywords.insert(panel->option_keywords().begin(), panel->option_keywords().end());
+  }
+  return keywords;
+}
+
+void JobSession::LearnPrinterSpecificKeywords() {
+  printer_specific_.merge(Claimed());
+  if (!ppd_) return;
+  for (const PPDOption &option : ppd_->Options()) printer_specific_.insert(option.keyword);
+}
+
+void JobSession::TakeAway(const std::string &keyword, const std::string &why, Notes &notes) {
+  const std::string value = Value(keyword);
+  Set(keyword, "");
+  notes.push_back(keyword + (value.empty() ? "" : ' ' + Quoted(value)) + " does not fit: " + why);
+}
+
+void JobSession::TakeAwayBadValues(Notes &notes) {
+  std::set<std::string> texts = Claimed();
+  for (const Setting &setting : extensions_.Settings()) texts.insert(setting.key);
+  if (ppd_) {
+    for (const PPDOption &option : ppd_->Options()) texts.insert(option.keyword);
+  }
+  for (const std::string &keyword : texts) {
+    id value = Stored(settings(), keyword);
+    if (value == nil || [value isKindOfClass:[NSString class]]) continue;
+    if ([value isKindOfClass:[NSNumber class]]) {
+      Set(keyword, Value(keyword));
+    } else {
+      TakeAway(keyword, "its value is no text", notes);
+    }
+  }
+  for (const Setting &setting :
+       SettingsWithBadValues(extensions_.Settings(), JobOptionsFromSettings(settings()))) {
+    TakeAway(setting.key, "it must be " + setting.Allowed(), notes);
+  }
+}
+
+void JobSession::TakeAwayUnfitOptions(Notes &notes) {
+  std::set<std::string> specific = printer_specific_;
+  for (const Setting &setting : extensions_.Settings()) specific.insert(setting.key);
+  JobOptions options = JobOptionsFromSettings(settings());
+  // These are for the panels to correct.
+  for (const std::string &keyword : Claimed()) options.erase(keyword);
+  for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
+    TakeAway(unfit.keyword, unfit.reason, notes);
+  }
+}
+
+bool JobSession::IsAllowed(const std::string &keyword, const std::string &value) const {
+  if (const Setting *setting = SettingOfKey(extensions_.Settings(), keyword)) {
+    Expected<std::string> stored = setting->Check(value);
+    if (!stored || *stored != value) return false;
+  }
+  return !ppd_ || !ppd_->Option(keyword) || ppd_->Allows(keyword, value);
+}
+
+std::string JobSession::DefaultOf(const std::string &keyword) const {
+  std::vector<std::string> candidates;
+  if (const auto of_queue = defaults_.find(keyword); of_queue != defaults_.end()) {
+    candidates.push_back(of_queue->second);
+  }
+  if (const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt) {
+    candidates.push_back(option->default_choice);
+  }
+  if (const auto own = panel_defaults_.find(keyword); own != panel_defaults_.end()) {
+    candidates.push_back(own->second);
+  }
+  for (const std::string &candidate : candidates) {
+    if (!candidate.empty() && IsAllowed(keyword, candidate)) return candidate;
+  }
+  return "";
+}
+
+void JobSession::SetDefaults(const std::set<std::string> &keywords) {
+  for (const std::string &keyword : keywords) {
+    if (const std::string value = DefaultOf(keyword); !value.empty()) Set(keyword, value);
+    if (const std::string value = Value(keyword); !value.empty()) defaults_set_[keyword] = value;
+  }
+}
+
+void JobSession::DropFaultyPanels() {
+  for (const auto &panel : panels_) {
+    if (panel->fault()) extensions_.LeaveOut(*panel);
+  }
+  std::erase_if(panels_, [](const auto &panel) { return panel->fault().has_value(); });
+}
+
+std::string JobSession::Value(const std::string &keyword) const {
+  const JobOptions options = JobOptionsFromSettings(settings());
+  const auto option = options.find(keyword);
+  return option == options.end() ? "" : option->second;
+}
+
+void JobSession::Set(const std::string &keyword, const std::string &value) {
+  PMPrintSettingsSetValue(settings(), (CFStringRef)Key(keyword),
+                          value.empty() ? nullptr : (CFTypeRef)Key(value), false);
+}
+
+JobOptions JobSession::Options() const {
+  JobOptions options = JobOptionsFromSettings(settings());
+  options.insert(defaults_.begin(), defaults_.end());
+  return options;
+}
+
+std::string JobSession::Choice(const std::string &keyword) const {
+  if (const std::string value = Value(keyword); !value.empty()) return value;
+  const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt;
+  const auto of_queue = defaults_.find(keyword);
+  if (of_queue != defaults_.end() && IsAllowed(keyword, of_queue->second)) return of_queue->second;
+  return option ? option->default_choice : "";
+}
+
+std::vector<PPDOption> JobSession::OtherOptions() const {
+  if (!ppd_) return {};
+  std::vector<PPDOption> options = ppd_->Options();
+  std::erase_if(options, [claimed = Claimed()](const PPDOption &option) {
+    return claimed.contains(option.keyword);
+  });
+  return options;
+}
+
+void JobSession::ChangeOption(const std::string &keyword, const std::string &choice) {
+  Set(keyword, choice);
+  for (const auto &panel : panels_) panel->OptionDidChange(keyword, choice);
+}
+
+std::optional<Failure> JobSession::ReasonNotToPrint() {
+  for (const auto &panel : panels_) {
+    if (!panel->ShouldPrint()) {
+      return Failure{panel->name() + " does not allow this job to be printed"};
+    }
+  }
+  const JobOptions options = JobOptionsFromSettings(settings());
+  const auto reason = [](const std::string &keyword, const std::string &value,
+                         const std::string &why) {
+    return Failure{"the job's " + keyword + " is " + Quoted(value) + ": " + why};
+  };
+  for (const Setting &setting : SettingsWithBadValues(extensions_.Settings(), options)) {
+    return reason(setting.key, options.at(setting.key), "it must be " + setting.Allowed());
+  }
+  // What a panel claims, it may know how to print without an option of the PPD file.
+  std::set<std::string> specific = printer_specific_;
+  for (const std::string &keyword : Claimed()) specific.erase(keyword);
+  for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
+    return reason(unfit.keyword, unfit.value, unfit.reason);
+  }
+  return std::nullopt;
+}
+
+std::vector<std::pair<std::string, SummaryLines>> JobSession::Summary() {
+  std::vector<std::pair<std::string, SummaryLines>> summary;
+  for (const auto &panel : panels_) {
+    SummaryLines lines = panel->Summary();
+    if (!lines.empty()) summary.emplace_back(panel->name(), std::move(lines));
+  }
+  return summary;
+}

@@ -1,0 +1,35 @@
+// A variable of the process's environment that is as before when the object has gone.
+
+#ifndef TESTS_SUPPORT_ENVIRONMENTVARIABLE_H
+#define TESTS_SUPPORT_ENVIRONMENTVARIABLE_H
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+class EnvironmentVariable {
+ public:
+  // No value takes the variable away.
+  EnvironmentVariable(std::string name, const std::optional<std::string> &value)
+      : name_(std::move(name)) {
+    if (const char *before = std::getenv(name_.c_str())) before_ = before;
+    Set(value);
+  }
+  ~EnvironmentVariable() { Set(before_); }
+  EnvironmentVariable(const EnvironmentVariable &) = delete;
+  EnvironmentVariable &operator=(const EnvironmentVariable &) = delete;
+
+ private:
+  void Set(const std::optional<std::string> &value) const {
+    if (value) {
+      setenv(name_.c_str(), value->c_str(), 1);
+    } else {
+      unsetenv(name_.c_str());
+    }
+  }
+
+  std::string name_;
+  std::optional<std::string> before_;
+};
+
+#endif
