@@ -51,6 +51,10 @@ int Run(const CheckOptions &options) {
       results.push_back(CheckQueue(queue, server, *extensions));
     }
   }
+  if (extensions->bundles().empty()) {
+    Complain(extensions->ReasonForNoPanel(nullptr));
+    return kFailed;
+  }
   if (!PrintResults(options.json ? CheckJson(results) : CheckText(results))) return kFailed;
   const bool all_readable = std::all_of(results.begin(), results.end(),
                                         [](const auto &result) { return result.readable; });

@@ -38,6 +38,10 @@ int Run(const QueuesOptions &options) {
       results.push_back(CheckQueue(queue, server, *extensions));
     }
   }
+  if (extensions->bundles().empty()) {
+    Complain(extensions->ReasonForNoPanel(nullptr));
+    return kFailed;
+  }
   return PrintResults(options.json ? QueuesJson(results) : QueuesText(results)) ? kDone : kFailed;
 }
 

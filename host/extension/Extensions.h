@@ -29,7 +29,7 @@ class Extensions {
   // Finds and loads all bundles, each once by its path and by its identifier: the named one (if not
   // empty), then those of BundleFolders(). Their principal objects are made here, once each.
   // One that does not load is left out. The failure: a bundle is named, and is not there or does
-  // not load; or none was found at all.
+  // not load. That there is none at all is no failure: the dialog prints without them.
   static Expected<Extensions> Load(const std::filesystem::path &named);
 
   // Also loads what the PPD file names with APDialogExtension and is not loaded yet: paths as the
@@ -58,6 +58,7 @@ class Extensions {
   void LeaveOut(const std::string &name, const std::string &reason);
   void LeaveOut(NSBundle *bundle, const std::string &reason);
 
+  std::string folders_;  // where bundles were looked for
   std::vector<ExtensionBundle> bundles_;
   std::vector<Setting> settings_;
   std::vector<LeftOut> left_out_;

@@ -48,10 +48,7 @@ Expected<Extensions> Extensions::Load(const fs::path &named) {
       extensions.LeaveOut(NameOf(bundle), failure->message);
     }
   }
-  if (extensions.paths_.empty()) {
-    return Failure{"no extension bundle (*.plugin) in " + Joined(folders) +
-                   "; name one with --plugin"};
-  }
+  extensions.folders_ = Joined(folders);
   return extensions;
 }
 
@@ -117,7 +114,7 @@ ExtensionPanels Extensions::Panels(HostCallback *host) {
 }
 
 std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
-  if (ppd == nullptr) {
+  if (ppd == nullptr && !bundles_.empty()) {
     return "the queue has no PPD file, in which a printer declares what extensions need";
   }
   std::vector<std::pair<std::string, std::string>> reasons;
@@ -128,7 +125,9 @@ std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
   }
   if (reasons.empty()) {
     for (const LeftOut &one : left_out_) reasons.emplace_back(one.name, one.reason);
-    if (reasons.empty()) return "there is no extension bundle";
+    if (reasons.empty()) {
+      return "no extension bundle (*.plugin) in " + folders_ + "; name one with --plugin";
+    }
   } else if (reasons.size() == 1) {
     return reasons.front().second;
   }

@@ -629,9 +629,11 @@ TEST_F(Installed, FindsItsBundle) {
   fs::rename(Bundle(), Prefix() / "elsewhere");
   result = Run({"check", kColorPPD});
   EXPECT_EQ(1, result.status);
-  EXPECT_EQ("pdeprint: no extension bundle (*.plugin) in " + (Prefix() / "bin").string() + " or " +
-                Bundle().parent_path().string() + "; name one with --plugin\n",
-            result.err);
+  EXPECT_TRUE(result.err.starts_with("pdeprint: no extension bundle (*.plugin) in " +
+                                     (Prefix() / "bin").string() + ", " +
+                                     Bundle().parent_path().string() + ", "))
+      << result.err;
+  EXPECT_TRUE(result.err.ends_with("; name one with --plugin\n")) << result.err;
   result = Run({"check", "--plugin", "elsewhere", kColorPPD});
   EXPECT_EQ(0, result.status) << result.err;
   fs::rename(Prefix() / "elsewhere", Bundle());

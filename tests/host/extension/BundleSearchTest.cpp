@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <optional>
 
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
@@ -12,22 +12,6 @@ namespace fs = std::filesystem;
 namespace {
 
 using Paths = std::vector<fs::path>;
-
-// The user's folder while the object lives; none: the variable is not set.
-class Home {
- public:
-  explicit Home(const std::optional<std::string> &value) {
-    if (const char *before = getenv("HOME")) before_ = before;
-    Set(value);
-  }
-  ~Home() { Set(before_); }
-
- private:
-  static void Set(const std::optional<std::string> &value) {
-    value ? setenv("HOME", value->c_str(), 1) : unsetenv("HOME");
-  }
-  std::optional<std::string> before_;
-};
 
 Paths FoldersBesideTheUsers() {
   const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
@@ -38,7 +22,7 @@ Paths FoldersBesideTheUsers() {
 }  // namespace
 
 TEST(BundleFolders, AreTheProgramsThenTheUsersThenTheSystems) {
-  Home home("/home/someone");
+  const EnvironmentVariable home("HOME", "/home/someone");
   Paths expected = FoldersBesideTheUsers();
   expected.insert(expected.begin() + 2, "/home/someone/GNUstep/Library/Bundles");
   EXPECT_EQ(expected, BundleFolders());
@@ -48,7 +32,7 @@ TEST(BundleFolders, AreFewerWithoutAHome) {
   for (const std::optional<std::string> &none :
        {std::optional<std::string>(), std::optional<std::string>(""),
         std::optional<std::string>("relative")}) {
-    Home home(none);
+    const EnvironmentVariable home("HOME", none);
     EXPECT_EQ(FoldersBesideTheUsers(), BundleFolders());
   }
 }

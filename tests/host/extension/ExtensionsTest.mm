@@ -1,11 +1,10 @@
 #include "host/extension/Extensions.h"
 
-#include <cstdlib>
-
 #include "host/job/JobTicket.h"
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/host/extension/PlainPanel.h"
 #include "tests/host/extension/TwoPanelsRun.h"
+#include "tests/support/EnvironmentVariable.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 
@@ -20,18 +19,13 @@ const char kBuilt[] = BINARY_DIRECTORY "/BackgroundNumbering.plugin";
 // The bundles that the user has installed, while the object lives.
 class UsersBundles {
  public:
-  UsersBundles() {
-    if (const char *home = getenv("HOME")) home_ = home;
-    fs::create_directories(folder());
-    setenv("HOME", home_folder_.path().c_str(), 1);
-  }
-  ~UsersBundles() { setenv("HOME", home_.c_str(), 1); }
+  UsersBundles() : home_("HOME", home_folder_.path().string()) { fs::create_directories(folder()); }
 
   fs::path folder() const { return home_folder_.path() / "GNUstep/Library/Bundles"; }
 
  private:
   TemporaryFolder home_folder_;
-  std::string home_;
+  EnvironmentVariable home_;
 };
 
 // Lies beside this program, where bundles are found without a name.
