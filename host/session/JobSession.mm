@@ -76,6 +76,9 @@ Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
     LearnPrinterSpecificKeywords();
     TakeAwayBadValues(notes);
     TakeAwayUnfitOptions(notes);
+    for (const std::string &keyword : Claimed()) {
+      if (Value(keyword).empty()) unset.insert(keyword);
+    }
     SetDefaults(unset);
     return notes;
   }
@@ -153,8 +156,10 @@ void JobSession::TakeAwayUnfitOptions(Notes &notes) {
   std::set<std::string> specific = printer_specific_;
   for (const Setting &setting : extensions_.Settings()) specific.insert(setting.key);
   JobOptions options = JobOptionsFromSettings(settings());
-  // These are for the panels to correct.
-  for (const std::string &keyword : Claimed()) options.erase(keyword);
+  // What the printer's description does not list is for the panels to correct.
+  for (const std::string &keyword : Claimed()) {
+    if (!ppd_->Option(keyword)) options.erase(keyword);
+  }
   for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
     TakeAway(unfit.keyword, unfit.reason, notes);
   }
@@ -217,7 +222,7 @@ JobOptions JobSession::Options() const {
 }
 
 std::string JobSession::Choice(const std::string &keyword) const {
-  if (const std::string value = Value(keyword); !value.empty()) return value;
+  if (std::string value = Value(keyword); !value.empty()) return value;
   const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt;
   const auto of_queue = defaults_.find(keyword);
   if (of_queue != defaults_.end() && IsAllowed(keyword, of_queue->second)) return of_queue->second;

@@ -9,6 +9,7 @@
 
 #include "host/dialog/PrintDialog.h"
 #import "tests/bundle/BuiltBundle.h"
+#import "tests/gui/Screen.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
