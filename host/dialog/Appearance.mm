@@ -16,6 +16,8 @@ void UseLightAppearance() {
     @"selectedMenuItemColor" : accent,
     @"selectedTextBackgroundColor" : accent,
     @"keyboardFocusIndicatorColor" : @"0.10 0.35 0.75",
+    // Scrollers on the right.
+    @"NSScrollViewInterfaceStyle" : @"NSMacintoshInterfaceStyle",
   }];
 }
 

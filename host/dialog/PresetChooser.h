@@ -20,6 +20,7 @@ class PresetChooser {
     // The job's settings as they stand, with what the shown panel holds; none: it does not save.
     std::function<PMPrintSettings()> settings_to_save;
     std::function<void(const std::string &message)> tell;
+    std::function<void(const std::string &message)> left_out;  // a damaged preset
   };
 
   PresetChooser(NSPopUpButton *pop_up, PresetStore store, Callbacks callbacks);

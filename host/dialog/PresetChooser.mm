@@ -37,7 +37,7 @@ void PresetChooser::AddPresets() {
     if (settings) {
       AddItem(pop_up, String(preset.name), nil);
     } else {
-      callbacks_.tell("The preset \"" + preset.name + "\" is left out: " + settings.message());
+      callbacks_.left_out("the preset \"" + preset.name + "\" is left out: " + settings.message());
     }
   }
 }

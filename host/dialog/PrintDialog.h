@@ -107,6 +107,7 @@ class PrintDialog {
   Retained<DialogWindow *> window_;
   Retained<WaitingView *> waiting_;
   Actions actions_;
+  std::set<std::string> presets_left_out_;  // and why
   PanelChooser panels_;
   PresetChooser presets_;
   PrinterChooser printers_;
@@ -119,7 +120,7 @@ class PrintDialog {
   std::optional<DialogEnd> end_;
   int job_number_ = 0;
   std::string failure_;
-  Notes notes_;
+  Notes notes_;  // of what happened last
   size_t left_out_told_ = 0;
   std::set<std::set<std::string>> conflicts_shown_;
   NSSize fitted_size_ = NSZeroSize;

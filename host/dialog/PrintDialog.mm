@@ -70,7 +70,11 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                {
                  .apply = [this](PrintSettings settings) { ApplySettings(std::move(settings)); },
                  .settings_to_save = [this] { return SettingsToSave(); },
-                 .tell = [this](const std::string &message) { AddNote(message); }
+                 .tell = [this](const std::string &message) { AddNote(message); },
+                 .left_out = [this](const std::string &message) {
+                   if (presets_left_out_.insert(message).second) Complain(message);
+                   ShowNotices();
+                 }
                }),
       printers_(
           [view_.get() printers], PrintServer(job_.limit), job_.queue,
@@ -203,8 +207,14 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   has_printer_ = true;
   const std::string description = DescribeQueue(queue);
   if (!description.empty()) [[view_.get() printerInfo] setStringValue:String(description)];
-  if (session_.panels().empty())
-    notes.push_back("No extension panel: " + session_.ReasonForNoPanel());
+  if (session_.panels().empty()) {
+    const std::string reason = session_.ReasonForNoPanel();
+    const auto &left_out = extensions_.left_out();
+    const bool is_told =
+        std::any_of(left_out.begin(), left_out.end(),
+                    [&reason](const LeftOut &one) { return one.reason == reason; });
+    if (!is_told) notes.push_back("no extension panel: " + reason);
+  }
   SetPhase(Phase::kReady);
   ShowNotes(std::move(notes));
   ShowFields();
@@ -353,7 +363,7 @@ void PrintDialog::Send() {
 void PrintDialog::ShowRefusal(const std::string &reason) {
   [view_.get() setProgressText:@"" fraction:-1];
   SetPhase(Phase::kReady);
-  AddNote("Not printed: " + reason);
+  AddNote("not printed: " + reason);
   Complain(reason);
 }
 
@@ -424,6 +434,7 @@ void PrintDialog::ShowNotices() {
   std::string text;
   const auto add = [&text](const std::string &line) { text += (text.empty() ? "" : "\n") + line; };
   for (const std::string &note : notes_) add(Text(Sentence(note)));
+  for (const std::string &message : presets_left_out_) add(Text(Sentence(message)));
   for (const LeftOut &one : extensions_.left_out())
     add(Text(Sentence(one.name + " is left out: " + one.reason)));
   [view_.get() setNotices:String(text)];

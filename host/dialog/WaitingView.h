@@ -5,8 +5,10 @@
 
 #import <Cocoa/Cocoa.h>
 
+#import "host/dialog/Spinner.h"
+
 @interface WaitingView : NSView {
-  NSProgressIndicator *_spinner;
+  Spinner *_spinner;
   NSTextField *_message;
   NSButton *_retry;
 }

@@ -19,9 +19,7 @@ const CGFloat kTop = 40;
 - (instancetype)initWithWidth:(CGFloat)width {
   self = [super initWithFrame:NSMakeRect(0, 0, width, kHeight)];
   if (self == nil) return nil;
-  _spinner = [[NSProgressIndicator alloc] initWithFrame:NSZeroRect];
-  [_spinner setStyle:NSProgressIndicatorSpinningStyle];
-  [_spinner setIndeterminate:YES];
+  _spinner = [[Spinner alloc] initWithFrame:NSZeroRect];
   [self addSubview:_spinner];
   _message = [Label(@"") retain];
   [_message setAlignment:NSCenterTextAlignment];
@@ -60,18 +58,10 @@ const CGFloat kTop = 40;
 
 - (void)showWaiting:(NSString *)message {
   [self show:message waiting:YES];
-  [_spinner startAnimation:nil];
 }
 
 - (void)showFailure:(NSString *)message {
-  [_spinner stopAnimation:nil];
   [self show:message waiting:NO];
-}
-
-// The turning spinner is held by its timer.
-- (void)viewDidMoveToWindow {
-  [super viewDidMoveToWindow];
-  if ([self window] == nil) [_spinner stopAnimation:nil];
 }
 
 @end

@@ -18,6 +18,8 @@ struct DialogOptions {
   std::string bundle = kBuiltBundle;
   std::string server;  // empty: the tests' own
   std::map<std::string, std::string> settings;
+  std::string damaged_preset;                    // the name of one; empty: none
+  std::map<std::string, std::string> last_used;  // empty: nothing was printed yet
   bool waits = false;
   bool has_file = true;
   std::chrono::milliseconds limit{5000};

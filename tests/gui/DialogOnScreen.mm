@@ -15,6 +15,16 @@ Extensions Load(const std::string &bundle) {
   return std::move(*extensions);
 }
 
+PrintSettings Settings(const std::map<std::string, std::string> &values) {
+  PrintSettings settings = EmptyPrintSettings();
+  for (const auto &[key, value] : values) {
+    PMPrintSettingsSetValue(settings.get(),
+                            (CFStringRef)[NSString stringWithUTF8String:key.c_str()],
+                            (CFTypeRef)[NSString stringWithUTF8String:value.c_str()], false);
+  }
+  return settings;
+}
+
 void CollectTexts(NSView *view, std::string &texts) {
   if ([view isHidden]) return;
   if ([view isKindOfClass:[NSTextField class]]) {
@@ -50,11 +60,13 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
   if (!options.server.empty()) variables_.emplace_back("CUPS_SERVER", options.server);
   PrintDialogJob job;
   job.queue = options.queue;
-  job.settings = EmptyPrintSettings();
-  for (const auto &[key, value] : options.settings) {
-    PMPrintSettingsSetValue(job.settings.get(),
-                            (CFStringRef)[NSString stringWithUTF8String:key.c_str()],
-                            (CFTypeRef)[NSString stringWithUTF8String:value.c_str()], false);
+  job.settings = Settings(options.settings);
+  if (!options.damaged_preset.empty()) {
+    folder_.Write("presets/" + options.damaged_preset + ".plist", "<plist><dict><key>copies");
+  }
+  if (!options.last_used.empty()) {
+    Expected<std::filesystem::path> path = store().LastUsedPathForWriting();
+    WriteTicket(*path, Settings(options.last_used).get());
   }
   if (options.has_file) job.files = {folder_.Write("page.ps", kPage)};
   job.waits = options.waits;

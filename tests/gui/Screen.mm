@@ -115,9 +115,12 @@ void TypeText(const std::string &text) {
 void PressKeysInNextWindow(const std::string &title, const std::vector<std::string> &keys) {
   std::vector<std::string> words = {
       "sh", "-c",
-      "timeout 20 xdotool search --sync --onlyvisible --name \"^$0$\" "
-      "windowactivate --sync && sleep 0.3 && "
-      "exec xdotool key --delay 150 \"$@\"",
+      "for attempt in $(seq 200); do\n"
+      "  [ \"$(xdotool getactivewindow getwindowname 2>/dev/null)\" = \"$0\" ] && break\n"
+      "  sleep 0.05\n"
+      "done\n"
+      "sleep 0.3\n"
+      "exec xdotool key --delay 150 \"$@\"\n",
       title};
   words.insert(words.end(), keys.begin(), keys.end());
   [NSTask launchedTaskWithLaunchPath:@"/usr/bin/env" arguments:Arguments(words)];

@@ -20,11 +20,10 @@ namespace {
 using Http = std::unique_ptr<http_t, decltype(&httpClose)>;
 using Ipp = std::unique_ptr<ipp_t, decltype(&ippDelete)>;
 
-// Started by root, the server runs filters as another user, who cannot enter a private temporary
-// folder of root's.
+// The folder for temporary files may be one that only this user can enter, while a server that root
+// starts runs filters as another user; and its path may be too long for a socket.
 fs::path NewFolder() {
-  const fs::path parent = getuid() == 0 ? "/tmp" : fs::temp_directory_path();
-  std::string name = (parent / "numbering-server.XXXXXX").string();
+  std::string name = "/tmp/numbering-server.XXXXXX";
   if (mkdtemp(name.data()) == nullptr || chmod(name.c_str(), 0711) != 0) std::abort();
   return name;
 }
@@ -72,7 +71,8 @@ void PrivateServer::Configure() const {
       << line("StateDir", "state") << line("RequestRoot", "spool") << line("TempDir", "tmp")
       << line("AccessLog", "access_log") << line("ErrorLog", "error_log")
       << line("PageLog", "page_log");
-  std::ofstream(folder_ / "cupsd.conf") << "Listen " << address() << R"(
+  std::ofstream(folder_ / "cupsd.conf")
+      << "Listen " << address() << "\nListen " << socket().string() << R"(
 DefaultAuthType None
 Browsing No
 WebInterface No
@@ -88,6 +88,13 @@ LogLevel info
   SubscriptionPrivateAccess all
   SubscriptionPrivateValues none
   <Limit All>
+    Order deny,allow
+  </Limit>
+</Policy>
+<Policy password>
+  <Limit All>
+    AuthType Basic
+    Require valid-user
     Order deny,allow
   </Limit>
 </Policy>
@@ -109,9 +116,10 @@ exec cat "${6:--}" >>"$PRINTER/$1"
 }
 
 void PrivateServer::Start() {
-  program_ = std::make_unique<RunningProgram>(
-      std::vector<std::string>{AdministratorsProgram("cupsd"), "-f", "-c", folder_ / "cupsd.conf",
-                               "-s", folder_ / "cups-files.conf"});
+  // Also a test program that is killed takes it along.
+  program_ = std::make_unique<RunningProgram>(std::vector<std::string>{
+      "setpriv", "--pdeathsig", "TERM", AdministratorsProgram("cupsd"), "-f", "-c",
+      folder_ / "cupsd.conf", "-s", folder_ / "cups-files.conf"});
   const auto deadline = std::chrono::steady_clock::now() + 20s;
   while (std::chrono::steady_clock::now() < deadline && !program_->HasEnded(0s)) {
     if (const int connection = port_.Connect(); connection >= 0) {
@@ -124,6 +132,8 @@ void PrivateServer::Start() {
             << program_->Wait(1ms).err << '\n';
   std::abort();
 }
+
+fs::path PrivateServer::socket() const { return folder_ / "socket"; }
 
 fs::path PrivateServer::home() const { return folder_ / "home"; }
 

@@ -39,6 +39,7 @@ class PrivateServer {
   PrivateServer &operator=(const PrivateServer &) = delete;
 
   std::string address() const { return port_.address(); }  // "127.0.0.1:PORT"
+  std::filesystem::path socket() const;                    // another address of its
 
   // For programs: this server, and neither the machine's nor the user's settings of libcups. HOME
   // is a folder of this object's.

@@ -62,6 +62,16 @@ bool Becomes(const std::function<bool()> &condition) {
   return false;
 }
 
+size_t CountOfThreads() {
+  const fs::directory_iterator threads("/proc/self/task");
+  return static_cast<size_t>(std::distance(begin(threads), end(threads)));
+}
+
+// Work that is left behind reads the environment, which must not change meanwhile.
+void ExpectThreads(size_t count) {
+  EXPECT_TRUE(Becomes([count] { return CountOfThreads() <= count; }));
+}
+
 // A server that these tests share; each uses queues of its own.
 class PrintServerTest : public testing::Test {
  protected:
@@ -438,6 +448,12 @@ TEST_F(PrintServerTest, ARefusedJobFailsWithTheServersWords) {
                 " refuses the job: Destination \"Refusing\" is not accepting jobs");
 }
 
+TEST_F(PrintServerTest, AServerThatWantsAPasswordIsAFailure) {
+  server().AddQueue({.name = "Password", .options = {{"printer-op-policy", "password"}}});
+  const std::string failure = FailureOf(Print("Password", {"text"}));
+  EXPECT_EQ(failure, "the print server " + server().address() + " refuses the job: Unauthorized");
+}
+
 TEST_F(PrintServerTest, AJobForAnUnknownQueueFailsWithTheNamesOfTheQueues) {
   server().AddQueue({.name = "Somewhere"});
   const std::string failure = FailureOf(Print("Nowhere", {"text"}));
@@ -534,6 +550,8 @@ class SendingTest : public testing::Test {
   }
 
   // Begins to print and answers when something has been sent.
+  void TearDown() override { ExpectThreads(threads_); }
+
   std::thread Begin(std::chrono::milliseconds limit) {
     std::thread thread(
         [this, limit] { failure_ = FailureOf(PrintServer(limit).Print(request_, progress_)); });
@@ -552,6 +570,7 @@ class SendingTest : public testing::Test {
   JobRequest request_;
   SendingProgress progress_;
   std::string failure_;
+  const size_t threads_ = CountOfThreads();
 };
 
 TEST_F(SendingTest, CancelingTakesTheJobBack) {
@@ -610,10 +629,11 @@ TEST(PrintServer, WhereNothingListensTheFailureSaysSo) {
 }
 
 TEST(PrintServer, ASilentServerEndsEveryOperationWithinTheLimit) {
-  const SilentServer silent;
-  const EnvironmentVariable variable("CUPS_SERVER", silent.address());
+  const size_t threads = CountOfThreads();
+  auto silent = std::make_unique<SilentServer>();
+  const EnvironmentVariable variable("CUPS_SERVER", silent->address());
   const std::string failure =
-      "the print server " + silent.address() + " does not answer within 0.3 s";
+      "the print server " + silent->address() + " does not answer within 0.3 s";
   TemporaryFolder folder;
   const JobRequest request{
       .queue = "Office", .title = "", .options = {}, .files = {folder.Write("a", "a")}};
@@ -626,14 +646,18 @@ TEST(PrintServer, ASilentServerEndsEveryOperationWithinTheLimit) {
   EXPECT_EQ(FailureOf(server.StatusOfJob(1)), failure);
   EXPECT_EQ(FailureOf(server.Print(request, progress)), failure);
   EXPECT_LT(Clock::now() - begin, 3s);
+  silent.reset();
+  ExpectThreads(threads);
 }
 
 TEST(PrintServer, AServerThatNobodyCanReachEndsWithinTheLimit) {
   const EnvironmentVariable variable("CUPS_SERVER", "print-server.invalid:1631");
+  const size_t threads = CountOfThreads();
   const auto begin = Clock::now();
   const std::string failure = FailureOf(PrintServer(300ms).Queues());
   EXPECT_LT(Clock::now() - begin, 3s);
   EXPECT_TRUE(Holds(failure, "print-server.invalid:1631")) << failure;
+  ExpectThreads(threads);
 }
 
 // Which server
@@ -653,6 +677,17 @@ TEST_F(PrintServerTest, TheAddressIsTheOneOfNowWhateverTheThreadKnowsFromBefore)
   EXPECT_EQ(print_server_.Address(), server().address());
   const EnvironmentVariable variable("CUPS_SERVER", "/run/elsewhere.sock");
   EXPECT_EQ(print_server_.Address(), "/run/elsewhere.sock");
+}
+
+TEST_F(PrintServerTest, TheServerMayBeASocket) {
+  server().AddQueue({.name = "Socket", .ppd = kSampleColor, .stopped = "Wait"});
+  const EnvironmentVariable variable("CUPS_SERVER", server().socket());
+  EXPECT_EQ(print_server_.Address(), server().socket());
+  EXPECT_EQ(Find("Socket").name, "Socket");
+  Expected<std::optional<PPDFile>> ppd = print_server_.PPDOfQueue("Socket");
+  ASSERT_TRUE(ppd) << ppd.message();
+  EXPECT_TRUE(ppd->has_value());
+  EXPECT_EQ(StatusOf(JobOf("Socket", {"text"})).state, JobState::kStopped);
 }
 
 TEST_F(PrintServerTest, SeveralThreadsAskAtTheSameTime) {

@@ -1,0 +1,15 @@
+// A wheel that turns while something is waited for.
+
+#ifndef HOST_DIALOG_SPINNER_H
+#define HOST_DIALOG_SPINNER_H
+
+#import <Cocoa/Cocoa.h>
+
+/// Turns while it is in a window and not hidden.
+@interface Spinner : NSView {
+  NSTimer *_timer;
+  int _step;
+}
+@end
+
+#endif
