@@ -5,6 +5,7 @@
 #include "host/command/Commands.h"
 #include "host/command/ScriptedJob.h"
 #include "host/cups/PrintServer.h"
+#include "host/cups/RequestId.h"
 #include "host/job/JobFiles.h"
 #include "host/job/PageRanges.h"
 
@@ -15,6 +16,13 @@ const std::chrono::milliseconds kBetweenQuestions(500);
 int Refuse(const std::string &message, ExitStatus status) {
   Complain(message);
   return status;
+}
+
+// Why nothing happens until somebody does something; empty: nothing is in the way.
+std::string Obstacle(const JobStatus &status, const std::string &id) {
+  if (status.state == JobState::kHeld) return id + " is held";
+  if (status.state != JobState::kStopped) return "";
+  return status.message.empty() ? id + " is stopped" : status.message;
 }
 
 // A stopped printer's jobs wait until somebody starts it again: say so once, and wait with them.
@@ -29,11 +37,9 @@ int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
       return Refuse(id + " was " + what + (status->message.empty() ? "" : ": " + status->message),
                     kFailed);
     }
-    const bool stands = status->state == JobState::kHeld || status->state == JobState::kStopped;
-    if (stands && status->message != told) {
-      told = status->message;
-      Complain("waiting: " + (told.empty() ? id + " is held" : told));
-    }
+    const std::string obstacle = Obstacle(*status, id);
+    if (!obstacle.empty() && obstacle != told) Complain("waiting: " + obstacle);
+    told = obstacle;
     std::this_thread::sleep_for(kBetweenQuestions);
   }
 }
@@ -48,7 +54,7 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   SendingProgress progress;
   Expected<int> number = server.Print(request, progress);
   if (!number) return Refuse(number.message(), kFailed);
-  const std::string id = request.queue + '-' + std::to_string(*number);
+  const std::string id = RequestId(request.queue, *number);
   const bool told = PrintResults("request id is " + id + '\n');
   const int end = options.wait ? WaitForEnd(server, *number, id) : kDone;
   return told ? end : kFailed;

@@ -3,10 +3,12 @@
 #include <algorithm>
 
 #include "host/base/Messages.h"
+#include "host/base/Text.h"
 #include "host/command/JobSettings.h"
 #include "host/command/Printer.h"
 #include "host/command/SettingChanges.h"
 #include "host/job/OptionFit.h"
+#include "host/job/PageRanges.h"
 
 namespace {
 
@@ -15,12 +17,22 @@ struct Refusal {
   std::string message;
 };
 
+void Store(PMPrintSettings settings, const std::string &keyword, const std::string &value) {
+  PMPrintSettingsSetValue(settings, (CFStringRef)[NSString stringWithUTF8String:keyword.c_str()],
+                          (CFTypeRef)[NSString stringWithUTF8String:value.c_str()], false);
+}
+
 void Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
-  for (const SettingChange &change : changes) {
-    NSString *key = [NSString stringWithUTF8String:change.key.c_str()];
-    NSString *value = [NSString stringWithUTF8String:change.value.c_str()];
-    PMPrintSettingsSetValue(settings, (CFStringRef)key, (CFTypeRef)value, false);
-  }
+  for (const SettingChange &change : changes) Store(settings, change.key, change.value);
+}
+
+// As the server takes page ranges: in rising order, without blanks.
+void SortPages(PMPrintSettings settings) {
+  const JobOptions options = JobOptionsFromSettings(settings);
+  const auto pages = options.find("page-ranges");
+  if (pages == options.end()) return;
+  Expected<std::string> sorted = ParsePageRanges(pages->second);
+  if (sorted && *sorted != pages->second) Store(settings, "page-ranges", *sorted);
 }
 
 // Panels take what is stored under their keys for strings. The name of a key whose value is none.
@@ -35,6 +47,14 @@ std::optional<std::string> KeyWithoutString(const std::vector<Setting> &settings
   return std::nullopt;
 }
 
+std::string NameOfBeginning(const JobSource &source) {
+  std::string name = source.preset.empty() ? "" : "preset " + Quoted(source.preset);
+  if (!source.ticket.empty()) {
+    name += (name.empty() ? "ticket " : " with ticket ") + source.ticket.string();
+  }
+  return name;
+}
+
 // What a printer makes of a value that it does not know is not what was asked for.
 std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
                                            const std::vector<Setting> &settings,
@@ -47,6 +67,18 @@ std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
   for (const UnfitOption &unfit : UnfitOptions(options, ppd, {})) {
     return Refusal{kFailed, "the job's " + unfit.keyword + " is \"" + unfit.value + "\": " +
                                 unfit.reason + "; mend it with --set " + unfit.keyword + "=VALUE"};
+  }
+  return std::nullopt;
+}
+
+// A setting that the printer does not have is taken away from a ticket, which may be another
+// printer's. Asking for it here is wrong usage.
+std::optional<Refusal> ReasonAgainstChanges(const std::vector<SettingChange> &changes,
+                                            const JobSession &session) {
+  for (const SettingChange &change : changes) {
+    if (!session.Value(change.key).empty()) continue;
+    return Refusal{kWrongUsage, change.name + " cannot be " + Quoted(change.value) +
+                                    ": this printer has no " + change.key};
   }
   return std::nullopt;
 }
@@ -92,21 +124,22 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
 
   const std::vector<Setting> known = extensions->Settings();
   if (const auto key = KeyWithoutString(known, settings->get())) {
-    return Refuse({kFailed, "cannot use ticket " + source.ticket.string() + ": the value of " +
-                                *key + " is not a string"});
+    return Refuse({kFailed, "cannot use " + NameOfBeginning(source) + ": the value of " + *key +
+                                " is not a string"});
   }
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
   if (!changes) return Refuse({kWrongUsage, changes.message()});
   Apply(*changes, settings->get());
+  SortPages(settings->get());
   const JobOptions asked = JobOptionsFromSettings(settings->get());
   if (const auto refusal = ReasonAgainstValues(asked, known, ppd)) return Refuse(*refusal);
 
   JobSession session(*extensions);
   session.UsePrinter(std::move(printer->ppd), printer->queue.defaults);
-  for (const std::string &note : session.UseSettings(std::move(*settings))) {
-    Complain("note: " + note);
-  }
+  const Notes notes = session.UseSettings(std::move(*settings));
+  if (const auto refusal = ReasonAgainstChanges(*changes, session)) return Refuse(*refusal);
+  for (const std::string &note : notes) Complain("note: " + note);
   const JobOptions before = JobOptionsFromSettings(session.settings());
   const std::optional<Failure> reason = session.ReasonNotToPrint();
   session.DropFaultyPanels();

@@ -4,8 +4,9 @@
 #include <array>
 #include <string_view>
 
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
 #include "host/job/OptionFit.h"
-#include "host/job/PageRanges.h"
 
 namespace {
 
@@ -29,13 +30,16 @@ std::string Names(const std::vector<Setting> &settings) {
   return names;
 }
 
-Expected<SettingChange> ParsePrinterOption(const std::string &name, const std::string &value,
-                                           const PPDFile *ppd) {
-  const std::vector<UnfitOption> unfit = UnfitOptions({{name, value}}, ppd, {});
-  if (!unfit.empty()) {
-    return Failure{name + " cannot be \"" + value + "\": " + unfit.front().reason};
-  }
-  return SettingChange{name, name, value};
+// The change, if the printer can do it.
+Expected<SettingChange> Fitting(SettingChange change, const PPDFile *ppd) {
+  const std::vector<UnfitOption> unfit = UnfitOptions({{change.key, change.value}}, ppd, {});
+  const auto refusal = [&change](const std::string &reason) {
+    return Failure{change.name + " cannot be " + Quoted(change.value) + ": " + reason};
+  };
+  if (!unfit.empty()) return refusal(unfit.front().reason);
+  if (change.value.empty()) return refusal("it must have a value");
+  if (ToUtf8(change.value) != change.value) return refusal("it is not UTF-8");
+  return change;
 }
 
 Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting> &settings,
@@ -52,12 +56,12 @@ Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting
   if (setting != settings.end()) {
     Expected<std::string> stored = setting->Check(value);
     if (!stored) return Failure{stored.message()};
-    return SettingChange{setting->name, setting->key, *stored};
+    return Fitting({setting->name, setting->key, *stored}, ppd);
   }
   const bool is_ppd_option = ppd != nullptr && ppd->Option(name).has_value();
   if (is_ppd_option || std::find(kJobOptionsOfEveryPrinter.begin(), kJobOptionsOfEveryPrinter.end(),
                                  name) != kJobOptionsOfEveryPrinter.end()) {
-    return ParsePrinterOption(name, value, ppd);
+    return Fitting({name, name, value}, ppd);
   }
   const std::string names = Names(settings);
   return Failure{"--set " + text + ": there is no setting \"" + name + "\"; there are " + names +

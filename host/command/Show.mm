@@ -5,6 +5,7 @@
 #include "host/command/Display.h"
 #include "host/command/JobSettings.h"
 #include "host/command/ScriptedJob.h"
+#include "host/cups/RequestId.h"
 #include "host/dialog/PrintDialog.h"
 #include "host/job/JobFiles.h"
 #include "host/job/JobTicket.h"
@@ -76,7 +77,7 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
     told = PrintResults(report.Text());
   } else {
     KeepAsLastUsed(dialog.session().settings());
-    const std::string id = dialog.queue().name + '-' + std::to_string(dialog.job_number());
+    const std::string id = RequestId(dialog.queue().name, dialog.job_number());
     told = PrintResults("request id is " + id + '\n');
     if (end == DialogEnd::kJobFailed)
       failures.push_back({id + " was not printed: " + dialog.failure()});

@@ -7,6 +7,8 @@
 @interface PollerTarget : NSObject {
  @public
   std::function<bool()> _hasEnded;
+  BOOL _isAsking;
+  BOOL _isOver;
 }
 - (void)poll:(NSTimer *)timer;
 @end
@@ -37,9 +39,19 @@ void PostEmptyEvent() {
   // What ends the waiting may drop the poller, and with it this object and the timer.
   [[self retain] autorelease];
   [[timer retain] autorelease];
+  if (_isOver) {
+    [timer invalidate];
+    return;
+  }
+  // What is done at the end may ask the user, and events are handled until the answer.
+  if (_isAsking) return;
   const std::function<bool()> hasEnded = _hasEnded;
-  if (!hasEnded()) return;
-  [timer invalidate];
+  _isAsking = YES;
+  const bool ended = hasEnded();
+  _isAsking = NO;
+  if (!ended) return;
+  // The platform looks for events when a timer is due, but not after it: the next time finds it.
+  _isOver = YES;
   PostEmptyEvent();
 }
 
