@@ -1,5 +1,7 @@
 #include "host/dialog/PrinterChooser.h"
 
+#include <strings.h>
+
 #include <algorithm>
 
 #import "host/dialog/Controls.h"
@@ -39,7 +41,9 @@ void PrinterChooser::TakeQueues(QueuesAnswer queues) {
   [pop_up_.get() removeAllItems];
   for (const Queue &queue : queues_) AddItem(pop_up_.get(), String(queue.name), nil);
   auto chosen = std::find_if(queues_.begin(), queues_.end(), [this](const Queue &queue) {
-    return wanted_.empty() ? queue.is_default : queue.name == wanted_;
+    // The print system takes no notice of the case of letters.
+    return wanted_.empty() ? queue.is_default
+                           : strcasecmp(queue.name.c_str(), wanted_.c_str()) == 0;
   });
   if (chosen == queues_.end() && !wanted_.empty()) {
     [pop_up_.get() selectItemAtIndex:-1];

@@ -30,6 +30,21 @@ OBJC_TEST(PrintDialog, ShowsTheDefaultQueueAndWhatPeopleKnowItBy) {
   KeepPicture(screen.view(), "dialog");
 }
 
+OBJC_TEST(PrintDialog, FindsAQueueWhateverTheCaseOfItsName) {
+  DialogOnScreen screen({.queue = "mono"});
+  screen.AwaitReady();
+  EXPECT_EQUAL_OBJECTS(@"Mono", [[screen.view() printers] titleOfSelectedItem]);
+}
+
+OBJC_TEST(PrintDialog, AQueueThatIsNotThereIsNamedAndAnotherCanBeChosen) {
+  DialogOnScreen screen({.queue = "Absent"});
+  screen.AwaitText("There is no printer \"Absent\"");
+  EXPECT_FALSE([[screen.view() print] isEnabled]);
+  [screen.dialog().window() makeFirstResponder:[screen.view() printers]];
+  PressKeys({"space", "Down", "Return"});
+  screen.AwaitReady();
+}
+
 OBJC_TEST(PrintDialog, ReturnPrintsTheFileWithWhatWasChosen) {
   DialogOnScreen screen;
   screen.AwaitReady();
