@@ -20,8 +20,8 @@ struct ScriptedJob {
 
 // Opens the printer, the bundles and the settings to begin with, makes the changes, and checks that
 // the job can be printed as it stands; then does the work. Complains of whatever is wrong; the
-// answer is the exit status. A change that is not allowed, or that the printer's panels take back,
-// is wrong usage.
+// answer is the exit status. A change that is not allowed, of a setting that the printer does not
+// have, or that the printer's panels take back, is wrong usage.
 int WithScriptedJob(const JobSource &source, const std::vector<std::string> &changes,
                     const std::function<int(const ScriptedJob &)> &work);
 

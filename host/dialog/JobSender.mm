@@ -12,7 +12,7 @@ double Fraction(const SendingProgress &progress) {
 }  // namespace
 
 JobSender::JobSender(PrintServer server, Callbacks callbacks)
-    : server_(std::move(server)), callbacks_(std::move(callbacks)) {}
+    : server_(server), callbacks_(std::move(callbacks)) {}
 
 void JobSender::Send(JobRequest request) {
   progress_ = std::make_shared<SendingProgress>();

@@ -49,7 +49,7 @@ class PanelChooser {
 
  private:
   void Show(const std::string &kind);
-  bool ShowPanel(const std::shared_ptr<ExtensionPanel> &panel);
+  bool ShowPanel(std::shared_ptr<ExtensionPanel> panel);
   void Fill();
   void SelectShown();
   Retained<PrintDialogView *> view_;

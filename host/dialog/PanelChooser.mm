@@ -78,16 +78,15 @@ void PanelChooser::Show(const std::string &kind) {
   callbacks_.shown();
 }
 
-bool PanelChooser::ShowPanel(const std::shared_ptr<ExtensionPanel> &panel) {
-  const std::shared_ptr<ExtensionPanel> kept = panel;
-  NSView *view = kept->View();
+bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {
+  NSView *view = panel->View();
   if (view != nil) {
-    if (const auto failure = kept->Restore(); failure && !kept->fault()) {
+    if (const auto failure = panel->Restore(); failure && !panel->fault()) {
       callbacks_.refused(failure->message);
     }
-    kept->WillShow();
+    panel->WillShow();
   }
-  shown_ = kept;
+  shown_ = std::move(panel);
   if (DropFaulty()) return false;
   StraightenButtons(view);
   [view_.get() setPanelView:view];

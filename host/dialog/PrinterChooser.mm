@@ -24,7 +24,7 @@ Poller AskInBackground(std::function<Answer()> question, std::function<void(Answ
 PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::string wanted,
                                Callbacks callbacks)
     : pop_up_(Retained<NSPopUpButton *>::Share(pop_up)),
-      server_(std::move(server)),
+      server_(server),
       wanted_(std::move(wanted)),
       callbacks_(std::move(callbacks)) {}
 

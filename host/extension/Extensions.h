@@ -53,6 +53,7 @@ class Extensions {
 
  private:
   Extensions() = default;
+  std::string ReasonForNoBundle() const;
   // The failure: it does not load. One that was here already is passed over.
   std::optional<Failure> Add(const std::filesystem::path &path);
   void LeaveOut(const std::string &name, const std::string &reason);

@@ -114,26 +114,28 @@ ExtensionPanels Extensions::Panels(HostCallback *host) {
 }
 
 std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
-  if (ppd == nullptr && !bundles_.empty()) {
+  if (bundles_.empty()) return ReasonForNoBundle();
+  if (ppd == nullptr) {
     return "the queue has no PPD file, in which a printer declares what extensions need";
   }
-  std::vector<std::pair<std::string, std::string>> reasons;
-  for (const ExtensionBundle &bundle : bundles_) {
+  const auto reason_of = [this, ppd](const ExtensionBundle &bundle) {
     const auto trouble = troubles_.find(bundle.bundle());
-    reasons.emplace_back(bundle.Name(), trouble == troubles_.end() ? bundle.ReasonForNoPanel(*ppd)
-                                                                   : trouble->second);
+    return trouble == troubles_.end() ? bundle.ReasonForNoPanel(*ppd) : trouble->second;
+  };
+  if (bundles_.size() == 1) return reason_of(bundles_.front());
+  std::string text;
+  for (const ExtensionBundle &bundle : bundles_) {
+    text += (text.empty() ? "" : "; ") + bundle.Name() + ": " + reason_of(bundle);
   }
-  if (reasons.empty()) {
-    for (const LeftOut &one : left_out_) reasons.emplace_back(one.name, one.reason);
-    if (reasons.empty()) {
-      return "no extension bundle (*.plugin) in " + folders_ + "; name one with --plugin";
-    }
-  } else if (reasons.size() == 1) {
-    return reasons.front().second;
+  return text;
+}
+
+std::string Extensions::ReasonForNoBundle() const {
+  if (left_out_.empty()) {
+    return "no extension bundle (*.plugin) in " + folders_ + "; name one with --plugin";
   }
-  std::string text = bundles_.empty() ? "no extension bundle could be loaded" : "";
-  for (const auto &[name, reason] : reasons)
-    text += (text.empty() ? "" : "; ") + name + ": " + reason;
+  std::string text = "no extension bundle could be loaded";
+  for (const LeftOut &one : left_out_) text += "; " + one.name + ": " + one.reason;
   return text;
 }
 

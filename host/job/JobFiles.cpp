@@ -26,7 +26,7 @@ std::optional<Failure> ReasonAgainstFiles(const std::vector<fs::path> &files) {
 
 std::string TitleOfJob(const std::vector<fs::path> &files) {
   if (files.empty()) return "";
-  const std::string first = files.front().filename().string();
+  std::string first = files.front().filename().string();
   if (files.size() == 1) return first;
   return first + " and " + std::to_string(files.size() - 1) + " more";
 }

@@ -298,6 +298,18 @@ TEST_F(PrintVerb, AnInstancePrintsOnItsQueueWithItsOptions) {
   EXPECT_EQ(job.at("number-up"), "4");
 }
 
+TEST_F(PrintVerb, PrintsOnAClassWithTheSettingsOfItsPrinters) {
+  const TemporaryFolder folder;
+  server().AddQueue({.name = "Member",
+                     .ppd = folder.Write("color.ppd", NumberingPPDText(/*color=*/true)),
+                     .stopped = "Paused"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "Member", "-c", "Team"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "Team", "-E"});
+  const Attributes job = JobOn("Team", {"--set", "Valid=On", "--set", "StartNumber=7"});
+  EXPECT_EQ(job.at("VQBackgroundNumbering"), "On");
+  EXPECT_EQ(job.at("VQStartNumber"), "7");
+}
+
 TEST_F(PrintVerb, TheUsersAndTheServersOptionsAreSentAsLpSendsThem) {
   const TemporaryFolder folder;
   server().AddQueue({.name = "Defaults",
@@ -489,6 +501,13 @@ TEST_F(PrintVerb, AFileThatCannotBePrintedSendsNothing) {
     EXPECT_EQ(Refusal(1, {"-d", "Office", file_, file}),
               "pdeprint: cannot print " + file + ": " + reason + '\n');
   }
+}
+
+TEST_F(PrintVerb, FilesAreLookedAtBeforeTheServerIsAsked) {
+  const LocalPort port;
+  const std::string missing = folder_.path() / "missing";
+  EXPECT_EQ(Refusal(1, {"-d", "Office", missing}, {{"CUPS_SERVER", port.address()}}),
+            "pdeprint: cannot print " + missing + ": no such file\n");
 }
 
 TEST_F(PrintVerb, AFileThatTheUserMayNotReadSendsNothing) {

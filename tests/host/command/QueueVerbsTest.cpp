@@ -168,6 +168,11 @@ TEST_F(QueueVerbs, CheckTakesAnInstance) {
             "Color/draft: panel offered, color printer\n");
 }
 
+TEST_F(QueueVerbs, CheckDoesNotKnowAnInstanceThatTheUserHasNotMade) {
+  const std::string result = ResultOf({"check", "-d", "Color/draft"}, 1);
+  EXPECT_TRUE(Holds(result, " has no queue \"Color/draft\"; there is Color, ")) << result;
+}
+
 // settings
 
 TEST_F(QueueVerbs, SettingsChangesATicketForAQueue) {
