@@ -257,18 +257,31 @@ OBJC_TEST(JobSession, TakesAwayAllPrinterOptionsForAQueueWithoutAPPD) {
   EXPECT_EQ((JobOptions{{"copies", "2"}}), SettingsOf(session));
 }
 
-OBJC_TEST(JobSession, LeavesWhatAPanelClaimsToThePanel) {
+OBJC_TEST(JobSession, TakesAwayWhatThePrinterDoesNotListForAPanelsOption) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
   session.Set("VQBNColor", "Red");
   session.Set("Duplex", "DuplexTumble");
-  // Red is no choice there, and the panel of that printer makes it Black.
-  EXPECT_EQ(Notes(), session.UsePrinter(MonoPPD(), {}));
-  EXPECT_EQ("Red", session.Value("VQBNColor"));
-  EXPECT_EQ("", ReasonOf(session));
+  EXPECT_EQ(
+      Notes{"VQBNColor \"Red\" does not fit: this printer has no VQBNColor \"Red\"; it has Black"},
+      session.UsePrinter(MonoPPD(), {}));
   EXPECT_EQ("Black", session.Value("VQBNColor"));
   EXPECT_EQ("DuplexTumble", session.Value("Duplex"));
+}
+
+OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  session.UsePrinter(ColorPPD(), {});
+  session.Set("VQBNColor", "Red");
+  Expected<PPDFile> mono = PPDFile::Open(SOURCE_DIRECTORY "/printer/SampleMono.ppd");
+  ASSERT_TRUE(mono) << mono.message();
+  EXPECT_EQ(Notes(), session.UsePrinter(std::move(*mono), {}));
+  EXPECT_EQ("Red", session.Value("VQBNColor"));
+  // The panel of a monochrome printer makes it Black.
+  EXPECT_EQ("", ReasonOf(session));
+  EXPECT_EQ("Black", session.Value("VQBNColor"));
 }
 
 OBJC_TEST(JobSession, TakesAwayValuesThatTheSettingInfoDoesNotAllow) {
