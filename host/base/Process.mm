@@ -33,17 +33,17 @@ void PrepareProcess() {
     } @catch (NSException *exception) {
       // It has looked at the arguments and variables already, and found what is no text.
     }
+    // What bundles and the platform log is for the system's log; standard error is for the user.
     static char program[] = "pdeprint";
-    char *arguments[] = {program, nullptr};
+    static char log_option[] = "-GSLogSyslog";
+    static char yes[] = "YES";
+    char *arguments[] = {program, log_option, yes, nullptr};
     std::vector<char *> variables;
     for (char **variable = environ; *variable != nullptr; ++variable) {
       if (IsText(*variable)) variables.push_back(*variable);
     }
     variables.push_back(nullptr);
-    [NSProcessInfo initializeWithArguments:arguments count:1 environment:variables.data()];
-    // What bundles and the platform log is for the system's log; standard error is for the user.
-    [[NSUserDefaults standardUserDefaults]
-        registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSLogSyslog"]];
+    [NSProcessInfo initializeWithArguments:arguments count:3 environment:variables.data()];
   }
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/base/Messages.h"
+#include "host/cups/RequestId.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/Prompt.h"
 #include "host/job/JobFiles.h"
@@ -97,7 +98,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                .refused = [this](const std::string &reason) { ShowRefusal(reason); },
                .waiting =
                    [this](const JobStatus &status) {
-                     const std::string id = queue_.name + '-' + std::to_string(job_number_);
+                     const std::string id = RequestId(queue_.name, job_number_);
                      [view_.get() setProgressText:String("Printing " + id + "…  " + status.message)
                                          fraction:-1];
                    },

@@ -1,6 +1,7 @@
 #include "host/session/JobSession.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/base/Text.h"
 #include "host/job/OptionFit.h"
@@ -28,6 +29,10 @@ const Setting *SettingOfKey(const std::vector<Setting> &settings, const std::str
                                   [&key](const Setting &setting) { return setting.key == key; });
   return found == settings.end() ? nullptr : &*found;
 }
+
+// Job options of every printer, and the options of printer descriptions that mean the same.
+constexpr std::pair<const char *, const char *> kTwoNames[] = {
+    {"sides", "Duplex"}, {"media", "PageSize"}, {"media", "PageRegion"}};
 
 }  // namespace
 
@@ -215,9 +220,15 @@ void JobSession::Set(const std::string &keyword, const std::string &value) {
                           value.empty() ? nullptr : (CFTypeRef)Key(value), false);
 }
 
+// A default under one of the names would beat what is set under the other.
 JobOptions JobSession::Options() const {
   JobOptions options = JobOptionsFromSettings(settings());
-  options.insert(defaults_.begin(), defaults_.end());
+  JobOptions defaults = defaults_;
+  for (const auto &[general, of_printer] : kTwoNames) {
+    if (options.contains(general)) defaults.erase(of_printer);
+    if (options.contains(of_printer)) defaults.erase(general);
+  }
+  options.insert(defaults.begin(), defaults.end());
   return options;
 }
 

@@ -284,6 +284,22 @@ OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
   EXPECT_EQ("Black", session.Value("VQBNColor"));
 }
 
+OBJC_TEST(JobSession, ADefaultDoesNotBeatWhatIsSetUnderAnotherNameOfTheSame) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  session.UsePrinter(ColorPPD(),
+                     {{"Duplex", "None"}, {"PageSize", "Letter"}, {"sides", "one-sided"}});
+  session.Set("sides", "two-sided-long-edge");
+  session.Set("media", "A3");
+  const JobOptions options = session.Options();
+  EXPECT_FALSE(options.contains("Duplex"));
+  EXPECT_FALSE(options.contains("PageSize"));
+  EXPECT_EQ("two-sided-long-edge", options.at("sides"));
+  session.Set("sides", "");
+  session.Set("Duplex", "DuplexTumble");
+  EXPECT_FALSE(session.Options().contains("sides"));
+}
+
 OBJC_TEST(JobSession, TakesAwayValuesThatTheSettingInfoDoesNotAllow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
