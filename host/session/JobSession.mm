@@ -225,7 +225,13 @@ JobOptions JobSession::Options() const {
   JobOptions options = JobOptionsFromSettings(settings());
   JobOptions defaults = defaults_;
   for (const auto &[general, of_printer] : kTwoNames) {
-    if (options.contains(general)) defaults.erase(of_printer);
+    if (options.contains(general)) {
+      defaults.erase(of_printer);
+      const auto filled_in = defaults_set_.find(of_printer);
+      if (filled_in != defaults_set_.end() && filled_in->second == Value(of_printer)) {
+        options.erase(of_printer);
+      }
+    }
     if (options.contains(of_printer)) defaults.erase(general);
   }
   options.insert(defaults.begin(), defaults.end());
