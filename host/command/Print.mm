@@ -1,5 +1,6 @@
 #include <thread>
 
+#include "host/base/Interruption.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
@@ -12,6 +13,7 @@
 namespace {
 
 const std::chrono::milliseconds kBetweenQuestions(500);
+const int kPatience = 5;  // answers in a row that may fail
 
 int Refuse(const std::string &message, ExitStatus status) {
   Complain(message);
@@ -25,23 +27,34 @@ std::string Obstacle(const JobStatus &status, const std::string &id) {
   return status.message.empty() ? id + " is stopped" : status.message;
 }
 
-// A stopped printer's jobs wait until somebody starts it again: say so once, and wait with them.
+// A stopped printer's jobs wait until somebody starts it again: say so once, and wait with them. A
+// server that is slow for once does not end the waiting.
 int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
   std::string told;
-  for (;;) {
+  for (int failures = 0;;) {
     Expected<JobStatus> status = server.StatusOfJob(job);
-    if (!status) return Refuse(id + " was sent, but: " + status.message(), kFailed);
-    if (status->state == JobState::kCompleted) return kDone;
-    if (status->HasEnded()) {
-      const char *what = status->state == JobState::kAborted ? "aborted" : "canceled";
-      return Refuse(id + " was " + what + (status->message.empty() ? "" : ": " + status->message),
-                    kFailed);
+    if (!status) {
+      if (++failures == kPatience) {
+        return Refuse(id + " was sent, but: " + status.message(), kFailed);
+      }
+      std::this_thread::sleep_for(kBetweenQuestions);
+      continue;
     }
+    failures = 0;
+    if (status->state == JobState::kCompleted) return kDone;
+    if (status->HasEnded()) return Refuse(id + ' ' + status->HowItEnded(), kFailed);
     const std::string obstacle = Obstacle(*status, id);
     if (!obstacle.empty() && obstacle != told) Complain("waiting: " + obstacle);
     told = obstacle;
     std::this_thread::sleep_for(kBetweenQuestions);
   }
+}
+
+// A job that was cut off would print in part, or lie on the server until it gives up.
+Expected<int> SendInterruptibly(const PrintServer &server, const JobRequest &request) {
+  SendingProgress progress;
+  const Interruption interruption(progress.cancel);
+  return server.Print(request, progress);
 }
 
 int Send(const PrintOptions &options, const ScriptedJob &job) {
@@ -51,8 +64,7 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   request.title = options.title.empty() ? TitleOfJob(options.files) : options.title;
   request.options = job.session.Options();
   request.files = options.files;
-  SendingProgress progress;
-  Expected<int> number = server.Print(request, progress);
+  Expected<int> number = SendInterruptibly(server, request);
   if (!number) return Refuse(number.message(), kFailed);
   const std::string id = RequestId(request.queue, *number);
   const bool told = PrintResults("request id is " + id + '\n');

@@ -101,6 +101,10 @@ std::optional<Refusal> ExplainCorrections(const JobOptions &before, const JobOpt
   return std::nullopt;
 }
 
+std::string Described(const PPDOption &option) {
+  return option.keyword + ' ' + option.choices.front().keyword;
+}
+
 void ComplainOfLeftOut(const Extensions &extensions) {
   for (const LeftOut &one : extensions.left_out()) {
     Complain("note: " + one.name + " is left out: " + one.reason);
@@ -140,6 +144,12 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   const Notes notes = session.UseSettings(std::move(*settings));
   if (const auto refusal = ReasonAgainstChanges(*changes, session)) return Refuse(*refusal);
   for (const std::string &note : notes) Complain("note: " + note);
+  if (session.ppd() != nullptr) {
+    for (const PPDConflict &conflict : session.ppd()->Conflicts(session.Options())) {
+      Complain("note: " + Described(conflict.first) + " and " + Described(conflict.second) +
+               " cannot be combined on this printer");
+    }
+  }
   const JobOptions before = JobOptionsFromSettings(session.settings());
   const std::optional<Failure> reason = session.ReasonNotToPrint();
   session.DropFaultyPanels();

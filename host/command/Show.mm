@@ -79,8 +79,7 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
     KeepAsLastUsed(dialog.session().settings());
     const std::string id = RequestId(dialog.queue().name, dialog.job_number());
     told = PrintResults("request id is " + id + '\n');
-    if (end == DialogEnd::kJobFailed)
-      failures.push_back({id + " was not printed: " + dialog.failure()});
+    if (end == DialogEnd::kJobFailed) failures.push_back({id + ' ' + dialog.failure()});
   }
   for (const Failure &failure : failures) Complain(failure.message);
   return told && failures.empty() ? kDone : kFailed;
@@ -104,7 +103,7 @@ int Run(const ShowOptions &options) {
   PrintDialog dialog(std::move(*job), *extensions, PresetStore::OfUser());
   const DialogEnd end = dialog.Run();
   if (end != DialogEnd::kCanceled) return Finish(options, dialog, end);
-  Complain("canceled; nothing was printed or saved");
+  Complain(dialog.has_sent() ? "canceled" : "canceled; nothing was printed or saved");
   return kFailed;
 }
 

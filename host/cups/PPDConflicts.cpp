@@ -258,6 +258,12 @@ bool Keeps(const JobOptions &marked, const JobOptions &kept) {
 
 }  // namespace
 
+std::string PPDFile::ChoiceOf(const std::string &option, const JobOptions &options) const {
+  const Marks marks(ppd_.get(), options);
+  const ppd_choice_t *choice = MarkedChoice(ppd_.get(), option.c_str());
+  return choice == nullptr ? "" : choice->choice;
+}
+
 std::vector<PPDConflict> PPDFile::Conflicts(const JobOptions &options) const {
   const Marks marks(ppd_.get(), options);
   const auto described = [&](const ppd_choice_t *choice) {

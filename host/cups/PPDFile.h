@@ -73,6 +73,10 @@ class PPDFile {
   // not looked into. False for options that are not there.
   bool Allows(const std::string &option, const std::string &choice) const;
 
+  // The choice of an option that these job options, over the file's defaults, come to; also those
+  // that mean the same under another name, such as sides. Empty: none, or no such option.
+  std::string ChoiceOf(const std::string &option, const JobOptions &options) const;
+
   // What these job options, over the file's defaults, bring together that the constraints forbid;
   // each pair once. Names that every queue takes (media, sides...) count as the choices that they
   // stand for.

@@ -140,6 +140,12 @@ Failure TakenBack(int job, const PrintServer &server, milliseconds limit, std::s
 
 }  // namespace
 
+std::string JobStatus::HowItEnded() const {
+  if (state == JobState::kCompleted) return "was printed";
+  const std::string words = state == JobState::kAborted ? "was aborted" : "was canceled";
+  return message.empty() ? words : words + ": " + message;
+}
+
 PrintServer::PrintServer(milliseconds limit) : limit_(limit) {}
 
 std::string PrintServer::Address() const {

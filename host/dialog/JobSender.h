@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "host/base/BackgroundTask.h"
+#include "host/base/Interruption.h"
 #include "host/cups/PrintServer.h"
 #include "host/dialog/Poller.h"
 
@@ -17,9 +18,9 @@ class JobSender {
     std::function<void(double fraction)> sending;  // from 0 to 1
     std::function<void(int job)> accepted;
     std::function<void(const std::string &reason)> refused;
-    std::function<void(const JobStatus &status)> waiting;  // for its end, now and then
+    // For its end, now and then; the server's words.
+    std::function<void(const std::string &message)> waiting;
     std::function<void(const JobStatus &status)> ended;
-    std::function<void(const std::string &reason)> status_unknown;  // the server does not say
   };
 
   JobSender(PrintServer server, Callbacks callbacks);
@@ -37,6 +38,7 @@ class JobSender {
   PrintServer server_;
   Callbacks callbacks_;
   std::shared_ptr<SendingProgress> progress_;
+  std::unique_ptr<Interruption> interruption_;  // while a job is being sent
   int job_ = 0;
   Poller poller_;
 };

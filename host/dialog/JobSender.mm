@@ -16,6 +16,7 @@ JobSender::JobSender(PrintServer server, Callbacks callbacks)
 
 void JobSender::Send(JobRequest request) {
   progress_ = std::make_shared<SendingProgress>();
+  interruption_ = std::make_unique<Interruption>(progress_->cancel);
   auto task = std::make_shared<BackgroundTask<Expected<int>>>(
       [server = server_, request = std::move(request), progress = progress_] {
         return server.Print(request, *progress);
@@ -25,6 +26,7 @@ void JobSender::Send(JobRequest request) {
       callbacks_.sending(Fraction(*progress_));
       return false;
     }
+    interruption_.reset();
     progress_.reset();
     Expected<int> job = task->Take();
     if (job) {
@@ -53,12 +55,10 @@ void JobSender::AskForStatus() {
   poller_ = Poller([this, task, next] {
     if (!task->HasEnded() || Clock::now() < next) return false;
     Expected<JobStatus> status = task->Take();
-    if (!status) {
-      callbacks_.status_unknown(status.message());
-    } else if (status->HasEnded()) {
+    if (status && status->HasEnded()) {
       callbacks_.ended(*status);
     } else {
-      callbacks_.waiting(*status);
+      callbacks_.waiting(status ? status->message : status.message());
       AskForStatus();
     }
     return true;

@@ -55,7 +55,7 @@ std::vector<PPDOption> InGroups(const std::vector<PPDOption> &options) {
       y += kHeading;
     }
     NSTextField *caption = Caption([String(option.text) stringByAppendingString:@":"]);
-    [[caption cell] setWraps:NO];
+    [[caption cell] setLineBreakMode:NSLineBreakByTruncatingTail];
     [caption setToolTip:String(option.text)];
     [caption setFrame:NSMakeRect(0, y + 4, kCaptionWidth, kLineHeight)];
     [self addSubview:caption];

@@ -50,13 +50,15 @@ class PanelChooser {
  private:
   void Show(const std::string &kind);
   bool ShowPanel(std::shared_ptr<ExtensionPanel> panel);
+  std::optional<Failure> SaveShown();
   void Fill();
   void SelectShown();
   Retained<PrintDialogView *> view_;
   JobSession &session_;
   Callbacks callbacks_;
   std::shared_ptr<ExtensionPanel> shown_;
-  std::string kind_;  // of what is shown
+  std::string kind_;    // of what is shown
+  std::string wanted_;  // likewise, of what the user chose last; empty: the first
   Retained<OptionsView *> options_;
   Retained<SummaryView *> summary_;
 };

@@ -23,7 +23,7 @@ PanelChooser::~PanelChooser() { [view_.get() setPanelView:nil]; }
 
 void PanelChooser::ShowPanels() {
   Fill();
-  Show(kind_);
+  Show(wanted_);
 }
 
 void PanelChooser::Fill() {
@@ -101,6 +101,7 @@ void PanelChooser::ShowChosen() {
     SelectShown();
     return;
   }
+  wanted_ = chosen;
   Show(chosen);
 }
 
@@ -116,9 +117,9 @@ bool PanelChooser::TakeAway() {
       callbacks_.refused(shown_->name() + " cannot be left as it is");
       return false;
     }
-    if (const auto failure = Save()) {
+    if (const auto failure = SaveShown()) {
       callbacks_.refused(failure->message);
-      return false;
+      if (!shown_->fault()) return false;
     }
   }
   [view_.get() setPanelView:nil];
@@ -128,11 +129,16 @@ bool PanelChooser::TakeAway() {
 }
 
 std::optional<Failure> PanelChooser::Save() {
-  if (shown_ == nullptr) return std::nullopt;
-  const std::shared_ptr<ExtensionPanel> panel = shown_;
-  std::optional<Failure> failure = panel->Save();
-  if (panel->fault()) return std::nullopt;  // it is left out; the job goes on without it
+  std::optional<Failure> failure = SaveShown();
+  if (DropFaulty()) Show("");
   return failure;
+}
+
+std::optional<Failure> PanelChooser::SaveShown() {
+  if (shown_ == nullptr) return std::nullopt;
+  std::optional<Failure> failure = shown_->Save();
+  if (!shown_->fault()) return failure;
+  return Failure{"what was chosen on " + shown_->name() + " is lost; the job goes on without it"};
 }
 
 void PanelChooser::Restore() {

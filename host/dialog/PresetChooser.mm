@@ -88,6 +88,8 @@ void PresetChooser::Choose() {
     Apply(store_.LastUsedPath());
   } else if (const std::optional<Preset> preset = store_.Find(name)) {
     Apply(preset->path);
+  } else {
+    callbacks_.tell("there is no preset \"" + name + "\" any more");
   }
   Fill();
 }

@@ -41,7 +41,7 @@ enum class DialogEnd {
   kCanceled,
   kAccepted,  // the choices hold; nothing was to be printed
   kPrinted,   // the server has taken the job; where that is waited for, it is complete
-  kJobFailed  // the server has taken the job, but canceled or aborted it later
+  kJobFailed  // the server has taken the job, but it was canceled or aborted, or not waited for
 };
 
 // Everything is called on the main thread. Nothing but presets is changed outside the process
@@ -67,7 +67,9 @@ class PrintDialog {
   JobSession &session() { return session_; }
   const Queue &queue() const { return queue_; }
   int job_number() const { return job_number_; }
-  const std::string &failure() const { return failure_; }  // of a job that failed
+  bool has_sent() const { return has_sent_; }  // or has tried to
+  // Of a job that failed, what has become of it: "was canceled: REASON".
+  const std::string &failure() const { return failure_; }
 
  private:
   enum class Phase { kNoPrinter, kReady, kSending, kWaitingForEnd };
@@ -119,6 +121,7 @@ class PrintDialog {
   bool has_printer_ = false;
   std::optional<DialogEnd> end_;
   int job_number_ = 0;
+  bool has_sent_ = false;
   std::string failure_;
   Notes notes_;  // of what happened last
   size_t left_out_told_ = 0;

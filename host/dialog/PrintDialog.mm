@@ -17,6 +17,7 @@ const NSSize kUsualPanelSize = {520, 216};
 
 const char kCopies[] = "copies";
 const char kPageRanges[] = "page-ranges";
+const char kAllPages[] = "1-9999";  // where the queue's default is fewer
 
 Retained<PrintDialogView *> NewView() {
   return Retained<PrintDialogView *>::Adopt(
@@ -97,21 +98,16 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                    },
                .refused = [this](const std::string &reason) { ShowRefusal(reason); },
                .waiting =
-                   [this](const JobStatus &status) {
+                   [this](const std::string &message) {
                      const std::string id = RequestId(queue_.name, job_number_);
-                     [view_.get() setProgressText:String("Printing " + id + "…  " + status.message)
+                     [view_.get() setProgressText:String("Printing " + id + "…  " + message)
                                          fraction:-1];
                    },
                .ended =
                    [this](const JobStatus &status) {
-                     failure_ = status.message;
+                     failure_ = status.HowItEnded();
                      End(status.state == JobState::kCompleted ? DialogEnd::kPrinted
                                                               : DialogEnd::kJobFailed);
-                   },
-               .status_unknown =
-                   [this](const std::string &reason) {
-                     failure_ = reason;
-                     End(DialogEnd::kJobFailed);
                    }}) {
   TieControls();
   SetPhase(Phase::kNoPrinter);
@@ -128,7 +124,10 @@ void PrintDialog::TieControls() {
   PrintDialogView *view = view_.get();
   waiting_ = Retained<WaitingView *>::Adopt(
       [[WaitingView alloc] initWithWidth:kUsualPanelSize.width - 40]);
-  actions_.Tie([waiting_.get() retry], [this] { printers_.Retry(); });
+  actions_.Tie([waiting_.get() retry], [this] {
+    [window_.get() makeFirstResponder:[view_.get() printers]];
+    printers_.Retry();
+  });
   actions_.Tie([view printers], [this] { ChoosePrinter(); });
   actions_.Tie([view presets], [this] { AfterThisEvent([this] { presets_.Choose(); }); });
   actions_.Tie([view panels], [this] { panels_.ShowChosen(); });
@@ -245,7 +244,8 @@ void PrintDialog::ShowFields() {
   PrintDialogView *view = view_.get();
   [[view copies] setStringValue:value(kCopies, "1")];
   [[view copiesStepper] setIntValue:[[view copies] intValue]];
-  [[view pages] setStringValue:value(kPageRanges, "")];
+  NSString *pages = value(kPageRanges, "");
+  [[view pages] setStringValue:[pages isEqualToString:String(kAllPages)] ? @"" : pages];
 }
 
 // The queue's defaults hold where nothing else is chosen.
@@ -261,7 +261,9 @@ std::optional<Failure> PrintDialog::TakeFields() {
     }
     const JobOptions options = session_.Options();
     const auto now = options.find(name);
-    if (*value != (now == options.end() ? otherwise : now->second)) session_.Set(name, *value);
+    if (*value == (now == options.end() ? otherwise : now->second)) return std::nullopt;
+    session_.Set(name, *value);
+    if (value->empty() && session_.Options().contains(name)) session_.Set(name, kAllPages);
     return std::nullopt;
   };
   if (auto failure = take([view copies], kCopies, "1", ParseCopies)) return failure;
@@ -356,12 +358,17 @@ void PrintDialog::Send() {
   request.title = TitleOfJob(job_.files);
   request.options = session_.Options();
   request.files = job_.files;
+  has_sent_ = true;
   SetPhase(Phase::kSending);
   [view_.get() setProgressText:@"Sending…" fraction:0];
   sender_.Send(std::move(request));
 }
 
 void PrintDialog::ShowRefusal(const std::string &reason) {
+  if (Interruption::Came()) {
+    Complain(reason);
+    return End(DialogEnd::kCanceled);
+  }
   [view_.get() setProgressText:@"" fraction:-1];
   SetPhase(Phase::kReady);
   AddNote("not printed: " + reason);
@@ -374,7 +381,8 @@ void PrintDialog::Cancel() {
       [view_.get() setProgressText:@"Taking the job back…" fraction:-1];
       return sender_.CancelSending();
     case Phase::kWaitingForEnd:
-      return End(DialogEnd::kPrinted);
+      failure_ = "has not been printed yet";
+      return End(DialogEnd::kJobFailed);
     default:
       return End(DialogEnd::kCanceled);
   }

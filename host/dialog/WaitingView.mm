@@ -46,6 +46,7 @@ const CGFloat kTop = 40;
   [_message setStringValue:message];
   [_spinner setHidden:!waiting];
   [_retry setHidden:waiting];
+  [_retry setKeyEquivalent:waiting ? @"" : @"\r"];
   const CGFloat width = [self bounds].size.width;
   const CGFloat height = HeightOfText(_message, width);
   CGFloat y = waiting ? kTop + kSpinnerSize + 12 : kTop - 12;

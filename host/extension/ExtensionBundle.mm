@@ -1,5 +1,7 @@
 #include "host/extension/ExtensionBundle.h"
 
+#include "host/base/WholeLibrary.h"
+
 #include "host/extension/Guarded.h"
 
 // How a principal object that does not declare the protocol PDEPlugIn takes its bundle.
@@ -43,6 +45,8 @@ Expected<ExtensionBundle> ExtensionBundle::Open(const std::filesystem::path &pat
   if (NSBundle *other = OtherOwnerOfPrincipalClass(bundle)) {
     return Failure{"its principal class has been loaded from " + Words([other bundlePath])};
   }
+  const char *executable = [[bundle executablePath] fileSystemRepresentation];
+  if (!IsWholeLibrary(executable)) return Failure{"its executable is cut off"};
   if (![bundle load]) return Failure{"its executable does not load"};
 
   Class principalClass = [bundle principalClass];

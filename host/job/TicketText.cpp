@@ -1,15 +1,31 @@
 #include "host/job/TicketText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int kDeepest = 100;
 
+// Where markup that holds text, which may look like tags, ends; 0 if none begins here.
+size_t EndOfText(std::string_view xml, size_t at) {
+  constexpr std::pair<std::string_view, std::string_view> kTexts[] = {
+      {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+  for (const auto &[start, end] : kTexts) {
+    if (xml.substr(at).starts_with(start)) return xml.find(end, at + start.size());
+  }
+  return 0;
+}
+
 int DeepestNesting(std::string_view xml) {
   int depth = 0;
   int deepest = 0;
   for (size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+    if (const size_t end = EndOfText(xml, at); end != 0) {
+      if (end == std::string_view::npos) break;
+      at = end;
+      continue;
+    }
     const std::string_view tag = xml.substr(at + 1, xml.find('>', at) - at - 1);
     if (tag.starts_with("/dict") || tag.starts_with("/array")) --depth;
     if (tag.ends_with('/')) continue;  // an empty element

@@ -243,7 +243,9 @@ std::string JobSession::Choice(const std::string &keyword) const {
   const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt;
   const auto of_queue = defaults_.find(keyword);
   if (of_queue != defaults_.end() && IsAllowed(keyword, of_queue->second)) return of_queue->second;
-  return option ? option->default_choice : "";
+  if (!option) return "";
+  const std::string choice = ppd_->ChoiceOf(keyword, Options());
+  return choice.empty() ? option->default_choice : choice;
 }
 
 std::vector<PPDOption> JobSession::OtherOptions() const {

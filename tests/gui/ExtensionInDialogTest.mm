@@ -102,10 +102,13 @@ OBJC_TEST(ExtensionInDialog, APanelThatRaisesIsLeftOutWithItsReasonAndTheDialogG
   }
 }
 
-OBJC_TEST(ExtensionInDialog, APanelThatRaisesWhileItSavesIsLeftOutAndTheJobIsPrinted) {
+OBJC_TEST(ExtensionInDialog, APanelThatRaisesWhileItSavesIsLeftOutAndTheJobWaitsForAnotherPrint) {
   TwoPanelsRun run("First.save=raise");
   DialogOnScreen screen(WithTwoPanels());
   screen.AwaitReady();
+  PressKeys({"Return"});
+  screen.AwaitText("What was chosen on First is lost; the job goes on without it.");
+  EXPECT_FALSE(screen.dialog().HasEnded());
   PressKeys({"Return"});
   screen.AwaitEnd();
   EXPECT_GT(screen.dialog().job_number(), 0);

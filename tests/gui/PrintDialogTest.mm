@@ -82,6 +82,40 @@ OBJC_TEST(PrintDialog, TheQueuesOwnDefaultsAreShownAndBeatenByWhatIsChosen) {
   EXPECT_EQ("Red", attributes["VQBNColor"]);
 }
 
+OBJC_TEST(PrintDialog, AllPagesArePrintedIfTheQueuesFewerAreTakenAway) {
+  TestServer().Run({"lpoptions", "-p", "Color", "-o", "page-ranges=1-2"});
+  DialogOnScreen screen;
+  screen.AwaitReady();
+  TestServer().Run({"lpoptions", "-x", "Color"});
+  EXPECT_EQUAL_OBJECTS(@"1-2", [[screen.view() pages] stringValue]);
+  PressKeys({"Tab", "Tab", "Tab", "ctrl+a", "BackSpace", "Return"});
+  screen.AwaitEnd();
+  EXPECT_EQ("1-9999", TestServer().JobAttributes(screen.dialog().job_number())["page-ranges"]);
+}
+
+OBJC_TEST(PrintDialog, ShowsTheChoicesThatAQueuesDefaultsComeToUnderOtherNames) {
+  TestServer().Run(
+      {"lpoptions", "-p", "Color", "-o", "sides=two-sided-long-edge", "-o", "media=A3"});
+  DialogOnScreen screen;
+  screen.AwaitReady();
+  TestServer().Run({"lpoptions", "-x", "Color"});
+  screen.ShowPanel(@"Printer Options");
+  EXPECT_EQUAL_OBJECTS(@"Long-Edge Binding",
+                       [screen.OptionPopUp(@"Two-Sided") titleOfSelectedItem]);
+  EXPECT_EQUAL_OBJECTS(@"A3", [screen.OptionPopUp(@"Media Size") titleOfSelectedItem]);
+}
+
+OBJC_TEST(PrintDialog, AQueueWithoutPanelsDoesNotChangeWhichPanelIsShownOnOthers) {
+  DialogOnScreen screen;
+  screen.AwaitReady();
+  screen.Choose([screen.view() printers], @"Raw");
+  screen.AwaitReady();
+  EXPECT_EQUAL_OBJECTS(@"Summary", [[screen.view() panels] titleOfSelectedItem]);
+  screen.Choose([screen.view() printers], @"Color");
+  screen.AwaitReady();
+  EXPECT_EQUAL_OBJECTS(@"Background Numbering", [[screen.view() panels] titleOfSelectedItem]);
+}
+
 OBJC_TEST(PrintDialog, AQueueWithoutPrinterDescriptionPrintsAndSaysWhyThereIsNoPanel) {
   DialogOnScreen screen({.queue = "Raw"});
   screen.AwaitReady();
@@ -126,6 +160,7 @@ OBJC_TEST(PrintDialog, WaitingForAStoppedPrinterCanBeEnded) {
   EXPECT_EQUAL_OBJECTS(@"Close", [[screen.view() cancel] title]);
   PressKeys({"Escape"});
   screen.AwaitEnd();
+  EXPECT_EQ("has not been printed yet", screen.dialog().failure());
   TestServer().Run({"cancel", "Stopped-" + std::to_string(screen.dialog().job_number())});
 }
 
@@ -166,8 +201,9 @@ OBJC_TEST(PrintDialog, AServerThatAnswersAgainCanBeTriedAgain) {
   DialogOnScreen screen({.limit = std::chrono::milliseconds(1000)});
   screen.AwaitText("does not answer within");
   TestServer().GoOn();
-  PressKeys({"space"});
+  PressKeys({"Return"});
   screen.AwaitReady();
+  EXPECT_EQ([screen.view() printers], [screen.dialog().window() firstResponder]);
   EXPECT_EQUAL_OBJECTS(@"Color", [[screen.view() printers] titleOfSelectedItem]);
 }
 

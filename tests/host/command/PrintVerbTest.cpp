@@ -649,3 +649,29 @@ TEST_F(PrintVerbWaiting, AJobThatHasGoneWithItsQueueIsAFailure) {
   EXPECT_EQ(result.status, 1);
   EXPECT_TRUE(Holds(result.err, id_ + " was sent, but: the print server ")) << result.err;
 }
+
+TEST_F(PrintVerb, AnEndFromOutsideTakesTheJobBackThatIsBeingSent) {
+  const std::vector<int> before = server().LiveJobs();
+  TemporaryFolder folder;
+  const fs::path large = folder.Write("large.ps", kPage);
+  fs::resize_file(large, 400'000'000);
+  RunningProgram program({kPdeprint, "print", "-d", "Office", large.string()},
+                         {.environment = server().Environment()});
+  while (server().LiveJobs() == before && !program.HasEnded(std::chrono::milliseconds(5))) continue;
+  server().Freeze();
+  program.Signal(SIGINT);
+  EXPECT_FALSE(program.HasEnded(std::chrono::milliseconds(100))) << "the job is to be taken back";
+  server().GoOn();
+  const RunResult result = program.Wait();
+  EXPECT_EQ(1, result.status);
+  EXPECT_EQ("", result.out);
+  EXPECT_NE(std::string::npos, result.err.find("cancel")) << result.err;
+  EXPECT_EQ(before, server().LiveJobs());
+}
+
+TEST_F(PrintVerb, ChoicesThatThePrinterForbidsAreNoted) {
+  const RunResult result =
+      PrintOn("Office", {"--set", "Duplex=DuplexTumble", "--set", "MediaType=Transparency"});
+  EXPECT_EQ(0, result.status);
+  EXPECT_NE(std::string::npos, result.err.find("cannot be combined on this printer")) << result.err;
+}

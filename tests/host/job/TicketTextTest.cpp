@@ -44,3 +44,11 @@ TEST(TicketText, AByteOrderMarkIsTakenAway) {
   EXPECT_EQ("<plist>", WithoutByteOrderMark("\xEF\xBB\xBF<plist>"));
   EXPECT_EQ("<plist>", WithoutByteOrderMark("<plist>"));
 }
+
+TEST(TicketText, TagsInCommentsAndTextDoNotHideDepth) {
+  std::string hiding = "<plist><!-- ";
+  for (int i = 0; i < 200; ++i) hiding += "</array>";
+  hiding += " --><![CDATA[</array></array>]]>";
+  for (int i = 0; i < 101; ++i) hiding += "<array>";
+  EXPECT_TRUE(ReasonAgainstTicketText(hiding));
+}
