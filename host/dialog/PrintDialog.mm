@@ -151,6 +151,7 @@ void PrintDialog::Open() {
     Queue file;
     file.name = job_.ppd->Name();
     AddItem([view_.get() printers], String(file.name), nil);
+    [[view_.get() printers] selectItemAtIndex:0];
     [[view_.get() printers] setEnabled:NO];
     [[view_.get() printerInfo]
         setStringValue:@"Printer description from a file; nothing is printed"];

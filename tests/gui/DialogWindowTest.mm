@@ -38,6 +38,13 @@ OBJC_TEST(DialogWindow, LivesOnWhenAnEventRaises) {
   EXPECT_EQUAL_OBJECTS(@"8", panel.StartNumber());
 }
 
+OBJC_TEST(DialogWindow, NamesThePrinterOfAPPDFile) {
+  PanelOnScreen panel;
+  NSPopUpButton *printers = [panel.dialog().view() printers];
+  EXPECT_EQUAL_OBJECTS(@"Test", [printers titleOfSelectedItem]);
+  EXPECT_FALSE([printers isEnabled]);
+}
+
 OBJC_TEST(DialogWindow, APictureOfThePanelIsAPngOfItsSize) {
   PanelOnScreen panel;
   NSBitmapImageRep *picture = [NSBitmapImageRep imageRepWithData:PictureOfView(panel[@"view"])];
