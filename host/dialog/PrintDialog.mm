@@ -147,6 +147,7 @@ void PrintDialog::TieControls() {
 
 void PrintDialog::Open() {
   [NSApp activateIgnoringOtherApps:YES];
+  fitted_size_ = [view_.get() frame].size;  // nobody has chosen it
   if (job_.ppd) {
     Queue file;
     file.name = job_.ppd->Name();

@@ -50,7 +50,7 @@ class PrintVerb : public ServedProgram {
   // The number of the job that the program says it has sent; it must be the server's newest.
   static int JobSaidIn(const RunResult &result, const std::string &queue) {
     const int job = NewestJob();
-    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.out, "request id is " + queue + '-' + std::to_string(job) + '\n');
     return job;
   }
