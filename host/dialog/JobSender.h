@@ -28,7 +28,6 @@ class JobSender {
   void Send(JobRequest request);
   // Of a job that was accepted.
   void WaitForEnd(int job);
-  bool IsSending() const { return progress_ != nullptr; }
   // Takes back a job that is being sent; `refused` follows.
   void CancelSending();
 

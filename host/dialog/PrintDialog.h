@@ -82,6 +82,7 @@ class PrintDialog {
   void ApplySettings(PrintSettings settings);
 
   void ShowFields();
+  void ShowFieldsNotTyped();
   std::optional<Failure> TakeFields();
   std::vector<SummarySection> JobSummary();
   PMPrintSettings SettingsToSave();
@@ -116,9 +117,10 @@ class PrintDialog {
   JobSender sender_;
 
   Poller later_;
+  std::string shown_copies_;  // in the fields, before anything was typed
+  std::string shown_pages_;
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;
-  bool has_printer_ = false;
   std::optional<DialogEnd> end_;
   int job_number_ = 0;
   bool has_sent_ = false;

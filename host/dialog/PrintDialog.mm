@@ -175,7 +175,7 @@ DialogEnd PrintDialog::Run() {
 }
 
 void PrintDialog::ChoosePrinter() {
-  if (has_printer_ && phase_ == Phase::kReady && !panels_.TakeAway()) {
+  if (phase_ == Phase::kReady && !panels_.TakeAway()) {
     printers_.ShowAnswered();
     return;
   }
@@ -206,7 +206,6 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
     const Notes more = session_.UseSettings(std::move(job_.settings));
     notes.insert(notes.end(), more.begin(), more.end());
   }
-  has_printer_ = true;
   const std::string description = DescribeQueue(queue);
   if (!description.empty()) [[view_.get() printerInfo] setStringValue:String(description)];
   if (session_.panels().empty()) {
@@ -219,7 +218,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   }
   SetPhase(Phase::kReady);
   ShowNotes(std::move(notes));
-  ShowFields();
+  ShowFieldsNotTyped();
   TellOfLeftOut();
   panels_.ShowPanels();
   FitWindow();
@@ -227,7 +226,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
 }
 
 void PrintDialog::ApplySettings(PrintSettings settings) {
-  if (!has_printer_) {
+  if (phase_ == Phase::kNoPrinter) {  // it gets them when it answers
     job_.settings = std::move(settings);
     return;
   }
@@ -248,6 +247,20 @@ void PrintDialog::ShowFields() {
   [[view copiesStepper] setIntValue:[[view copies] intValue]];
   NSString *pages = value(kPageRanges, "");
   [[view pages] setStringValue:[pages isEqualToString:String(kAllPages)] ? @"" : pages];
+  shown_copies_ = Text([[view copies] stringValue]);
+  shown_pages_ = Text([[view pages] stringValue]);
+}
+
+// What was typed while the printer was asked for stays.
+void PrintDialog::ShowFieldsNotTyped() {
+  PrintDialogView *view = view_.get();
+  NSString *copies = [[[[view copies] stringValue] copy] autorelease];
+  NSString *pages = [[[[view pages] stringValue] copy] autorelease];
+  const bool copies_typed = Text(copies) != shown_copies_;
+  const bool pages_typed = Text(pages) != shown_pages_;
+  ShowFields();
+  if (copies_typed) [[view copies] setStringValue:copies];
+  if (pages_typed) [[view pages] setStringValue:pages];
 }
 
 // The queue's defaults hold where nothing else is chosen.

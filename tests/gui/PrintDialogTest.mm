@@ -198,11 +198,17 @@ OBJC_TEST(PrintDialog, ASilentServerNeverFreezesTheWindow) {
 
 OBJC_TEST(PrintDialog, AServerThatAnswersAgainCanBeTriedAgain) {
   TestServer().Freeze();
-  DialogOnScreen screen({.limit = std::chrono::milliseconds(1000)});
+  DialogOnScreen screen(
+      {.last_used = {{"VQStartNumber", "25"}}, .limit = std::chrono::milliseconds(1000)});
   screen.AwaitText("does not answer within");
+  [screen.dialog().window() makeFirstResponder:[screen.view() copies]];
+  TypeText("7");
+  screen.Choose([screen.view() presets], @"Last Used");
   TestServer().GoOn();
   PressKeys({"Return"});
   screen.AwaitReady();
+  EXPECT_EQUAL_OBJECTS(@"7", [[screen.view() copies] stringValue]) << "typed meanwhile";
+  EXPECT_EQ("25", screen.session().Value("VQStartNumber")) << "chosen meanwhile";
   EXPECT_EQ([screen.view() printers], [screen.dialog().window() firstResponder]);
   EXPECT_EQUAL_OBJECTS(@"Color", [[screen.view() printers] titleOfSelectedItem]);
 }
