@@ -26,48 +26,65 @@ NSSet *LookedUpKeys() {
   return keys;
 }
 
-NSDictionary *EnglishStrings() {
+NSDictionary *StringsOf(NSString *language) {
   NSString *path = [BuiltBundle() pathForResource:@"Localizable"
                                            ofType:@"strings"
                                       inDirectory:nil
-                                  forLocalization:@"en"];
+                                  forLocalization:language];
   return [[NSString stringWithContentsOfFile:path encoding:NSUnicodeStringEncoding
                                        error:nullptr] propertyListFromStringsFileFormat];
 }
 
 }  // namespace
 
-OBJC_TEST(Strings, EnglishHasEveryKeyThatIsLookedUpAndNoOther) {
-  EXPECT_EQUAL_OBJECTS(LookedUpKeys(), [NSSet setWithArray:[EnglishStrings() allKeys]]);
+OBJC_TEST(Strings, ThereAreThirtyLanguages) {
+  // Two have a second folder, under the name by which GNUstep asks for them.
+  EXPECT_EQ(30u + 2u, [[BuiltBundle() localizations] count]);
+}
+
+OBJC_TEST(Strings, EveryLanguageHasEveryKeyThatIsLookedUpAndNoOther) {
+  for (NSString *language in [BuiltBundle() localizations]) {
+    SCOPED_TRACE([language UTF8String]);
+    EXPECT_EQUAL_OBJECTS(LookedUpKeys(), [NSSet setWithArray:[StringsOf(language) allKeys]]);
+  }
 }
 
 OBJC_TEST(Strings, NoTextIsEmptyOrHasStrayBlanks) {
   NSCharacterSet *blanks = [NSCharacterSet whitespaceAndNewlineCharacterSet];
-  for (NSString *text in [EnglishStrings() allValues]) {
-    EXPECT_NE(0u, [text length]);
-    EXPECT_EQUAL_OBJECTS([text stringByTrimmingCharactersInSet:blanks], text);
+  for (NSString *language in [BuiltBundle() localizations]) {
+    SCOPED_TRACE([language UTF8String]);
+    for (NSString *text in [StringsOf(language) allValues]) {
+      EXPECT_NE(0u, [text length]);
+      EXPECT_EQUAL_OBJECTS([text stringByTrimmingCharactersInSet:blanks], text);
+    }
   }
 }
 
 OBJC_TEST(Strings, TheRangeCaptionHasBothPlaceholdersOnce) {
-  NSString *format = [EnglishStrings() objectForKey:@"IntegerValueRangeFormat"];
   NSDictionary *wording = [SettingInfo() objectForKey:@"Wording"];
-  for (NSString *name in @[ @"MinLabelForValueRange", @"MaxLabelForValueRange" ]) {
-    NSString *placeholder = [wording objectForKey:name];
-    EXPECT_EQ(2u, [[format componentsSeparatedByString:placeholder] count]) << [name UTF8String];
+  for (NSString *language in [BuiltBundle() localizations]) {
+    SCOPED_TRACE([language UTF8String]);
+    NSString *format = [StringsOf(language) objectForKey:@"IntegerValueRangeFormat"];
+    for (NSString *name in @[ @"MinLabelForValueRange", @"MaxLabelForValueRange" ]) {
+      NSString *placeholder = [wording objectForKey:name];
+      EXPECT_EQ(2u, [[format componentsSeparatedByString:placeholder] count]) << [name UTF8String];
+    }
   }
 }
 
 // Two equal titles would merge into one menu item.
 OBJC_TEST(Strings, TitlesWithinAMenuDiffer) {
   NSDictionary *items = [SettingInfo() objectForKey:@"PopUpItem"];
-  for (NSString *menu in items) {
-    NSString *prefix = [[SettingInfo() objectForKey:@"Wording"]
-        objectForKey:[@"PrefixFor" stringByAppendingString:menu]];
-    NSMutableSet *titles = [NSMutableSet set];
-    for (NSString *item in [items objectForKey:menu]) {
-      [titles addObject:[EnglishStrings() objectForKey:[prefix stringByAppendingString:item]]];
+  for (NSString *language in [BuiltBundle() localizations]) {
+    SCOPED_TRACE([language UTF8String]);
+    for (NSString *menu in items) {
+      NSString *prefix = [[SettingInfo() objectForKey:@"Wording"]
+          objectForKey:[@"PrefixFor" stringByAppendingString:menu]];
+      NSMutableSet *titles = [NSMutableSet set];
+      for (NSString *item in [items objectForKey:menu]) {
+        [titles addObject:[StringsOf(language) objectForKey:[prefix stringByAppendingString:item]]];
+      }
+      EXPECT_EQ([[items objectForKey:menu] count], [titles count]) << [menu UTF8String];
     }
-    EXPECT_EQ([[items objectForKey:menu] count], [titles count]) << [menu UTF8String];
   }
 }
