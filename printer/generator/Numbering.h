@@ -1,0 +1,22 @@
+// The options that make a PostScript printer number its pages.
+
+#ifndef PRINTER_GENERATOR_NUMBERING_H
+#define PRINTER_GENERATOR_NUMBERING_H
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "printer/generator/PrinterOption.h"
+
+// The options of a printer with or without color: those that the setting info names, with its
+// choices, defaults and range, and where the number is placed. Throws SourceError, for instance
+// where the setting info has a choice for which the drawing has no value.
+std::vector<PrinterOption> NumberingOptions(const SourceList &setting_info,
+                                            const std::filesystem::path &drawing_folder,
+                                            bool color);
+
+// The piece of a PPD file that brings these options, in all languages, and declares the function.
+std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts);
+
+#endif
