@@ -1,35 +1,57 @@
 #include "printer/generator/Numbering.h"
 
-#include <map>
-
 namespace {
 
 constexpr char kGroup[] = "BackgroundNumbering";
 
-// An option whose choices leave a value for the drawing.
-struct Value {
-  const char *setting;      // its name in the setting info and in the drawing's values
-  const char *text;         // key of its text
-  const char *text_prefix;  // of the keys of its choices' texts
-  const char *variable;     // where the PostScript finds it
-};
-constexpr Value kSize = {"Size", "Size", "Size_", "VelmoraSize"};
-constexpr Value kDensity = {"Density", "Density", "Density_", "VelmoraDensity"};
-constexpr Value kColor = {"Color", "Color", "Color_", "VelmoraInk"};
-constexpr Value kPlacement = {"Placement", "Placement", "Placement", "VelmoraOver"};
-constexpr char kStartVariable[] = "VelmoraStart";
-
+// What a choice does: On.ps finds its value in this variable.
 std::string Leave(const std::string &variable, const std::string &value) {
   return "userdict /" + variable + " " + value + " put";
 }
 
-PrinterOption ValueOption(const Value &value, int order, const std::string &keyword,
-                          const std::vector<std::string> &items, const std::string &default_item,
-                          const SourceList &values) {
-  PrinterOption option{keyword, value.text, order, default_item, {}};
-  for (const std::string &item : items) {
-    option.choices.push_back({item, value.text_prefix + item,
-                              Leave(value.variable, values.String(value.setting, item))});
+struct Menu {
+  std::string keyword;
+  std::string text_prefix;  // of the keys of the items' texts
+  std::vector<std::string> items;
+  std::string default_item;
+};
+
+PrinterOption ValueOption(const std::string &setting, const std::string &variable, int order,
+                          const Menu &menu, const SourceList &values) {
+  PrinterOption option{menu.keyword, setting, order, menu.default_item, {}};
+  for (const std::string &item : menu.items) {
+    option.choices.push_back(
+        {item, menu.text_prefix + item, Leave(variable, values.String(setting, item))});
+  }
+  return option;
+}
+
+// The menu that the panel has for a setting.
+Menu PanelMenu(const SourceList &info, const std::string &setting) {
+  return {info.String("TicketKey", setting), info.String("Wording", "PrefixFor" + setting),
+          info.Strings("PopUpItem", setting), info.String("DefaultValue", setting)};
+}
+
+// Printers without color have the one that the panel offers for them.
+Menu ColorMenu(const SourceList &info, bool color) {
+  Menu menu = PanelMenu(info, "Color");
+  if (!color) {
+    menu.default_item = "Black";
+    menu.items = {menu.default_item};
+  }
+  return menu;
+}
+
+PrinterOption StartNumberOption(const SourceList &info) {
+  PrinterOption option{info.String("TicketKey", "StartNumber"),
+                       "StartNumber",
+                       64,
+                       info.String("DefaultValue", "StartNumber"),
+                       {}};
+  const int last = info.Integer("DefaultValue", "StartNumberMax");
+  for (int number = info.Integer("DefaultValue", "StartNumberMin"); number <= last; ++number) {
+    const std::string digits = std::to_string(number);
+    option.choices.push_back({digits, "", Leave("VelmoraStart", digits)});
   }
   return option;
 }
@@ -41,14 +63,13 @@ std::string Replaced(std::string text, const std::string &from, const std::strin
 }
 
 // Programs that send the code of choices other than the defaults only leave out the rest.
-std::string WithDefaults(std::string program, const SourceList &info, const SourceList &values,
-                         const std::string &color, const std::string &placement) {
-  program = Replaced(program, "@StartNumber@", info.String("DefaultValue", "StartNumber"));
-  for (const char *setting : {"Size", "Density"}) {
-    program = Replaced(program, std::string("@") + setting + "@",
-                       values.String(setting, info.String("DefaultValue", setting)));
-  }
+std::string WithDefaults(std::string program, const SourceList &values, const std::string &size,
+                         const std::string &density, const std::string &color,
+                         const std::string &start, const std::string &placement) {
+  program = Replaced(program, "@Size@", values.String("Size", size));
+  program = Replaced(program, "@Density@", values.String("Density", density));
   program = Replaced(program, "@Color@", values.String("Color", color));
+  program = Replaced(program, "@StartNumber@", start);
   return Replaced(program, "@Placement@", values.String("Placement", placement));
 }
 
@@ -58,42 +79,28 @@ std::vector<PrinterOption> NumberingOptions(const SourceList &info,
                                             const std::filesystem::path &drawing_folder,
                                             bool color) {
   const SourceList values(drawing_folder / "Values.plist");
-  const auto keyword = [&info](const char *setting) { return info.String("TicketKey", setting); };
-  const auto default_item = [&info](const char *setting) {
-    return info.String("DefaultValue", setting);
-  };
-  const auto items = [&info](const char *setting) { return info.Strings("PopUpItem", setting); };
-
-  // Printers without color have the one that the panel offers for them.
-  const std::string black = "Black";
-  const std::string default_color = color ? default_item("Color") : black;
-  const std::vector<std::string> colors = color ? items("Color") : std::vector{black};
-  const std::string behind = "Behind";
-
-  PrinterOption start{keyword("StartNumber"), "StartNumber", 64, default_item("StartNumber"), {}};
-  const int last = info.Integer("DefaultValue", "StartNumberMax");
-  for (int number = info.Integer("DefaultValue", "StartNumberMin"); number <= last; ++number) {
-    const std::string digits = std::to_string(number);
-    start.choices.push_back({digits, "", Leave(kStartVariable, digits)});
-  }
-
+  const Menu size = PanelMenu(info, "Size");
+  const Menu density = PanelMenu(info, "Density");
+  const Menu colors = ColorMenu(info, color);
+  const PrinterOption start = StartNumberOption(info);
+  const Menu placement = {"VQBNPlacement", "Placement", {"Behind", "Over"}, "Behind"};
   // Switching on takes the values of the others, and chains to what they set up: it comes last.
-  const PrinterOption valid{keyword("Valid"),
-                            "EnableFunction",
-                            70,
-                            default_item("Valid"),
-                            {{"Off", "Off", ReadPostScript(drawing_folder / "Off.ps")},
-                             {"On", "On",
-                              WithDefaults(ReadPostScript(drawing_folder / "On.ps"), info, values,
-                                           default_color, behind)}}};
-
+  const PrinterOption valid{
+      info.String("TicketKey", "Valid"),
+      "EnableFunction",
+      70,
+      info.String("DefaultValue", "Valid"),
+      {{"Off", "Off", ReadPostScript(drawing_folder / "Off.ps")},
+       {"On", "On",
+        WithDefaults(ReadPostScript(drawing_folder / "On.ps"), values, size.default_item,
+                     density.default_item, colors.default_item, start.default_choice,
+                     placement.default_item)}}};
   return {valid,
-          ValueOption(kSize, 61, keyword("Size"), items("Size"), default_item("Size"), values),
-          ValueOption(kDensity, 62, keyword("Density"), items("Density"), default_item("Density"),
-                      values),
-          ValueOption(kColor, 63, keyword("Color"), colors, default_color, values),
+          ValueOption("Size", "VelmoraSize", 61, size, values),
+          ValueOption("Density", "VelmoraDensity", 62, density, values),
+          ValueOption("Color", "VelmoraInk", 63, colors, values),
           start,
-          ValueOption(kPlacement, 65, "VQBNPlacement", {behind, "Over"}, behind, values)};
+          ValueOption("Placement", "VelmoraOver", 65, placement, values)};
 }
 
 std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts) {

@@ -1,0 +1,81 @@
+#include "printer/generator/Numbering.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/printer/SourceTree.h"
+
+namespace {
+
+constexpr char kInfo[] = "resources/BackgroundNumberingRV2-SettingInfo.plist";
+
+std::string Keywords(const PrinterOption &option) {
+  std::string keywords;
+  for (const PrinterChoice &choice : option.choices) keywords += choice.keyword + " ";
+  return keywords;
+}
+
+}  // namespace
+
+TEST(Numbering, ChoicesAreTheItemsOfThePanelInTheirOrder) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<string>Small</string>", "<string>Large</string>");
+  tree.Edit(kInfo, "<string>Medium</string>\n\t\t\t<string>Large</string>",
+            "<string>Small</string>");
+  EXPECT_EQ("Large Small ", Keywords(tree.Options()[1]));
+}
+
+TEST(Numbering, KeywordsAndDefaultsAreThoseOfThePanel) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<string>VQBNDensity</string>", "<string>Ink</string>");
+  tree.Edit(kInfo, "<key>Density</key>\n\t\t<string>Medium</string>",
+            "<key>Density</key>\n\t\t<string>Light</string>");
+  EXPECT_EQ("Ink", tree.Options()[2].keyword);
+  EXPECT_EQ("Light", tree.Options()[2].default_choice);
+}
+
+TEST(Numbering, StartNumbersAreThoseOfTheRange) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<integer>1</integer>", "<integer>7</integer>");
+  tree.Edit(kInfo, "<integer>999</integer>", "<integer>12</integer>");
+  EXPECT_EQ("7 8 9 10 11 12 ", Keywords(tree.Options()[4]));
+}
+
+TEST(Numbering, AnItemThatTheDrawingDoesNotKnowIsTold) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<string>Large</string>", "<string>Huge</string>");
+  EXPECT_EQ((tree.printer() / "numbering/Values.plist").string() + ": has no entry Huge in Size",
+            ErrorOf([&tree] { (void)tree.Options(); }));
+}
+
+// Programs may send the code of what differs from the default only.
+TEST(Numbering, SwitchingOnKnowsTheDefaultsOfTheRest) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<key>Color</key>\n\t\t<string>Black</string>",
+            "<key>Color</key>\n\t\t<string>Blue</string>");
+  tree.Edit(kInfo, "<string>1</string>", "<string>5</string>");
+  const std::string on = tree.Options()[0].choices[1].code;
+  for (const char *line :
+       {"/Start /VelmoraStart 5 Chosen def\n", "/Size /VelmoraSize .64 Chosen def\n",
+        "/Density /VelmoraDensity .32 Chosen def\n", "/Ink /VelmoraInk [0 0 1 .9] Chosen def\n",
+        "/Over /VelmoraOver false Chosen def\n"}) {
+    EXPECT_NE(std::string::npos, on.find(line)) << line;
+  }
+}
+
+TEST(Numbering, APrinterWithoutColorHasBlackOnly) {
+  const SourceTree tree;
+  tree.Edit(kInfo, "<key>Color</key>\n\t\t<string>Black</string>",
+            "<key>Color</key>\n\t\t<string>Blue</string>");
+  const PrinterOption color = tree.Options(false)[3];
+  EXPECT_EQ("Black ", Keywords(color));
+  EXPECT_EQ("Black", color.default_choice);
+  EXPECT_NE(std::string::npos,
+            tree.Options(false)[0].choices[1].code.find("/Ink /VelmoraInk [0 1] Chosen def\n"));
+}
+
+TEST(Numbering, SwitchingOnComesAfterAllThatLeavesAValue) {
+  const std::vector<PrinterOption> options = SourceTree().Options();
+  for (size_t other = 1; other < options.size(); ++other) {
+    EXPECT_LT(options[other].order, options[0].order) << options[other].keyword;
+  }
+}
