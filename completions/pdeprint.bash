@@ -34,6 +34,7 @@ __pdeprint_options() {
     settings) echo -d --queue --ppd -P --preset --ticket --set --json ;;
     check) echo -d --queue --json ;;
     queues) echo --json ;;
+    enable | disable) echo -d --queue -o --output --apply ;;
     *) return 1 ;;
   esac
   echo --plugin --timeout -h --help
@@ -41,7 +42,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --json | -h | --help) return 1 ;;
+    --wait | --json | --apply | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }
@@ -146,7 +147,7 @@ __pdeprint_settings() {
 __pdeprint_values() {
   case $1 in
     -d | --queue) __pdeprint_queues ;;
-    --ppd) __pdeprint_files .ppd .ppd.gz ;;
+    --ppd | -o | --output) __pdeprint_files .ppd .ppd.gz ;;
     -P | --preset) __pdeprint_presets ;;
     --ticket) __pdeprint_files .plist ;;
     --snapshot) __pdeprint_files .png ;;
@@ -171,7 +172,7 @@ _pdeprint() {
   __pdeprint_unquote "${words[-1]}"
   current=$REPLY
   if ((${#words[@]} == 2)); then
-    options='show print settings check queues'
+    options='show print settings check queues enable disable'
     [[ $current != -* ]] || options='-h --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
     return
@@ -213,7 +214,7 @@ _pdeprint() {
     COMPREPLY=("${COMPREPLY[@]/#/$prefix}")
   elif [[ $current == -* && ! $only_files ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
-  elif [[ ${words[1]} == check ]]; then
+  elif [[ ${words[1]} == check || ${words[1]} =~ ^(en|dis)able$ && ! $queue ]]; then
     __pdeprint_files .ppd .ppd.gz
   elif [[ ${words[1]} == print || ${words[1]} == show && ! $ppd ]]; then
     __pdeprint_files ''

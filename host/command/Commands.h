@@ -53,6 +53,13 @@ struct QueuesOptions : Surroundings {
   bool json = false;
 };
 
+struct PPDChangeOptions : Surroundings {
+  std::filesystem::path ppd;     // empty: the queue's
+  std::string queue;             // empty: none
+  std::filesystem::path output;  // the new file; empty: QUEUE.ppd here, unless something is there
+  bool apply = false;            // give it to the queue instead of writing it
+};
+
 // Shows the dialog. The user prints the files there, or accepts the choices, or cancels.
 int Show(const ShowOptions &options);
 
@@ -69,5 +76,11 @@ int Check(const CheckOptions &options);
 
 // Lists the server's queues, and says the same of them.
 int Queues(const QueuesOptions &options);
+
+// Adds the printer options of the bundles to a PPD file or queue.
+int Enable(const PPDChangeOptions &options);
+
+// Takes out what Enable has added.
+int Disable(const PPDChangeOptions &options);
 
 #endif

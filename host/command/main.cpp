@@ -53,6 +53,34 @@ void AddChanges(CLI::App *verb, std::vector<std::string> &set) {
       ->allow_extra_args(false);
 }
 
+CLI::App *AddPPDChange(CLI::App &app, const std::string &name, const std::string &what,
+                       PPDChangeOptions &options) {
+  CLI::App *verb = app.add_subcommand(name, what);
+  AddText(verb, "PPD", options.ppd, "The PPD file to begin with; it may be compressed", "FILE");
+  AddQueue(verb, options.queue, "A queue of the print server in place of the PPD file");
+  AddText(verb, "-o,--output", options.output,
+          "The PPD file to write; for a queue QUEUE.ppd in this folder unless given", "FILE");
+  verb->add_flag("--apply", options.apply,
+                 "Give the queue the new PPD file, as an administrator; no file is written");
+  AddSurroundings(verb, options);
+  return verb;
+}
+
+void CheckPPDChange(const PPDChangeOptions &options) {
+  if (options.ppd.empty() == options.queue.empty()) {
+    throw CLI::ValidationError("PPD", "name either a PPD file or a queue (-d)");
+  }
+  if (options.queue.empty() && options.apply) {
+    throw CLI::ValidationError("--apply", "only a queue (-d) can be given a PPD file");
+  }
+  if (options.queue.empty() && options.output.empty()) {
+    throw CLI::RequiredError("--output");
+  }
+  if (options.apply && !options.output.empty()) {
+    throw CLI::ValidationError("--apply", "no file is written then; leave out --output");
+  }
+}
+
 const char kTicketReadAndWritten[] =
     "Print settings of the job, an XML property list: read first, where there is one, and written "
     "at the end";
@@ -125,8 +153,23 @@ int Run(int argc, char **argv) {
   queues->add_flag("--json", queues_options.json, "Answer in JSON");
   AddSurroundings(queues, queues_options);
 
+  PPDChangeOptions enable_options;
+  CLI::App *enable =
+      AddPPDChange(app, "enable",
+                   "Add the printer options of extension bundles to a PostScript printer's PPD "
+                   "file, or to a queue. Needs no display.",
+                   enable_options);
+
+  PPDChangeOptions disable_options;
+  CLI::App *disable =
+      AddPPDChange(app, "disable",
+                   "Take out of a PPD file, or a queue, what enable has added. Needs no display.",
+                   disable_options);
+
   try {
     app.parse(argc, argv);
+    if (enable->parsed()) CheckPPDChange(enable_options);
+    if (disable->parsed()) CheckPPDChange(disable_options);
     if (show->parsed() && !show_options.ppd.empty() && !show_options.files.empty()) {
       throw CLI::ValidationError("--ppd",
                                  "files are printed on a queue (-d); --ppd alone prints nothing");
@@ -146,6 +189,8 @@ int Run(int argc, char **argv) {
   if (print->parsed()) return Print(print_options);
   if (settings->parsed()) return Settings(settings_options);
   if (check->parsed()) return Check(check_options);
+  if (enable->parsed()) return Enable(enable_options);
+  if (disable->parsed()) return Disable(disable_options);
   return Queues(queues_options);
 }
 

@@ -1,8 +1,5 @@
 #include "host/cups/PrintServer.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -11,6 +8,7 @@
 
 #include "host/base/BackgroundTask.h"
 #include "host/cups/JobTransfer.h"
+#include "host/cups/PPDSource.h"
 #include "host/cups/QueueList.h"
 #include "host/cups/ServerConnection.h"
 
@@ -34,37 +32,21 @@ auto WithinLimit(milliseconds limit, const PrintServer &asked, Work work) {
   return task.WaitFor(limit) ? task.Take() : Answer(NoAnswer(asked.Address(), limit));
 }
 
-// A file in memory, which leaves nothing behind however its thread ends.
-class MemoryFile {
- public:
-  MemoryFile() : file_(memfd_create("ppd", MFD_CLOEXEC)) {}
-  ~MemoryFile() {
-    if (file_ >= 0) close(file_);
-  }
-  MemoryFile(const MemoryFile &) = delete;
-  MemoryFile &operator=(const MemoryFile &) = delete;
-
-  int get() const { return file_; }
-  std::filesystem::path path() const { return "/proc/self/fd/" + std::to_string(file_); }
-
- private:
-  int file_;
-};
-
 bool HasQueue(const ServerConnection &server, const std::string &queue) {
   IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
   AskFor(request.get(), {"printer-name"});
   return server.Ask(std::move(request)) != nullptr;
 }
 
-Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const std::string &name) {
+// False: the queue has none.
+Expected<bool> FetchPPDInto(const MemoryFile &file, const ServerConnection &server,
+                            const std::string &name) {
   const std::string queue = WithoutInstance(name);
-  const MemoryFile file;
   if (file.get() < 0) return Failure{std::string("no memory file: ") + std::strerror(errno)};
   const http_status_t status =
       cupsGetFd(server.get(), ("/printers/" + queue + ".ppd").c_str(), file.get());
   if (status == HTTP_STATUS_NOT_FOUND) {
-    if (HasQueue(server, queue)) return std::optional<PPDFile>();
+    if (HasQueue(server, queue)) return false;
     if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, name);
     return server.Refused("does not describe " + name);
   }
@@ -73,12 +55,61 @@ Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const 
       httpGetRemaining(server.get()) != 0) {
     return server.Refused("does not give the PPD file of " + name);
   }
+  return true;
+}
+
+Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const std::string &name) {
+  const MemoryFile file;
+  Expected<bool> is_there = FetchPPDInto(file, server, name);
+  if (!is_there) return Failure{is_there.message()};
+  if (!*is_there) return std::optional<PPDFile>();
   Expected<PPDFile> ppd = PPDFile::Open(file.path());
   if (!ppd) {
     return Failure{"cannot read the PPD file of " + name + " from the print server " +
                    server.address() + ": " + ppd.message()};
   }
   return std::optional<PPDFile>(std::move(*ppd));
+}
+
+Expected<std::optional<std::string>> FetchPPDText(const ServerConnection &server,
+                                                  const std::string &name) {
+  IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES, WithoutInstance(name));
+  AskFor(request.get(), {"printer-type"});
+  const IppMessage answer = server.Ask(std::move(request));
+  if ((NumberOf(answer.get(), "printer-type") & CUPS_PRINTER_CLASS) != 0) {
+    return Failure{name + " on the print server " + server.address() +
+                   " is a class of printers; name one of them"};
+  }
+  const MemoryFile file;
+  Expected<bool> is_there = FetchPPDInto(file, server, name);
+  if (!is_there) return Failure{is_there.message()};
+  if (!*is_there) return std::optional<std::string>();
+  Expected<std::string> text = ReadPPD(file.path());
+  if (!text) return Failure{"cannot read the PPD file of " + name + ": " + text.message()};
+  return std::optional<std::string>(std::move(*text));
+}
+
+bool IsNotAllowed(ipp_status_t status) {
+  return status == IPP_STATUS_ERROR_FORBIDDEN || status == IPP_STATUS_ERROR_NOT_AUTHENTICATED ||
+         status == IPP_STATUS_ERROR_NOT_AUTHORIZED ||
+         status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
+}
+
+std::optional<Failure> SendPPD(const ServerConnection &server, const std::string &name,
+                               const std::string &text) {
+  const MemoryFile file;
+  if (!FillFile(file, text)) return Failure{std::string("no memory file: ") + std::strerror(errno)};
+  IppMessage request = server.Request(IPP_OP_CUPS_ADD_MODIFY_PRINTER, WithoutInstance(name));
+  const IppMessage answer(
+      cupsDoIORequest(server.get(), request.release(), "/admin/", file.get(), -1));
+  const ipp_status_t status = cupsLastError();
+  if (status < IPP_STATUS_REDIRECTION_OTHER_SITE) return std::nullopt;
+  Failure refusal = server.Refused("does not take the PPD file for " + name);
+  if (IsNotAllowed(status)) {
+    refusal.message +=
+        "; only an administrator of the print server may change a queue, run this as one";
+  }
+  return refusal;
 }
 
 JobState StateOf(int ipp_state) {
@@ -181,6 +212,18 @@ Expected<Queue> PrintServer::FindQueue(const std::string &name) const {
 Expected<std::optional<PPDFile>> PrintServer::PPDOfQueue(const std::string &name) const {
   return WithinLimit(limit_, *this,
                      [name](const ServerConnection &server) { return FetchPPD(server, name); });
+}
+
+Expected<std::optional<std::string>> PrintServer::PPDTextOfQueue(const std::string &name) const {
+  return WithinLimit(limit_, *this,
+                     [name](const ServerConnection &server) { return FetchPPDText(server, name); });
+}
+
+std::optional<Failure> PrintServer::ReplacePPD(const std::string &name,
+                                               const std::string &text) const {
+  return WithinLimit(limit_, *this, [name, text](const ServerConnection &server) {
+    return SendPPD(server, name, text);
+  });
 }
 
 Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &progress) const {

@@ -61,6 +61,14 @@ class PrintServer {
   // No value inside: the queue has no PPD file.
   Expected<std::optional<PPDFile>> PPDOfQueue(const std::string &name) const;
 
+  // The bytes of its PPD file; no value inside: it has none. A class, which has its printers', is a
+  // failure.
+  Expected<std::optional<std::string>> PPDTextOfQueue(const std::string &name) const;
+
+  // Gives a queue this PPD file, as its administrator. All else that the server keeps of the queue
+  // stays; the default choices of the printer's options are those of the new file.
+  std::optional<Failure> ReplacePPD(const std::string &name, const std::string &text) const;
+
   // Sends all files as one job and answers its number. Files that cannot be read are found before
   // anything is sent; if sending fails later, the job is taken back: nothing is printed.
   Expected<int> Print(const JobRequest &request, SendingProgress &progress) const;

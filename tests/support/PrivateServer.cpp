@@ -71,34 +71,7 @@ void PrivateServer::Configure() const {
       << line("StateDir", "state") << line("RequestRoot", "spool") << line("TempDir", "tmp")
       << line("AccessLog", "access_log") << line("ErrorLog", "error_log")
       << line("PageLog", "page_log");
-  std::ofstream(folder_ / "cupsd.conf")
-      << "Listen " << address() << "\nListen " << socket().string() << R"(
-DefaultAuthType None
-Browsing No
-WebInterface No
-PreserveJobFiles Yes
-LogLevel info
-<Location />
-  Order allow,deny
-  Allow all
-</Location>
-<Policy default>
-  JobPrivateAccess all
-  JobPrivateValues none
-  SubscriptionPrivateAccess all
-  SubscriptionPrivateValues none
-  <Limit All>
-    Order deny,allow
-  </Limit>
-</Policy>
-<Policy password>
-  <Limit All>
-    AuthType Basic
-    Require valid-user
-    Order deny,allow
-  </Limit>
-</Policy>
-)";
+  WriteConfiguration("");
   for (const char *programs : {"daemon", "filter"}) {
     fs::create_directory_symlink(fs::path("/usr/lib/cups") / programs, folder_ / "bin" / programs);
   }
@@ -113,6 +86,44 @@ mkdir -p "$PRINTER"
 exec cat "${6:--}" >>"$PRINTER/$1"
 )";
   fs::permissions(printer, fs::perms::owner_all);
+}
+
+void PrivateServer::WriteConfiguration(const std::string &limits) const {
+  std::ofstream(folder_ / "cupsd.conf") << "Listen " << address() << "\nListen "
+                                        << socket().string() << R"(
+DefaultAuthType None
+Browsing No
+WebInterface No
+PreserveJobFiles Yes
+LogLevel info
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  JobPrivateAccess all
+  JobPrivateValues none
+  SubscriptionPrivateAccess all
+  SubscriptionPrivateValues none
+)" << limits << R"(
+  <Limit All>
+    Order deny,allow
+  </Limit>
+</Policy>
+<Policy password>
+  <Limit All>
+    AuthType Basic
+    Require valid-user
+    Order deny,allow
+  </Limit>
+</Policy>
+)";
+}
+
+void PrivateServer::Restrict(const std::string &operations) const {
+  WriteConfiguration("<Limit " + operations +
+                     ">\nAuthType Basic\nRequire valid-user\nOrder deny,allow\n</Limit>");
+  program_->Signal(SIGHUP);
 }
 
 void PrivateServer::Start() {

@@ -65,12 +65,17 @@ class PrivateServer {
   void HoldJob(int job) const;
   void ReleaseJob(int job) const;
 
+  // From some moment on, these operations (names of the protocol, blanks between them) take a
+  // password that nobody has.
+  void Restrict(const std::string &operations) const;
+
   // It takes connections and answers nothing until it goes on.
   void Freeze() const;
   void GoOn() const;
 
  private:
   void Configure() const;
+  void WriteConfiguration(const std::string &limits) const;
   void Start();
 
   std::filesystem::path folder_;

@@ -199,6 +199,22 @@ TEST_P(Completion, OffersFilesByTheirEndings) {
             OffersForEach({"pdeprint print ", "pdeprint show -d Office --wait "}, here));
 }
 
+TEST_P(Completion, OffersPPDFilesToChangeUnlessAQueueIsNamed) {
+  TemporaryFolder folder;
+  for (const char *file : {"a.ppd", "b.ppd.gz", "c.pdf"}) folder.Write(file, "");
+  const Names ppds = {"a.ppd", "b.ppd.gz"};
+  const std::vector<Names> offers =
+      OffersForEach({"pdeprint enable ", "pdeprint disable --timeout 3 ", "pdeprint enable -o ",
+                     "pdeprint disable --output=", "pdeprint enable -d Office "},
+                    {.folder = folder.path().string()});
+  EXPECT_EQ(ppds, offers[0]);
+  EXPECT_EQ(ppds, offers[1]);
+  EXPECT_TRUE(offers[2].contains("a.ppd"));
+  EXPECT_FALSE(offers[2].contains("c.pdf"));
+  EXPECT_EQ(offers[2], offers[3]);
+  EXPECT_FALSE(offers[4].contains("a.ppd"));
+}
+
 TEST_P(Completion, OffersThePresetsByTheirNames) {
   TemporaryFolder folder;
   const fs::path own = folder.path() / "own";

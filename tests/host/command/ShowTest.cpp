@@ -103,7 +103,7 @@ class Dialog {
   }
 
   static void AwaitWindows(size_t count) {
-    const auto end = std::chrono::steady_clock::now() + 10s;
+    const auto end = std::chrono::steady_clock::now() + 60s;
     while (VisibleWindows().size() != count) {
       if (std::chrono::steady_clock::now() > end) {
         ADD_FAILURE() << "there are not " << count << " windows but " << VisibleWindows().size();

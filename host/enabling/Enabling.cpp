@@ -1,0 +1,171 @@
+#include "host/enabling/Enabling.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <set>
+
+#include "host/base/Text.h"
+#include "host/cups/PPDFile.h"
+#include "host/cups/PPDSource.h"
+#include "host/enabling/OptionBlocks.h"
+#include "host/enabling/OptionDefaults.h"
+#include "host/enabling/OptionLanguages.h"
+#include "host/enabling/OptionOrder.h"
+#include "host/enabling/PPDText.h"
+#include "host/enabling/PostScriptPrinter.h"
+
+namespace {
+
+Failure CannotParse(const std::string &why) {
+  return Failure{"not a PPD file, or a damaged one: " + why};
+}
+
+// The options that the lines open, with their choices.
+std::vector<PPDOption> OptionsIn(std::string_view lines) {
+  std::vector<PPDOption> options;
+  bool is_open = false;
+  for (const PPDStatement &statement : StatementsOf(lines)) {
+    if (!OptionOpenedBy(statement).empty()) {
+      options.emplace_back().keyword = statement.option;
+      is_open = true;
+    } else if (statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI") {
+      is_open = false;
+    } else if (is_open && statement.keyword == options.back().keyword) {
+      options.back().choices.push_back({std::string(statement.option), ""});
+    } else if (is_open && statement.keyword == "Default" + options.back().keyword) {
+      options.back().default_choice = statement.value;
+    }
+  }
+  return options;
+}
+
+std::optional<Failure> WhyPrintersOwn(std::string_view base, const PPDFile &ppd,
+                                      const PrinterOptions &options, std::string_view lines) {
+  const auto failure = [&options](const std::string &what) {
+    return Failure{"the printer's maker has put " + what +
+                   " into the file already; the options of " + options.name +
+                   " are only for files without it"};
+  };
+  if (!options.support_keyword.empty() && ppd.Attribute(options.support_keyword)) {
+    return failure("the attribute " + options.support_keyword);
+  }
+  const std::vector<PPDOption> added = OptionsIn(lines);
+  for (const PPDStatement &statement : StatementsOf(base)) {
+    const std::string name(OptionOpenedBy(statement));
+    const bool is_added = std::ranges::any_of(added, [&name](const PPDOption &option) {
+      return strcasecmp(option.keyword.c_str(), name.c_str()) == 0;
+    });
+    if (is_added) return failure("the option " + name);
+  }
+  return std::nullopt;
+}
+
+Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options) {
+  const std::string color = ppd.Attribute("ColorDevice").value_or("");
+  const bool is_color = Trimmed(color) == "True";
+  if (!is_color && Trimmed(color) != "False") {
+    return Failure{
+        "the file does not say whether it is a color printer: *ColorDevice must be True "
+        "or False" +
+        (color.empty() ? "" : ", not " + Quoted(color))};
+  }
+  const std::string &lines = is_color ? options.color : options.monochrome;
+  if (lines.empty()) {
+    return Failure{"the bundle " + options.name + " brings no options for " +
+                   (is_color ? "color" : "monochrome") + " printers"};
+  }
+  return lines;
+}
+
+bool HasSameChoices(const PPDOption &left, const PPDOption &right) {
+  return std::ranges::equal(
+      left.choices, right.choices,
+      [](const PPDChoice &one, const PPDChoice &other) { return one.keyword == other.keyword; });
+}
+
+// What libcups, the reader that counts, does not find as it was added.
+std::optional<std::string> WhatIsWrong(PPDFile &enabled, const PPDFile &base,
+                                       const PrinterOptions &options, std::string_view lines) {
+  for (const PPDOption &added : OptionsIn(lines)) {
+    const std::optional<PPDOption> found = enabled.Option(added.keyword);
+    if (!found) return "there is no option " + added.keyword;
+    if (!HasSameChoices(*found, added)) return "the option " + added.keyword + " has other choices";
+    if (found->default_choice != added.default_choice) {
+      return "the option " + added.keyword + " has another default";
+    }
+  }
+  if (!options.support_keyword.empty() &&
+      enabled.Attribute(options.support_keyword) != options.support_value) {
+    return "the attribute " + options.support_keyword + " is not " + Quoted(options.support_value);
+  }
+  for (const PPDOption &own : base.Options()) {
+    const std::optional<PPDOption> found = enabled.Option(own.keyword);
+    if (!found || !HasSameChoices(*found, own) || found->default_choice != own.default_choice) {
+      return "the printer's option " + own.keyword + " is another one";
+    }
+  }
+  return std::nullopt;
+}
+
+Failure DoNotFit(const PrinterOptions &options, const std::string &why) {
+  return Failure{"the options of the bundle " + options.name + " do not fit this file: " + why +
+                 "; report it to the bundle's maker"};
+}
+
+}  // namespace
+
+Expected<std::string> EnableOptions(std::string_view ppd,
+                                    const std::vector<PrinterOptions> &options) {
+  if (auto damage = DamageOf(ppd)) return *damage;
+  Expected<BlockedPPD> parts = SplitBlocks(ppd);
+  if (!parts) return Failure{parts.message()};
+  Expected<PPDFile> base = ParsePPD(parts->base);
+  if (!base) return CannotParse(base.message());
+  if (auto reason = WhyNotPostScript(*base)) return Failure{"no PostScript printer: " + *reason};
+
+  std::vector<OptionBlock> earlier;
+  for (const PrinterOptions &bundle : options) {
+    const auto is_its = [&bundle](const OptionBlock &block) {
+      return block.bundle == bundle.bundle;
+    };
+    std::ranges::copy_if(parts->blocks, std::back_inserter(earlier), is_its);
+    std::erase_if(parts->blocks, is_its);
+  }
+  for (const PrinterOptions &bundle : options) {
+    Expected<std::string> lines = LinesFor(*base, bundle);
+    if (!lines) return Failure{lines.message()};
+    std::string before = JoinBlocks(*parts);
+    Expected<PPDFile> others = ParsePPD(before);
+    if (!others) return CannotParse(others.message());
+    if (auto reason = WhyPrintersOwn(before, *others, bundle, *lines)) return *reason;
+    Expected<std::string> ordered = OrderedAfter(before, *lines);
+    if (!ordered) return Failure{ordered.message()};
+    if (const auto languages = base->Attribute("cupsLanguages")) {
+      ordered = InLanguages(*languages, *ordered);
+    }
+    for (const OptionBlock &block : earlier) {
+      if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
+    }
+    parts->blocks.push_back({bundle.bundle, *ordered});
+    std::string after = JoinBlocks(*parts);
+    if (auto damage = DamageOf(after)) return DoNotFit(bundle, damage->message);
+    Expected<PPDFile> enabled = ParsePPD(after);
+    if (!enabled) return DoNotFit(bundle, enabled.message());
+    if (auto wrong = WhatIsWrong(*enabled, *others, bundle, *ordered)) {
+      return DoNotFit(bundle, *wrong);
+    }
+  }
+  return JoinBlocks(*parts);
+}
+
+Expected<DisabledPPD> DisableOptions(std::string_view ppd) {
+  if (auto damage = DamageOf(ppd)) return *damage;
+  Expected<BlockedPPD> parts = SplitBlocks(ppd);
+  if (!parts) return Failure{parts.message()};
+  Expected<PPDFile> base = ParsePPD(parts->base);
+  if (!base) return CannotParse(base.message());
+  DisabledPPD disabled{.text = std::move(parts->base), .bundles = {}};
+  for (OptionBlock &block : parts->blocks) disabled.bundles.push_back(std::move(block.bundle));
+  return disabled;
+}

@@ -1,0 +1,20 @@
+// The printer options that a bundle brings along.
+
+#ifndef HOST_EXTENSION_BUNDLEPRINTEROPTIONS_H
+#define HOST_EXTENSION_BUNDLEPRINTEROPTIONS_H
+
+#import <Foundation/Foundation.h>
+
+#include <optional>
+
+#include "host/base/Expected.h"
+#include "host/enabling/PrinterOptions.h"
+#include "host/extension/ExtensionBundle.h"
+
+// Those of the resources that the bundle's Info.plist names under PDEPrinterOptions, by Color and
+// Monochrome, with the attribute under PDESupportAttribute. No value inside: it names none. The
+// failure: a resource that it names is not there, or no text of ASCII characters, or the bundle has
+// no identifier to mark the options with.
+Expected<std::optional<PrinterOptions>> PrinterOptionsOf(const ExtensionBundle &bundle);
+
+#endif

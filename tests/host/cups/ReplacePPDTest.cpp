@@ -1,0 +1,152 @@
+// Taking and giving the PPD files of queues.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <thread>
+
+#include "host/cups/PrintServer.h"
+#include "tests/support/PrivateServer.h"
+#include "tests/support/SilentServer.h"
+#include "tests/support/TestPPD.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// A printer with a lamp, and these lines.
+std::string LampText(const std::string &lines = "") {
+  return TestPPD::Text(
+      "*OpenUI *Lamp/Lamp: PickOne\n*OrderDependency: 50 AnySetup *Lamp\n"
+      "*DefaultLamp: Dim\n*Lamp Dim/Dim: \"\"\n*Lamp Bright/Bright: \"\"\n"
+      "*CloseUI: *Lamp\n" +
+      lines);
+}
+
+bool Holds(const std::string &text, const std::string &part) {
+  return text.find(part) != std::string::npos;
+}
+
+std::string Message(const std::optional<Failure> &failure) {
+  return failure ? failure->message : "";
+}
+
+class ReplacePPD : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { server_ = new PrivateServer; }
+  static void TearDownTestSuite() {
+    delete server_;
+    server_ = nullptr;
+  }
+  PrivateServer &server() const { return *server_; }
+
+  void AddQueue(const std::string &name) const {
+    server().AddQueue({.name = name, .ppd = folder_.Write("a.ppd", LampText())});
+  }
+
+  // Of the queue's PPD file; "none", or the failure.
+  std::string TextOf(const std::string &queue) const {
+    Expected<std::optional<std::string>> text = print_server_.PPDTextOfQueue(queue);
+    if (!text) return text.message();
+    return text->value_or("none");
+  }
+
+  TemporaryFolder folder_;
+
+ private:
+  static inline PrivateServer *server_ = nullptr;
+
+  ServerEnvironment environment_{*server_};
+
+ protected:
+  PrintServer print_server_{20s};
+};
+
+}  // namespace
+
+TEST_F(ReplacePPD, TheTextIsTheOneOfTheQueuesFile) {
+  AddQueue("Text");
+  EXPECT_EQ(TextOf("Text"), LampText());
+  server().Run({"lpoptions", "-p", "Text/draft", "-o", "Lamp=Bright"});
+  EXPECT_EQ(TextOf("Text/draft"), LampText());
+}
+
+TEST_F(ReplacePPD, AQueueMayHaveNone) {
+  server().AddQueue({.name = "Raw"});
+  EXPECT_EQ(TextOf("Raw"), "none");
+}
+
+TEST_F(ReplacePPD, AClassIsRefused) {
+  AddQueue("Member");
+  server().Run({"/usr/sbin/lpadmin", "-p", "Member", "-c", "Class"});
+  EXPECT_EQ(TextOf("Class"), "Class on the print server " + server().address() +
+                                 " is a class of printers; name one of them");
+}
+
+TEST_F(ReplacePPD, AnUnknownQueueIsRefused) {
+  AddQueue("Known");
+  EXPECT_TRUE(Holds(TextOf("Unknown"), "has no queue \"Unknown\"; there is "));
+}
+
+TEST_F(ReplacePPD, GivesTheQueueTheFile) {
+  AddQueue("New");
+  EXPECT_EQ("", Message(print_server_.ReplacePPD("New", LampText("*Flag: \"new\"\n"))));
+  EXPECT_EQ(TextOf("New"), LampText("*Flag: \"new\"\n"));
+}
+
+TEST_F(ReplacePPD, AllElseOfTheQueueStays) {
+  server().AddQueue({.name = "Office",
+                     .ppd = folder_.Write("a.ppd", LampText()),
+                     .description = "Second floor",
+                     .location = "Room 12",
+                     .options = {{"job-sheets-default", "standard"}},
+                     .rejecting = "Closed"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "Office", "-o", "Lamp=Bright"});
+  ASSERT_TRUE(Holds(TextOf("Office"), "*DefaultLamp: Bright\n")) << TextOf("Office");
+  const std::string text = TextOf("Office") + "*Flag: \"new\"\n";
+  EXPECT_EQ("", Message(print_server_.ReplacePPD("Office", text)));
+  EXPECT_EQ(TextOf("Office"), text);
+  Expected<Queue> queue = print_server_.FindQueue("Office");
+  ASSERT_TRUE(queue) << queue.message();
+  EXPECT_EQ(queue->description, "Second floor");
+  EXPECT_EQ(queue->location, "Room 12");
+  EXPECT_FALSE(queue->accepts_jobs);
+  EXPECT_EQ(queue->defaults["job-sheets"], "standard,none");
+}
+
+TEST_F(ReplacePPD, AFileThatTheServerRefusesChangesNothing) {
+  AddQueue("Same");
+  const std::string failure = Message(print_server_.ReplacePPD("Same", "rubbish\n"));
+  EXPECT_TRUE(failure.starts_with("the print server " + server().address() +
+                                  " does not take the PPD file for Same: "))
+      << failure;
+  EXPECT_EQ(TextOf("Same"), LampText());
+}
+
+TEST(ReplacePPDServer, WithoutTheRightTheFailureSaysWhoHasIt) {
+  const PrivateServer server;
+  const ServerEnvironment environment(server);
+  const TemporaryFolder folder;
+  server.AddQueue({.name = "Office", .ppd = folder.Write("a.ppd", LampText())});
+  server.Restrict("CUPS-Add-Modify-Printer");
+  const PrintServer print_server(20s);
+  std::string failure;
+  for (int i = 0; i < 500 && !Holds(failure, "Unauthorized"); ++i) {
+    failure = Message(print_server.ReplacePPD("Office", LampText()));
+    std::this_thread::sleep_for(20ms);
+  }
+  EXPECT_EQ(failure, "the print server " + server.address() +
+                         " does not take the PPD file for Office: Unauthorized; only an "
+                         "administrator of the print server may change a queue, run this as one");
+}
+
+TEST(ReplacePPDServer, ASilentServerEndsItWithinTheLimit) {
+  SilentServer silent;
+  const EnvironmentVariable variable("CUPS_SERVER", silent.address());
+  const PrintServer server(300ms);
+  const std::string failure =
+      "the print server " + silent.address() + " does not answer within 0.3 s";
+  EXPECT_EQ(Message(server.ReplacePPD("Office", LampText())), failure);
+  Expected<std::optional<std::string>> text = server.PPDTextOfQueue("Office");
+  EXPECT_EQ(text ? "" : text.message(), failure);
+}
