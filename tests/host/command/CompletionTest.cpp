@@ -16,7 +16,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-const char kColorPPD[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
+const char kColorPPD[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
 const char kNoServer[] = "127.0.0.1:1";
 
 struct Shell {

@@ -158,7 +158,7 @@ TEST(Manual, NamesTheFileOfThePresetLastUsed) {
 
 TEST(Manual, GivesExamplesThatAreNoWrongUsage) {
   TemporaryFolder folder;
-  fs::copy(SOURCE_DIRECTORY "/printer/SampleColor.ppd", folder.path());
+  fs::copy(BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd", folder.path());
   const Names examples = Matches(Section("EXAMPLES"), "\n +(pdeprint .*)");
   EXPECT_LE(5u, examples.size());
   for (const std::string &example : examples) {

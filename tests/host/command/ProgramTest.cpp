@@ -16,8 +16,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Arguments = std::vector<std::string>;
 
-const char kColorPPD[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
-const char kMonoPPD[] = SOURCE_DIRECTORY "/printer/SampleMono.ppd";
+const char kColorPPD[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
+const char kMonoPPD[] = SOURCE_DIRECTORY "/tests/support/SampleMono.ppd";
 
 const char kDefaultOptions[] =
     "Job options:\n"

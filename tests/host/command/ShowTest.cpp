@@ -17,8 +17,8 @@ namespace {
 using namespace std::chrono_literals;
 using Arguments = std::vector<std::string>;
 
-const char kColorPPD[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
-const char kMonoPPD[] = SOURCE_DIRECTORY "/printer/SampleMono.ppd";
+const char kColorPPD[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
+const char kMonoPPD[] = SOURCE_DIRECTORY "/tests/support/SampleMono.ppd";
 
 const char kDone[] = "Return";
 

@@ -22,7 +22,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Texts = std::vector<std::string>;
 
-constexpr char kSampleColor[] = SOURCE_DIRECTORY "/printer/SampleColor.ppd";
+constexpr char kSampleColor[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
 
 // A queue whose printer has a lamp.
 TestQueue WithLamp(const std::string &name, const TemporaryFolder &folder) {

@@ -275,7 +275,7 @@ OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
   session.Set("VQBNColor", "Red");
-  Expected<PPDFile> mono = PPDFile::Open(SOURCE_DIRECTORY "/printer/SampleMono.ppd");
+  Expected<PPDFile> mono = PPDFile::Open(SOURCE_DIRECTORY "/tests/support/SampleMono.ppd");
   ASSERT_TRUE(mono) << mono.message();
   EXPECT_EQ(Notes(), session.UsePrinter(std::move(*mono), {}));
   EXPECT_EQ("Red", session.Value("VQBNColor"));
