@@ -45,10 +45,11 @@ RunningProgram::RunningProgram(std::vector<std::string> command, const RunOption
   if (out == "-") {
     posix_spawn_file_actions_addclose(&actions, STDOUT_FILENO);
   } else {
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT,
-                                     0600);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
   }
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT, 0600);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (!options.folder.empty()) {
     posix_spawn_file_actions_addchdir_np(&actions, options.folder.c_str());
   }
