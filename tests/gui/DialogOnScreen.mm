@@ -6,9 +6,9 @@
 
 namespace {
 
-const char kPage[] =
-    "%!PS-Adobe-3.0\n%%Pages: 1\n%%Page: 1 1\n/Helvetica findfont 24 scalefont setfont\n"
-    "72 700 moveto (Hello) show\nshowpage\n%%EOF\n";
+const char kPage[] = "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%Page: 1 1\n"
+                     "/Helvetica findfont 24 scalefont setfont\n"
+                     "72 700 moveto (Hello) show\nshowpage\n%%EOF\n";
 
 Extensions Load(const std::string &bundle) {
   Expected<Extensions> extensions = Extensions::Load(bundle);

@@ -5,15 +5,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
 #include <map>
 #include <sstream>
 
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
