@@ -55,7 +55,9 @@ std::string NameOfBeginning(const JobSource &source) {
   return name;
 }
 
-// What a printer makes of a value that it does not know is not what was asked for.
+// What a printer makes of a value that it does not know is not what was asked for. A panel's own
+// setting that this printer cannot do, as a color stored for another printer, is for the panel to
+// correct.
 std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
                                            const std::vector<Setting> &settings,
                                            const PPDFile *ppd) {
@@ -65,6 +67,7 @@ std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
                                 setting.name + "=VALUE"};
   }
   for (const UnfitOption &unfit : UnfitOptions(options, ppd, {})) {
+    if (std::ranges::count(settings, unfit.keyword, &Setting::key) != 0) continue;
     return Refusal{kFailed, "the job's " + unfit.keyword + " is \"" + unfit.value + "\": " +
                                 unfit.reason + "; mend it with --set " + unfit.keyword + "=VALUE"};
   }

@@ -152,3 +152,19 @@ TEST(Combinations, NoneRaisesAnErrorAndEachNumberIsInTheMiddleOfThePaper) {
 TEST(Combinations, SoItIsWithoutColor) {
   ExpectNumbersInTheMiddle("VelmoraNumberingMono.ppd", 2 * 3 * 3 * 1 * 8 * 2);
 }
+
+// Every job of a queue carries the code of Off.
+TEST(Combinations, ADeviceWithoutPageProceduresIsLeftAlone) {
+  const Printer printer("VelmoraNumbering.ppd");
+  for (const char *valid : {"On", "Off"}) {
+    const TemporaryFolder folder;
+    // Paper sizes and duplex are not for such a device.
+    std::string setup = printer.Setup({{"VQBackgroundNumbering", valid}});
+    setup.erase(0, setup.find("%%BeginFeature: *VQBNSize"));
+    const std::string file =
+        folder.Write("device.ps", "%!PS\nnulldevice\n" + setup + "count = quit\n");
+    const RunResult result = RunProgram({"gs", "-q", "-dSAFER", "-dNODISPLAY", file});
+    EXPECT_EQ(0, result.status);
+    EXPECT_EQ("0\n", result.out + result.err) << valid;
+  }
+}

@@ -126,8 +126,10 @@ TEST(JobsInARow, OptionsThatAJobDoesNotChooseAreTheDefaultsAgain) {
                               {"VQBNPlacement", "Over"}}),
                           TextDocument(1));
   // Programs that send only what is not the default send none of these.
-  std::string unchosen = PrintedJob(On(), TextDocument(1)).Output();
-  for (const char *name : {"/VelmoraSize ", "/VelmoraInk ", "/VelmoraDensity ", "/VelmoraOver "}) {
+  const PrintedJob defaults({{"VQBackgroundNumbering", "On"}}, TextDocument(1));
+  std::string unchosen = defaults.Output();
+  for (const char *name :
+       {"/VelmoraStart ", "/VelmoraSize ", "/VelmoraInk ", "/VelmoraDensity ", "/VelmoraOver "}) {
     const size_t place = unchosen.find(std::string("userdict ") + name);
     ASSERT_NE(place, std::string::npos) << name;
     unchosen.erase(place, unchosen.find('\n', place) - place);
@@ -135,7 +137,7 @@ TEST(JobsInARow, OptionsThatAJobDoesNotChooseAreTheDefaultsAgain) {
   const std::vector<PrintedPage> pages =
       PagesOf(InARow({chosen}) + JobsIn(unchosen).front() + "\n");
   ASSERT_EQ(pages.size(), 2u);
-  ExpectSamePages(PrintedJob(On(), TextDocument(1)).Pages(), {pages[1]});
+  ExpectSamePages(defaults.Pages(), {pages[1]});
 }
 
 TEST(JobsInARow, OffForgetsTheValuesOfOptions) {

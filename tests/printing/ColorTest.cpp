@@ -91,6 +91,20 @@ TEST(NumberColor, GrayOnAMonochromePrinterWhateverTheJobAsksFor) {
   EXPECT_TRUE(IsGray(NumberColor(job.Pages().front())));
 }
 
+TEST(NumberColor, GrayOnAMonochromePrinterWhateverTheTicketStores) {
+  const TemporaryFolder folder;
+  const std::string ticket =
+      folder.Write("ticket.plist",
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+                   "<key>VQBackgroundNumbering</key><string>On</string>"
+                   "<key>VQBNColor</key><string>Red</string></dict></plist>\n");
+  // What it says of the color is of no interest here.
+  const PrintedJob job({"sh", "-c", "exec \"$@\" 2>/dev/null", "sh", kPdeprint, "print", "-d",
+                        "Mono", "--ticket", ticket, folder.Write("document.ps", TextDocument(1))});
+  EXPECT_EQ(job.Numbers(), "1");
+  EXPECT_TRUE(IsGray(NumberColor(job.Pages().front())));
+}
+
 TEST(NumberColor, AMonochromePrinterDrawsTheSameBlackAsAColorPrinter) {
   const PrintedJob mono(On(), TextDocument(3), "Mono");
   const PrintedJob color(On(), TextDocument(3));

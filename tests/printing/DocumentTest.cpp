@@ -109,6 +109,32 @@ TEST(UnusualDocument, ANumberThatCannotBeDrawnDoesNotKeepThePageFromBeingPrinted
   }
 }
 
+TEST(UnusualDocument, MemoryThatItAllocatesGloballyDoesNotMatter) {
+  for (const char *placement : {"Behind", "Over"}) {
+    const PrintedJob job(On({{"VQBNPlacement", placement}}),
+                         "%!\n" + TextPage("Page 1") + " showpage true setglobal " +
+                             TextPage("Page 2") + " showpage false setglobal " +
+                             TextPage("Page 3") + " showpage\n");
+    EXPECT_EQ(job.Numbers(), "25 26 27") << placement;
+  }
+}
+
+TEST(UnusualDocument, WithAnEndPageOfItsOwnHasNoNumberTwice) {
+  const std::string document =
+      "%!\n<< /EndPage { exch pop 2 ne } >> setpagedevice\nshowpage showpage showpage\n";
+  EXPECT_EQ(PrintedJob(On(), document).Numbers(), "25 - -");
+  EXPECT_EQ(PrintedJob(On({{"VQBNPlacement", "Over"}}), document).Numbers(), "- - -");
+}
+
+TEST(UnusualDocument, WithABeginPageOfItsOwnIsNumberedOverItsPagesOnly) {
+  const std::string document =
+      "%!\n<< /BeginPage { pop } >> setpagedevice\nshowpage showpage showpage\n";
+  EXPECT_EQ(PrintedJob(On({{"VQBNPlacement", "Over"}}), document).Numbers(), "25 26 27");
+  for (const PrintedPage &page : PrintedJob(On(), document).Pages()) {
+    EXPECT_FALSE(page.picture().MainColor());
+  }
+}
+
 TEST(UnusualDocument, PagesPrintedByCopypageCount) {
   const PrintedJob job(
       On(), "%!\n" + TextPage("Page 1") + " copypage " + TextPage("Page 2") + " showpage\n");

@@ -28,9 +28,11 @@ TEST(NumberSize, EachSizeIsAtLeastHalfAsLargeAgainAsTheOneBefore) {
   }
 }
 
-TEST(NumberSize, SizesOfLongNumbersDifferToo) {
+TEST(NumberSize, SizesOfLongNumbersDifferTooWhereAllAreLimitedByThePaper) {
   const auto job = [](const std::string &size) {
-    return PrintedJob(On({{"VQBNSize", size}, {"VQStartNumber", "999"}}), TextDocument(2));
+    const Settings settings = {
+        {"VQBNSize", size}, {"VQStartNumber", "999"}, {"PageSize", "Custom.300x300"}};
+    return PrintedJob(On(settings), TextDocument(2));
   };
   const PrintedJob jobs[] = {job("Small"), job("Medium"), job("Large")};
   for (const size_t at : {1, 2}) {

@@ -450,9 +450,17 @@ TEST_F(PrintVerb, AValueOfTheTicketThatThePPDDoesNotListIsRefused) {
   EXPECT_EQ(RefusalOn("Office", 1, {"--ticket", Ticket({{"PageSize", "A0"}})}),
             "pdeprint: the job's PageSize is \"A0\": this printer has no PageSize \"A0\"; it has "
             "A4, Letter, A3; mend it with --set PageSize=VALUE\n");
-  EXPECT_EQ(RefusalOn("Mono", 1, {"--ticket", Ticket({{"VQBNColor", "Red"}})}),
-            "pdeprint: the job's VQBNColor is \"Red\": this printer has no VQBNColor \"Red\"; it "
-            "has Black; mend it with --set VQBNColor=VALUE\n");
+}
+
+TEST_F(PrintVerb, AColorOfTheTicketThatThePrinterLacksGivesWayWithANote) {
+  const RunResult result = PrintOn("Mono", {"--ticket", Ticket({{"VQBNColor", "Red"}})});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err,
+            "pdeprint: note: VQBNColor \"Red\" does not fit: this printer has no VQBNColor "
+            "\"Red\"; it has Black\n");
+  EXPECT_EQ(
+      server().JobAttributes(JobSaidIn({.status = 0, .out = result.out}, "Mono"))["VQBNColor"],
+      "Black");
 }
 
 TEST_F(PrintVerb, AValueOfThePresetThatIsNotAllowedIsRefused) {
