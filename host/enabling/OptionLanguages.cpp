@@ -10,6 +10,17 @@
 
 namespace {
 
+// de, pt_BR, zh-Hans: what keywords can begin with.
+bool IsLanguage(std::string_view name) {
+  const std::string_view code = name.substr(0, name.find_first_of("_-"));
+  return code.size() >= 2 && code.size() <= 3 &&
+         std::ranges::all_of(code,
+                             [](unsigned char letter) { return std::islower(letter) != 0; }) &&
+         std::ranges::all_of(name, [](unsigned char character) {
+           return std::isalnum(character) != 0 || character == '_' || character == '-';
+         });
+}
+
 // LANGUAGE.KEYWORD, as in *de.Translation; without a language the parts are empty.
 struct TranslatedKeyword {
   std::string_view language;
@@ -20,11 +31,8 @@ TranslatedKeyword Translated(std::string_view keyword) {
   const size_t dot = keyword.find('.');
   if (dot == std::string_view::npos) return {};
   const std::string_view language = keyword.substr(0, dot);
-  const std::string_view code = language.substr(0, language.find_first_of("_-"));
-  const bool is_code =
-      code.size() >= 2 && code.size() <= 3 &&
-      std::ranges::all_of(code, [](unsigned char letter) { return std::islower(letter) != 0; });
-  return is_code ? TranslatedKeyword{language, keyword.substr(dot + 1)} : TranslatedKeyword{};
+  return IsLanguage(language) ? TranslatedKeyword{language, keyword.substr(dot + 1)}
+                              : TranslatedKeyword{};
 }
 
 struct Text {
@@ -115,7 +123,7 @@ std::string InLanguages(std::string_view languages, std::string_view lines) {
   std::istringstream list{std::string(languages)};
   std::set<std::string> done;
   for (std::string language; list >> language;) {
-    if (!done.insert(language).second) continue;
+    if (!IsLanguage(language) || !done.insert(language).second) continue;
     std::set<std::string> names;
     const auto add = [&](const Text &text) {
       if (!names.insert(text.name).second) return;

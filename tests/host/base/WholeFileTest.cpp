@@ -172,6 +172,17 @@ TEST(WholeFile, RefusesWhatIsNoRegularFile) {
   EXPECT_EQ((Names{"folder", "pipe"}), NamesIn(folder.path()));
 }
 
+TEST(WholeFile, RefusesTheNameOfAnOpenFile) {
+  TemporaryFolder folder;
+  const fs::path file = folder.Write("a", "old");
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CLOEXEC);
+  ASSERT_GE(descriptor, 0);
+  const std::string name = "/dev/fd/" + std::to_string(descriptor);
+  EXPECT_EQ("cannot write " + name + ": not a regular file", Write(name, "new"));
+  close(descriptor);
+  EXPECT_EQ("old", ContentOf(file));
+}
+
 TEST(WholeFile, LeavesTheOldFileAndNothingElseWhenThereIsNoRoom) {
   TemporaryFolder folder;
   const fs::path file = folder.Write("a", "old");

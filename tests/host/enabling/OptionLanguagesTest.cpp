@@ -54,6 +54,10 @@ TEST(OptionLanguages, WhatATranslationLeavesOutIsUntranslated) {
       For("fr"));
 }
 
+TEST(OptionLanguages, WhatIsListedAndIsNoLanguageIsLeftOut) {
+  EXPECT_EQ(German(), For("../.. de D *x a/b d"));
+}
+
 TEST(OptionLanguages, AnUnknownLanguageIsUntranslated) {
   const std::string lines = For("th");
   EXPECT_TRUE(Holds(lines, Title("th", "Mark"))) << lines;
