@@ -5,7 +5,7 @@
 # Builds <name>.plugin at the top of the build tree, in the layout that NSBundle reads here: the
 # executable beside the folder Resources, which also holds Info.plist.
 
-find_program(ICONV iconv REQUIRED)
+include(${CMAKE_CURRENT_LIST_DIR}/StringsTables.cmake)
 
 function(add_plugin_bundle name)
   cmake_parse_arguments(ARG "" "INFO_PLIST;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
@@ -31,29 +31,7 @@ function(add_plugin_bundle name)
       VERBATIM)
     list(APPEND outputs ${resources}/${file_name})
   endforeach()
-  file(GLOB tables CONFIGURE_DEPENDS ${ARG_STRINGS_DIRECTORY}/*.lproj/Localizable.strings)
-  foreach(table IN LISTS tables)
-    cmake_path(GET table PARENT_PATH folder)
-    cmake_path(GET folder STEM language)
-    # GNUstep asks for the language of some codes under its English name only.
-    set(languages ${language})
-    if(language STREQUAL "he")
-      list(APPEND languages Hebrew)
-    elseif(language STREQUAL "pt_PT")
-      list(APPEND languages Portuguese)
-    endif()
-    foreach(language IN LISTS languages)
-      # The strings are UTF-8 in the repository; NSBundle reads UTF-16 with a byte-order mark silently.
-      set(converted ${resources}/${language}.lproj/Localizable.strings)
-      add_custom_command(
-        OUTPUT ${converted}
-        COMMAND ${CMAKE_COMMAND} -E make_directory ${resources}/${language}.lproj
-        COMMAND ${ICONV} -f UTF-8 -t UTF-16 -o ${converted} ${table}
-        DEPENDS ${table}
-        VERBATIM)
-      list(APPEND outputs ${converted})
-    endforeach()
-  endforeach()
+  add_strings_tables(outputs FROM ${ARG_STRINGS_DIRECTORY} TABLE Localizable TO ${resources})
   add_custom_target(${name}Resources ALL DEPENDS ${outputs})
   add_dependencies(${name} ${name}Resources)
   if(ARG_DEPENDS)

@@ -10,6 +10,8 @@
 #include <sstream>
 #include <string>
 
+#include "host/base/Localized.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -55,7 +57,8 @@ std::optional<Failure> MakePrivateFolder(const fs::path &folder) {
     // It may have been there, or another program may have made it at the same time.
     std::error_code error;
     if (fs::is_directory(made, error)) continue;
-    return Failure{"cannot make the folder " + made.string() + ": " + std::strerror(reason)};
+    return Failure{
+        Localized("cannot make the folder %1: %2", {made.string(), std::strerror(reason)})};
   }
   return std::nullopt;
 }

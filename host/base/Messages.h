@@ -7,5 +7,7 @@
 
 // Writes "pdeprint: MESSAGE".
 void Complain(std::string_view message);
+// Writes "pdeprint: note: MESSAGE": nothing has failed.
+void Note(std::string_view message);
 
 #endif

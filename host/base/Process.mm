@@ -11,6 +11,8 @@
 
 #import <Foundation/Foundation.h>
 
+#include "host/base/Language.h"
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 
 namespace {
@@ -45,11 +47,12 @@ void PrepareProcess() {
     variables.push_back(nullptr);
     [NSProcessInfo initializeWithArguments:arguments count:3 environment:variables.data()];
   }
+  UseLanguageOfUser();
 }
 
 bool PrintResults(std::string_view text) {
   errno = 0;
   if (std::cout << text << std::flush) return true;
-  Complain(std::string("cannot write the results to standard output: ") + std::strerror(errno));
+  Complain(Localized("cannot write the results to standard output: %1", {std::strerror(errno)}));
   return false;
 }

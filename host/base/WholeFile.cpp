@@ -10,6 +10,8 @@
 #include <ios>
 #include <string>
 
+#include "host/base/Localized.h"
+
 namespace {
 
 class Descriptor {
@@ -77,27 +79,27 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 }  // namespace
 
 std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
-  const auto failure = [&path] {
-    return Failure{"cannot write " + path.string() + ": " + std::strerror(errno)};
+  const auto failure = [&path](const std::string &why) {
+    return Failure{Localized("cannot write %1: %2", {path.string(), why})};
   };
   std::error_code error;
   const std::filesystem::path destination = Destination(path, error);
   if (error == std::errc::too_many_symbolic_link_levels) {
-    return Failure{"cannot write " + path.string() + ": " + error.message()};
+    return failure(error.message());
   }
   if (std::filesystem::exists(destination, error) &&
       !std::filesystem::is_regular_file(destination, error)) {
-    return Failure{"cannot write " + path.string() + ": not a regular file"};
+    return failure(Localized("not a regular file"));
   }
 
   // A name of its own: the longest names have no room for an ending.
   std::string temporary = (destination.parent_path() / ".pdeprint.XXXXXX").string();
   Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (file.get() < 0) return failure();
+  if (file.get() < 0) return failure(std::strerror(errno));
   if (!WriteAll(file.get(), bytes) || !TakeAttributes(file.get(), destination) ||
       fsync(file.get()) != 0 || !file.Close() ||
       rename(temporary.c_str(), destination.c_str()) != 0) {
-    const Failure reason = failure();
+    const Failure reason = failure(std::strerror(errno));
     unlink(temporary.c_str());
     return reason;
   }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/CheckReport.h"
@@ -20,15 +21,15 @@ CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions
 }
 
 CheckResult CheckFile(const std::filesystem::path &path, Extensions &extensions) {
-  Expected<PPDFile> ppd = PPDFile::Open(path);
+  Expected<PPDFile> ppd = InEnglish([&path] { return PPDFile::Open(path); });
   if (!ppd) return CheckResult{.file = path.string(), .reason = ppd.message()};
   return CheckPrinter(path.string(), &*ppd, extensions);
 }
 
 CheckResult CheckQueue(const std::string &name, const PrintServer &server, Extensions &extensions) {
-  Expected<Queue> queue = server.FindQueue(name);
+  Expected<Queue> queue = InEnglish([&] { return server.FindQueue(name); });
   if (!queue) return CheckResult{.file = name, .reason = queue.message()};
-  Expected<std::optional<PPDFile>> ppd = server.PPDOfQueue(name);
+  Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(name); });
   if (!ppd) return CheckResult{.file = name, .reason = ppd.message()};
   return CheckPrinter(name, *ppd ? &**ppd : nullptr, extensions);
 }

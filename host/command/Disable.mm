@@ -1,3 +1,4 @@
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/command/Commands.h"
 #include "host/command/PPDChange.h"
@@ -14,12 +15,13 @@ std::string NothingToTakeOut(const PPDChangeOptions &options, const PPDToChange 
   if (found && file) {
     for (const PrinterOptions &bundle : *found) {
       if (!bundle.support_keyword.empty() && file->Attribute(bundle.support_keyword)) {
-        return "the printer options of " + bundle.name +
-               " are the maker's own, which stay: pdeprint has added nothing";
+        return Localized(
+            "the printer options of %1 are the maker's own, which stay: pdeprint has added nothing",
+            {bundle.name});
       }
     }
   }
-  return "pdeprint has added nothing that could be taken out";
+  return Localized("pdeprint has added nothing that could be taken out");
 }
 
 std::string Joined(const std::vector<std::string> &names) {
@@ -36,11 +38,11 @@ int Run(const PPDChangeOptions &options) {
   }
   Expected<DisabledPPD> disabled = DisableOptions(ppd->text);
   if (!disabled) {
-    Complain("cannot disable " + ppd->name + ": " + disabled.message());
+    Complain(Localized("cannot disable %1: %2", {ppd->name, disabled.message()}));
     return kFailed;
   }
   if (disabled->bundles.empty()) {
-    Complain("note: " + ppd->name + ": " + NothingToTakeOut(options, *ppd));
+    Note(ppd->name + ": " + NothingToTakeOut(options, *ppd));
     return LeavePPD(options, *ppd, disabled->text, "unchanged");
   }
   return LeavePPD(options, *ppd, disabled->text,

@@ -1,3 +1,4 @@
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/command/Commands.h"
 #include "host/command/PPDChange.h"
@@ -25,7 +26,7 @@ int Run(const PPDChangeOptions &options) {
   }
   Expected<std::string> enabled = EnableOptions(ppd->text, *found);
   if (!enabled) {
-    Complain("cannot enable " + ppd->name + ": " + enabled.message());
+    Complain(Localized("cannot enable %1: %2", {ppd->name, enabled.message()}));
     return kFailed;
   }
   return LeavePPD(options, *ppd, *enabled, "with the printer options of " + NamesOf(*found));

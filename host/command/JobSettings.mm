@@ -1,5 +1,7 @@
 #include "host/command/JobSettings.h"
 
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
 #include "host/job/JobTicket.h"
 #include "host/job/PresetStore.h"
 
@@ -11,14 +13,17 @@ Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
     std::error_code error;
     if (std::filesystem::exists(store.LastUsedPath(), error))
       return ReadTicket(store.LastUsedPath());
-    return Failure{"there is no preset \"Last Used\" yet: the dialog keeps it when it has printed"};
+    return Failure{Localized("there is no preset %1 yet: the dialog keeps it when it has printed",
+                             {Quoted(name)})};
   }
   if (const std::optional<Preset> preset = store.Find(name)) return ReadTicket(preset->path);
   std::string names;
   for (const Preset &preset : store.List()) names += (names.empty() ? "" : ", ") + preset.name;
-  return Failure{
-      "there is no preset \"" + name + "\"; " +
-      (names.empty() ? "there are none yet: the dialog saves them" : "there are: " + names)};
+  if (names.empty()) {
+    return Failure{Localized("there is no preset %1; there are none yet: the dialog saves them",
+                             {Quoted(name)})};
+  }
+  return Failure{Localized("there is no preset %1; there are: %2", {Quoted(name), names})};
 }
 
 void Overlay(PMPrintSettings settings, PMPrintSettings over) {

@@ -6,6 +6,7 @@
 #include <cctype>
 #include <system_error>
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/MoveFile.h"
 #include "host/base/Process.h"
@@ -55,7 +56,8 @@ std::string CommandFor(const std::string &server, const std::string &queue, cons
 
 // Never in the place of another file.
 std::optional<Failure> WriteNewFile(const fs::path &path, const std::string &bytes) {
-  const Failure in_the_way{path.string() + " is there already; name the new file with -o"};
+  const Failure in_the_way{
+      Localized("%1 is there already; name the new file with -o", {path.string()})};
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) return in_the_way;
   const fs::path temporary = path.parent_path() / (".pdeprint." + std::to_string(getpid()));
@@ -64,7 +66,7 @@ std::optional<Failure> WriteNewFile(const fs::path &path, const std::string &byt
   if (!error) return std::nullopt;
   unlink(temporary.c_str());
   if (error == std::errc::file_exists) return in_the_way;
-  return Failure{"cannot write " + path.string() + ": " + error.message()};
+  return Failure{Localized("cannot write %1: %2", {path.string(), error.message()})};
 }
 
 int Done(const std::string &text) { return PrintResults(text + '\n') ? kDone : kFailed; }
@@ -81,7 +83,7 @@ Expected<PPDToChange> TakePPD(const PPDChangeOptions &options) {
   if (options.queue.empty()) {
     ppd.name = options.ppd.string();
     Expected<std::string> text = ReadPPD(options.ppd);
-    if (!text) return Failure{"cannot read " + ppd.name + ": " + text.message()};
+    if (!text) return Failure{Localized("cannot read %1: %2", {ppd.name, text.message()})};
     ppd.text = std::move(*text);
     return ppd;
   }
@@ -92,7 +94,7 @@ Expected<PPDToChange> TakePPD(const PPDChangeOptions &options) {
   ppd.name = ppd.queue = queue->name.substr(0, queue->name.find('/'));
   Expected<std::optional<std::string>> text = server.PPDTextOfQueue(ppd.queue);
   if (!text) return Failure{text.message()};
-  if (!*text) return Failure{"the queue " + ppd.queue + " has no PPD file"};
+  if (!*text) return Failure{Localized("the queue %1 has no PPD file", {ppd.queue})};
   ppd.text = std::move(**text);
   return ppd;
 }

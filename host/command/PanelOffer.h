@@ -11,7 +11,7 @@
 
 struct PanelOffer {
   std::vector<std::string> panels;  // their names
-  std::string reason;               // where there are none
+  std::string reason;               // where there are none, in English
 };
 
 // Asks all bundles, also those that the PPD file names. Null: a queue without PPD file.

@@ -1,11 +1,13 @@
 #include "host/command/PanelOffer.h"
 
+#include "host/base/Localized.h"
 #include "host/job/JobTicket.h"
 
-PanelOffer PanelsOfferedFor(const PPDFile *ppd, Extensions &extensions) {
+namespace {
+
+PanelOffer Offer(const PPDFile *ppd, Extensions &extensions) {
   PanelOffer offer;
   if (ppd != nullptr) {
-    extensions.LoadNamedBy(*ppd);
     PrintSettings settings = EmptyPrintSettings();
     auto host =
         Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings.get()
@@ -14,4 +16,12 @@ PanelOffer PanelsOfferedFor(const PPDFile *ppd, Extensions &extensions) {
   }
   if (offer.panels.empty()) offer.reason = extensions.ReasonForNoPanel(ppd);
   return offer;
+}
+
+}  // namespace
+
+PanelOffer PanelsOfferedFor(const PPDFile *ppd, Extensions &extensions) {
+  // That none could be loaded is told in the user's language.
+  if (ppd != nullptr) extensions.LoadNamedBy(*ppd);
+  return InEnglish([&] { return Offer(ppd, extensions); });
 }

@@ -1,6 +1,7 @@
 #include <thread>
 
 #include "host/base/Interruption.h"
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
@@ -22,9 +23,9 @@ int Refuse(const std::string &message, ExitStatus status) {
 
 // Why nothing happens until somebody does something; empty: nothing is in the way.
 std::string Obstacle(const JobStatus &status, const std::string &id) {
-  if (status.state == JobState::kHeld) return id + " is held";
+  if (status.state == JobState::kHeld) return Localized("%1 is held", {id});
   if (status.state != JobState::kStopped) return "";
-  return status.message.empty() ? id + " is stopped" : status.message;
+  return status.message.empty() ? Localized("%1 is stopped", {id}) : status.message;
 }
 
 // A stopped printer's jobs wait until somebody starts it again: say so once, and wait with them. A
@@ -35,16 +36,16 @@ int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
     Expected<JobStatus> status = server.StatusOfJob(job);
     if (!status) {
       if (++failures == kPatience) {
-        return Refuse(id + " was sent, but: " + status.message(), kFailed);
+        return Refuse(Localized("%1 was sent, but: %2", {id, status.message()}), kFailed);
       }
       std::this_thread::sleep_for(kBetweenQuestions);
       continue;
     }
     failures = 0;
     if (status->state == JobState::kCompleted) return kDone;
-    if (status->HasEnded()) return Refuse(id + ' ' + status->HowItEnded(), kFailed);
+    if (status->HasEnded()) return Refuse(status->HowItEnded(id), kFailed);
     const std::string obstacle = Obstacle(*status, id);
-    if (!obstacle.empty() && obstacle != told) Complain("waiting: " + obstacle);
+    if (!obstacle.empty() && obstacle != told) Complain(Localized("waiting: %1", {obstacle}));
     told = obstacle;
     std::this_thread::sleep_for(kBetweenQuestions);
   }
@@ -78,7 +79,9 @@ int Print(const PrintOptions &options) {
   if (auto reason = ReasonAgainstFiles(options.files)) return Refuse(reason->message, kFailed);
   std::error_code error;
   if (!options.ticket.empty() && !std::filesystem::exists(options.ticket, error)) {
-    return Refuse("cannot read ticket " + options.ticket.string() + ": no such file", kFailed);
+    return Refuse(Localized("cannot read ticket %1: %2",
+                            {options.ticket.string(), Localized("no such file")}),
+                  kFailed);
   }
   std::vector<std::string> changes = options.set;
   if (!options.copies.empty()) {

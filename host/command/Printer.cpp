@@ -1,5 +1,6 @@
 #include "host/command/Printer.h"
 
+#include "host/base/Localized.h"
 #include "host/cups/PrintServer.h"
 
 Expected<Printer> OpenPrinter(const JobSource &source) {
@@ -7,7 +8,7 @@ Expected<Printer> OpenPrinter(const JobSource &source) {
   if (!source.ppd.empty()) {
     printer.name = source.ppd.string();
     Expected<PPDFile> ppd = PPDFile::Open(source.ppd);
-    if (!ppd) return Failure{"cannot read " + printer.name + ": " + ppd.message()};
+    if (!ppd) return Failure{Localized("cannot read %1: %2", {printer.name, ppd.message()})};
     printer.ppd = std::move(*ppd);
     return printer;
   }

@@ -1,5 +1,6 @@
 #include "host/command/PrinterOptionsSearch.h"
 
+#include "host/base/Localized.h"
 #include "host/extension/BundlePrinterOptions.h"
 #include "host/extension/Extensions.h"
 
@@ -22,7 +23,8 @@ Expected<std::vector<PrinterOptions>> FindPrinterOptions(const std::filesystem::
   }
   const bool named_has_none = !named.empty() && found.empty();
   if (!found.empty() && !named_has_none) return found;
-  return Failure{
-      "no printer options: PDEPrinterOptions in the Info.plist of a bundle names them, and " +
-      without + " has none; name another bundle with --plugin"};
+  return Failure{Localized(
+      "no printer options: PDEPrinterOptions in the Info.plist of a bundle names them, and %1 has "
+      "none; name another bundle with --plugin",
+      {without})};
 }

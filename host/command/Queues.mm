@@ -1,3 +1,4 @@
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
@@ -9,7 +10,7 @@ namespace {
 
 QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions &extensions) {
   QueueResult result{.queue = queue};
-  Expected<std::optional<PPDFile>> ppd = server.PPDOfQueue(queue.name);
+  Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(queue.name); });
   if (!ppd) {
     result.reason = ppd.message();
     return result;

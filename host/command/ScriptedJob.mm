@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Text.h"
 #include "host/command/JobSettings.h"
@@ -47,11 +48,10 @@ std::optional<std::string> KeyWithoutString(const std::vector<Setting> &settings
   return std::nullopt;
 }
 
+// The preset, the ticket.
 std::string NameOfBeginning(const JobSource &source) {
-  std::string name = source.preset.empty() ? "" : "preset " + Quoted(source.preset);
-  if (!source.ticket.empty()) {
-    name += (name.empty() ? "ticket " : " with ticket ") + source.ticket.string();
-  }
+  std::string name = source.preset.empty() ? "" : Quoted(source.preset);
+  if (!source.ticket.empty()) name += (name.empty() ? "" : ", ") + source.ticket.string();
   return name;
 }
 
@@ -61,15 +61,17 @@ std::string NameOfBeginning(const JobSource &source) {
 std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
                                            const std::vector<Setting> &settings,
                                            const PPDFile *ppd) {
+  const auto refusal = [&options](const std::string &keyword, const std::string &reason,
+                                  const std::string &name) {
+    return Refusal{kFailed, Localized("the job's %1 is %2: %3; mend it with --set %4=VALUE",
+                                      {keyword, Quoted(options.at(keyword)), reason, name})};
+  };
   for (const Setting &setting : SettingsWithBadValues(settings, options)) {
-    return Refusal{kFailed, "the job's " + setting.key + " is \"" + options.at(setting.key) +
-                                "\": it must be " + setting.Allowed() + "; mend it with --set " +
-                                setting.name + "=VALUE"};
+    return refusal(setting.key, setting.Demand(), setting.name);
   }
   for (const UnfitOption &unfit : UnfitOptions(options, ppd, {})) {
     if (std::ranges::count(settings, unfit.keyword, &Setting::key) != 0) continue;
-    return Refusal{kFailed, "the job's " + unfit.keyword + " is \"" + unfit.value + "\": " +
-                                unfit.reason + "; mend it with --set " + unfit.keyword + "=VALUE"};
+    return refusal(unfit.keyword, unfit.reason, unfit.keyword);
   }
   return std::nullopt;
 }
@@ -80,8 +82,9 @@ std::optional<Refusal> ReasonAgainstChanges(const std::vector<SettingChange> &ch
                                             const JobSession &session) {
   for (const SettingChange &change : changes) {
     if (!session.Value(change.key).empty()) continue;
-    return Refusal{kWrongUsage, change.name + " cannot be " + Quoted(change.value) +
-                                    ": this printer has no " + change.key};
+    return Refusal{kWrongUsage, Localized("%1 cannot be %2: %3",
+                                          {change.name, Quoted(change.value),
+                                           Localized("this printer has no %1", {change.key})})};
   }
   return std::nullopt;
 }
@@ -92,14 +95,19 @@ std::optional<Refusal> ExplainCorrections(const JobOptions &before, const JobOpt
                                           const std::vector<SettingChange> &changes) {
   for (const auto &[key, value] : before) {
     const auto now = after.find(key);
-    const std::string corrected = now == after.end() ? "unset" : now->second;
+    const std::string corrected = now == after.end() ? "" : now->second;
     if (corrected == value) continue;
     for (const SettingChange &change : changes) {
       if (change.key != key) continue;
-      return Refusal{kWrongUsage, change.name + " cannot be \"" + value +
-                                      "\" on this printer: it must be " + corrected};
+      const std::string demand = corrected.empty() ? Localized("it must be unset")
+                                                   : Localized("it must be %1", {corrected});
+      return Refusal{kWrongUsage, Localized("%1 cannot be %2 on this printer: %3",
+                                            {change.name, Quoted(value), demand})};
     }
-    Complain("note: this printer cannot do " + key + "=" + value + "; it is now " + corrected);
+    const std::string given = key + "=" + value;
+    Note(corrected.empty()
+             ? Localized("this printer cannot do %1; it is now unset", {given})
+             : Localized("this printer cannot do %1; it is now %2", {given, corrected}));
   }
   return std::nullopt;
 }
@@ -110,7 +118,7 @@ std::string Described(const PPDOption &option) {
 
 void ComplainOfLeftOut(const Extensions &extensions) {
   for (const LeftOut &one : extensions.left_out()) {
-    Complain("note: " + one.name + " is left out: " + one.reason);
+    Note(Localized("%1 is left out: %2", {one.name, one.reason}));
   }
 }
 
@@ -131,8 +139,8 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
 
   const std::vector<Setting> known = extensions->Settings();
   if (const auto key = KeyWithoutString(known, settings->get())) {
-    return Refuse({kFailed, "cannot use " + NameOfBeginning(source) + ": the value of " + *key +
-                                " is not a string"});
+    return Refuse({kFailed, Localized("cannot use %1: the value of %2 is not a string",
+                                      {NameOfBeginning(source), *key})});
   }
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
@@ -146,11 +154,11 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   session.UsePrinter(std::move(printer->ppd), printer->queue.defaults);
   const Notes notes = session.UseSettings(std::move(*settings));
   if (const auto refusal = ReasonAgainstChanges(*changes, session)) return Refuse(*refusal);
-  for (const std::string &note : notes) Complain("note: " + note);
+  for (const std::string &note : notes) Note(note);
   if (session.ppd() != nullptr) {
     for (const PPDConflict &conflict : session.ppd()->Conflicts(session.Options())) {
-      Complain("note: " + Described(conflict.first) + " and " + Described(conflict.second) +
-               " cannot be combined on this printer");
+      Note(Localized("%1 and %2 cannot be combined on this printer",
+                     {Described(conflict.first), Described(conflict.second)}));
     }
   }
   const JobOptions before = JobOptionsFromSettings(session.settings());

@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/job/OptionFit.h"
@@ -34,11 +35,11 @@ std::string Names(const std::vector<Setting> &settings) {
 Expected<SettingChange> Fitting(SettingChange change, const PPDFile *ppd) {
   const std::vector<UnfitOption> unfit = UnfitOptions({{change.key, change.value}}, ppd, {});
   const auto refusal = [&change](const std::string &reason) {
-    return Failure{change.name + " cannot be " + Quoted(change.value) + ": " + reason};
+    return Failure{Localized("%1 cannot be %2: %3", {change.name, Quoted(change.value), reason})};
   };
   if (!unfit.empty()) return refusal(unfit.front().reason);
-  if (change.value.empty()) return refusal("it must have a value");
-  if (ToUtf8(change.value) != change.value) return refusal("it is not UTF-8");
+  if (change.value.empty()) return refusal(Localized("it must have a value"));
+  if (ToUtf8(change.value) != change.value) return refusal(Localized("it is not UTF-8"));
   return change;
 }
 
@@ -46,7 +47,7 @@ Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting
                               const PPDFile *ppd) {
   const size_t equals = text.find('=');
   if (equals == std::string::npos || equals == 0) {
-    return Failure{"--set " + text + ": write NAME=VALUE, for instance StartNumber=25"};
+    return Failure{Localized("--set %1: write NAME=VALUE, for instance StartNumber=25", {text})};
   }
   const std::string name = text.substr(0, equals);
   const std::string value = text.substr(equals + 1);
@@ -64,9 +65,16 @@ Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting
     return Fitting({name, name, value}, ppd);
   }
   const std::string names = Names(settings);
-  return Failure{"--set " + text + ": there is no setting \"" + name + "\"; there are " + names +
-                 (names.empty() ? "" : ", ") +
-                 "the options of the printer and of every job, such as copies"};
+  if (names.empty()) {
+    return Failure{Localized(
+        "--set %1: there is no setting %2; there are the options of the printer and of every job, "
+        "such as copies",
+        {text, Quoted(name)})};
+  }
+  return Failure{Localized(
+      "--set %1: there is no setting %2; there are %3, the options of the printer and of every "
+      "job, such as copies",
+      {text, Quoted(name), names})};
 }
 
 }  // namespace

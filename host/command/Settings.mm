@@ -1,3 +1,4 @@
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
@@ -9,7 +10,7 @@ namespace {
 int Run(const SettingsOptions &options, const ScriptedJob &job) {
   JobSession &session = job.session;
   if (session.panels().empty()) {
-    Complain("no panel for " + job.printer + ": " + session.ReasonForNoPanel());
+    Complain(Localized("no panel for %1: %2", {job.printer, session.ReasonForNoPanel()}));
     return kFailed;
   }
   PanelReport report = ReportOn(session);

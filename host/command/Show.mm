@@ -1,5 +1,7 @@
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
+#include "host/base/Text.h"
 #include "host/base/WholeFile.h"
 #include "host/command/Commands.h"
 #include "host/command/Display.h"
@@ -12,16 +14,13 @@
 
 namespace {
 
-const char kNoDisplay[] =
-    "there is no display to show a window on; set DISPLAY, or use `pdeprint print` or "
-    "`pdeprint settings`, which need none";
-
 Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   PrintDialogJob job;
   if (auto reason = ReasonAgainstFiles(options.files)) return *reason;
   if (!options.ppd.empty()) {
     Expected<PPDFile> ppd = PPDFile::Open(options.ppd);
-    if (!ppd) return Failure{"cannot read " + options.ppd.string() + ": " + ppd.message()};
+    if (!ppd)
+      return Failure{Localized("cannot read %1: %2", {options.ppd.string(), ppd.message()})};
     job.ppd = std::move(*ppd);
   }
   Expected<PrintSettings> settings = SettingsToBeginWith(options);
@@ -37,7 +36,7 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
 
 std::optional<Failure> WritePicture(const std::filesystem::path &path, NSView *view) {
   NSData *picture = PictureOfView(view);
-  if (picture == nil) return Failure{"cannot take a picture of the dialog"};
+  if (picture == nil) return Failure{Localized("cannot take a picture of the dialog")};
   return WriteWholeFile(
       path, std::string_view(static_cast<const char *>([picture bytes]), [picture length]));
 }
@@ -51,7 +50,8 @@ void KeepAsLastUsed(PMPrintSettings settings) {
   } else {
     failure = WriteTicket(*path, settings);
   }
-  if (failure) Complain("note: the settings are not kept as \"Last Used\": " + failure->message);
+  if (!failure) return;
+  Note(Localized("the settings are not kept as %1: %2", {Quoted(kLastUsed), failure->message}));
 }
 
 int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
@@ -79,7 +79,7 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
     KeepAsLastUsed(dialog.session().settings());
     const std::string id = RequestId(dialog.queue().name, dialog.job_number());
     told = PrintResults("request id is " + id + '\n');
-    if (end == DialogEnd::kJobFailed) failures.push_back({id + ' ' + dialog.failure()});
+    if (end == DialogEnd::kJobFailed) failures.push_back({dialog.failure()});
   }
   for (const Failure &failure : failures) Complain(failure.message);
   return told && failures.empty() ? kDone : kFailed;
@@ -97,13 +97,16 @@ int Run(const ShowOptions &options) {
     return kFailed;
   }
   if (!ConnectToDisplay()) {
-    Complain(kNoDisplay);
+    Complain(
+        Localized("there is no display to show a window on; set DISPLAY, or use `pdeprint print` "
+                  "or `pdeprint settings`, which need none"));
     return kFailed;
   }
   PrintDialog dialog(std::move(*job), *extensions, PresetStore::OfUser());
   const DialogEnd end = dialog.Run();
   if (end != DialogEnd::kCanceled) return Finish(options, dialog, end);
-  Complain(dialog.has_sent() ? "canceled" : "canceled; nothing was printed or saved");
+  Complain(dialog.has_sent() ? Localized("canceled")
+                             : Localized("canceled; nothing was printed or saved"));
   return kFailed;
 }
 

@@ -1,8 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
+#include "host/base/Text.h"
 #include "host/command/Commands.h"
 
 namespace {
@@ -180,7 +182,7 @@ int Run(int argc, char **argv) {
   } catch (const CLI::ParseError &error) {
     const auto is_named = [argv](const CLI::App *verb) { return verb->check_name(argv[1]); };
     if (argc > 1 && argv[1][0] != '-' && app.get_subcommands(is_named).empty()) {
-      Complain("there is no verb \"" + std::string(argv[1]) + "\"; `pdeprint --help` lists them");
+      Complain(Localized("there is no verb %1; `pdeprint --help` lists them", {Quoted(argv[1])}));
       return kWrongUsage;
     }
     return app.exit(error) == 0 ? kDone : kWrongUsage;

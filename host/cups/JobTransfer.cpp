@@ -11,6 +11,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/base/Localized.h"
 #include "host/base/OneLine.h"
 #include "host/base/Utf8.h"
 #include "host/cups/QueueList.h"
@@ -40,19 +41,22 @@ std::string FormatIn(const JobOptions &options) {
 
 }  // namespace
 
+Failure JobCanceled() { return Failure{Localized("the job was canceled")}; }
+
 Expected<JobFile> JobFile::Open(const std::filesystem::path &path) {
   const auto failure = [&path](const std::string &why) {
-    return Failure{"cannot print " + path.string() + ": " + why};
+    return Failure{Localized("cannot print %1: %2", {path.string(), why})};
   };
   // A pipe that nobody writes to would not open at all.
   const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) return failure(errno == ENOENT ? "no such file" : std::strerror(errno));
+  if (descriptor < 0)
+    return failure(errno == ENOENT ? Localized("no such file") : std::strerror(errno));
   JobFile file(path, descriptor, 0);
   struct stat status;
   if (fstat(descriptor, &status) != 0) return failure(std::strerror(errno));
-  if (S_ISDIR(status.st_mode)) return failure("it is a folder");
-  if (!S_ISREG(status.st_mode)) return failure("not a regular file");
-  if (status.st_size == 0) return failure("the file is empty");
+  if (S_ISDIR(status.st_mode)) return failure(Localized("it is a folder"));
+  if (!S_ISREG(status.st_mode)) return failure(Localized("not a regular file"));
+  if (status.st_size == 0) return failure(Localized("the file is empty"));
   file.size_ = status.st_size;
   return file;
 }
@@ -118,7 +122,7 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
   if (answer != nullptr) return NumberOf(answer.get(), "job-id");
   if (stopped_) return *WhyNotFurther();
   if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, request_.queue);
-  return server.Refused("refuses the job");
+  return server.Refused(Localized("the print server %1 refuses the job: %2"));
 }
 
 std::optional<Failure> JobTransfer::SendFiles(const ServerConnection &server) {
@@ -132,7 +136,7 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
                                              bool is_last) {
   const auto refused = [&] {
     if (auto reason = WhyNotFurther()) return *reason;
-    return server.Refused("refuses " + file.path().string());
+    return server.Refused(Localized("the print server %1 refuses %3: %2"), file.path().string());
   };
   if (auto reason = WhyNotFurther()) return reason;
   const std::string name = Name(file.path().filename().string());
@@ -153,7 +157,7 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
     Moved();
   }
   if (length < 0) {
-    return Failure{"cannot read " + file.path().string() + ": " + std::strerror(errno)};
+    return Failure{Localized("cannot read %1: %2", {file.path().string(), std::strerror(errno)})};
   }
   if (cupsFinishDocument(server.get(), queue_.c_str()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
     return refused();
@@ -163,7 +167,7 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
 }
 
 std::optional<Failure> JobTransfer::WhyNotFurther() const {
-  if (stopped_) return Failure{kJobCanceled};
+  if (stopped_) return JobCanceled();
   return std::nullopt;
 }
 
@@ -183,5 +187,5 @@ std::optional<Failure> TakeBack(int job, std::chrono::milliseconds limit) {
   if (status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_POSSIBLE) {
     return std::nullopt;
   }
-  return server->Refused("does not cancel it");
+  return server->Refused(Localized("the print server %1 does not cancel the job: %2"));
 }

@@ -16,7 +16,7 @@
 #include "host/base/Expected.h"
 #include "host/cups/PrintServer.h"
 
-inline constexpr char kJobCanceled[] = "the job was canceled";
+Failure JobCanceled();
 
 // A file that is open for reading.
 class JobFile {

@@ -9,6 +9,7 @@
 #include <span>
 #include <system_error>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/cups/CustomChoice.h"
@@ -84,10 +85,11 @@ PPDFile::PPDFile(ppd_file_t *ppd) : ppd_(ppd) {
 Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
-  if (status.type() == std::filesystem::file_type::not_found) return Failure{"no such file"};
+  if (status.type() == std::filesystem::file_type::not_found)
+    return Failure{Localized("no such file")};
   if (error) return Failure{error.message()};
   // A pipe or a device might never end.
-  if (!std::filesystem::is_regular_file(status)) return Failure{"not a regular file"};
+  if (!std::filesystem::is_regular_file(status)) return Failure{Localized("not a regular file")};
 
   errno = 0;
   if (ppd_file_t *ppd = ppdOpenFile(path.c_str())) return PPDFile(ppd);
@@ -98,7 +100,7 @@ Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path) {
   if (reason == PPD_FILE_OPEN_ERROR && system_error != 0) {
     message += std::string(": ") + std::strerror(system_error);
   } else if (line > 0) {
-    message += " on line " + std::to_string(line);
+    message = Localized("%1 on line %2", {message, std::to_string(line)});
   }
   return Failure{message};
 }
@@ -123,7 +125,7 @@ std::string PPDFile::Name() const {
     }
     if (!name.empty()) return ToUtf8(name);
   }
-  return "printer without a name";
+  return Localized("printer without a name");
 }
 
 std::vector<std::string> PPDFile::Attributes(const std::string &keyword) const {

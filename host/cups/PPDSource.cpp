@@ -9,6 +9,8 @@
 #include <memory>
 #include <system_error>
 
+#include "host/base/Localized.h"
+
 namespace {
 
 constexpr size_t kLargest = 16 << 20;
@@ -41,10 +43,11 @@ uint32_t LengthSaid(const std::filesystem::path &path) {
 Expected<std::string> ReadPPD(const std::filesystem::path &path) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
-  if (status.type() == std::filesystem::file_type::not_found) return Failure{"no such file"};
+  if (status.type() == std::filesystem::file_type::not_found)
+    return Failure{Localized("no such file")};
   if (error) return Failure{error.message()};
   // A pipe or a device might never end.
-  if (!std::filesystem::is_regular_file(status)) return Failure{"not a regular file"};
+  if (!std::filesystem::is_regular_file(status)) return Failure{Localized("not a regular file")};
 
   const std::unique_ptr<cups_file_t, Closer> file(cupsFileOpen(path.c_str(), "r"));
   if (file == nullptr) return Failure{std::strerror(errno)};
@@ -53,9 +56,9 @@ Expected<std::string> ReadPPD(const std::filesystem::path &path) {
   ssize_t length;
   while ((length = cupsFileRead(file.get(), piece.data(), piece.size())) > 0) {
     bytes.append(piece.data(), static_cast<size_t>(length));
-    if (bytes.size() > kLargest) return Failure{"the file is larger than 16 MiB"};
+    if (bytes.size() > kLargest) return Failure{Localized("the file is larger than 16 MiB")};
   }
-  if (bytes.size() != LengthSaid(path)) return Failure{"the file is damaged or cut off"};
+  if (bytes.size() != LengthSaid(path)) return Failure{Localized("the file is damaged or cut off")};
   return bytes;
 }
 
@@ -69,9 +72,10 @@ bool FillFile(const MemoryFile &file, std::string_view bytes) {
   return lseek(file.get(), 0, SEEK_SET) == 0;
 }
 
+Failure NoMemoryFile() { return Failure{Localized("no memory file: %1", {std::strerror(errno)})}; }
+
 Expected<PPDFile> ParsePPD(std::string_view bytes) {
   const MemoryFile file;
-  if (!FillFile(file, bytes))
-    return Failure{std::string("no memory file: ") + std::strerror(errno)};
+  if (!FillFile(file, bytes)) return NoMemoryFile();
   return PPDFile::Open(file.path());
 }

@@ -21,4 +21,7 @@ Expected<PPDFile> ParsePPD(std::string_view bytes);
 // Writes all of them, and goes back to the beginning; false: see errno.
 bool FillFile(const MemoryFile &file, std::string_view bytes);
 
+// That a memory file could not be made or filled, for the reason in errno.
+Failure NoMemoryFile();
+
 #endif

@@ -1,12 +1,11 @@
 #include "host/cups/PrintServer.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <thread>
 
 #include "host/base/BackgroundTask.h"
+#include "host/base/Localized.h"
 #include "host/cups/JobTransfer.h"
 #include "host/cups/PPDSource.h"
 #include "host/cups/QueueList.h"
@@ -42,18 +41,19 @@ bool HasQueue(const ServerConnection &server, const std::string &queue) {
 Expected<bool> FetchPPDInto(const MemoryFile &file, const ServerConnection &server,
                             const std::string &name) {
   const std::string queue = WithoutInstance(name);
-  if (file.get() < 0) return Failure{std::string("no memory file: ") + std::strerror(errno)};
+  if (file.get() < 0) return NoMemoryFile();
   const http_status_t status =
       cupsGetFd(server.get(), ("/printers/" + queue + ".ppd").c_str(), file.get());
   if (status == HTTP_STATUS_NOT_FOUND) {
     if (HasQueue(server, queue)) return false;
     if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, name);
-    return server.Refused("does not describe " + name);
+    return server.Refused(Localized("the print server %1 does not describe %3: %2"), name);
   }
   // A connection that breaks in the middle of the file is no failure for libcups.
   if (status != HTTP_STATUS_OK || httpError(server.get()) != 0 ||
       httpGetRemaining(server.get()) != 0) {
-    return server.Refused("does not give the PPD file of " + name);
+    return server.Refused(Localized("the print server %1 does not give the PPD file of %3: %2"),
+                          name);
   }
   return true;
 }
@@ -65,8 +65,8 @@ Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const 
   if (!*is_there) return std::optional<PPDFile>();
   Expected<PPDFile> ppd = PPDFile::Open(file.path());
   if (!ppd) {
-    return Failure{"cannot read the PPD file of " + name + " from the print server " +
-                   server.address() + ": " + ppd.message()};
+    return Failure{Localized("cannot read the PPD file of %1 from the print server %2: %3",
+                             {name, server.address(), ppd.message()})};
   }
   return std::optional<PPDFile>(std::move(*ppd));
 }
@@ -77,15 +77,18 @@ Expected<std::optional<std::string>> FetchPPDText(const ServerConnection &server
   AskFor(request.get(), {"printer-type"});
   const IppMessage answer = server.Ask(std::move(request));
   if ((NumberOf(answer.get(), "printer-type") & CUPS_PRINTER_CLASS) != 0) {
-    return Failure{name + " on the print server " + server.address() +
-                   " is a class of printers; name one of them"};
+    return Failure{Localized("%1 on the print server %2 is a class of printers; name one of them",
+                             {name, server.address()})};
   }
   const MemoryFile file;
   Expected<bool> is_there = FetchPPDInto(file, server, name);
   if (!is_there) return Failure{is_there.message()};
   if (!*is_there) return std::optional<std::string>();
   Expected<std::string> text = ReadPPD(file.path());
-  if (!text) return Failure{"cannot read the PPD file of " + name + ": " + text.message()};
+  if (!text) {
+    return Failure{Localized("cannot read the PPD file of %1 from the print server %2: %3",
+                             {name, server.address(), text.message()})};
+  }
   return std::optional<std::string>(std::move(*text));
 }
 
@@ -98,18 +101,18 @@ bool IsNotAllowed(ipp_status_t status) {
 std::optional<Failure> SendPPD(const ServerConnection &server, const std::string &name,
                                const std::string &text) {
   const MemoryFile file;
-  if (!FillFile(file, text)) return Failure{std::string("no memory file: ") + std::strerror(errno)};
+  if (!FillFile(file, text)) return NoMemoryFile();
   IppMessage request = server.Request(IPP_OP_CUPS_ADD_MODIFY_PRINTER, WithoutInstance(name));
   const IppMessage answer(
       cupsDoIORequest(server.get(), request.release(), "/admin/", file.get(), -1));
   const ipp_status_t status = cupsLastError();
   if (status < IPP_STATUS_REDIRECTION_OTHER_SITE) return std::nullopt;
-  Failure refusal = server.Refused("does not take the PPD file for " + name);
-  if (IsNotAllowed(status)) {
-    refusal.message +=
-        "; only an administrator of the print server may change a queue, run this as one";
-  }
-  return refusal;
+  Failure refusal =
+      server.Refused(Localized("the print server %1 does not take the PPD file for %3: %2"), name);
+  if (!IsNotAllowed(status)) return refusal;
+  return Failure{
+      Localized("%1; only an administrator of the print server may change a queue, run this as one",
+                {refusal.message})};
 }
 
 JobState StateOf(int ipp_state) {
@@ -148,7 +151,10 @@ Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
   AskFor(request.get(), {"job-state", "job-printer-state-message", "job-printer-uri"});
   const IppMessage answer = server.Ask(std::move(request), "/jobs/");
-  if (answer == nullptr) return server.Refused("does not tell about job " + std::to_string(job));
+  if (answer == nullptr) {
+    return server.Refused(Localized("the print server %1 does not tell about job %3: %2"),
+                          std::to_string(job));
+  }
   JobStatus status;
   status.state = StateOf(NumberOf(answer.get(), "job-state"));
   status.message = TextOf(answer.get(), "job-printer-state-message");
@@ -160,21 +166,26 @@ Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
 
 // A failure of a job, which is taken back if it has been made. That this fails, too, is part of the
 // message.
-Failure TakenBack(int job, const PrintServer &server, milliseconds limit, std::string message) {
-  if (job == 0) return Failure{message};
+Failure TakenBack(int job, const PrintServer &server, milliseconds limit, Failure failure) {
+  if (job == 0) return failure;
   BackgroundTask<std::optional<Failure>> task([job, limit] { return TakeBack(job, limit); });
   const std::optional<Failure> reason =
       task.WaitFor(limit) ? task.Take() : NoAnswer(server.Address(), limit);
-  if (reason) message += "; job " + std::to_string(job) + " is still there: " + reason->message;
-  return Failure{message};
+  if (!reason) return failure;
+  return Failure{Localized("%1; job %2 is still there: %3",
+                           {failure.message, std::to_string(job), reason->message})};
 }
 
 }  // namespace
 
-std::string JobStatus::HowItEnded() const {
-  if (state == JobState::kCompleted) return "was printed";
-  const std::string words = state == JobState::kAborted ? "was aborted" : "was canceled";
-  return message.empty() ? words : words + ": " + message;
+std::string JobStatus::HowItEnded(const std::string &id) const {
+  if (state == JobState::kCompleted) return Localized("%1 was printed", {id});
+  if (state == JobState::kAborted) {
+    return message.empty() ? Localized("%1 was aborted", {id})
+                           : Localized("%1 was aborted: %2", {id, message});
+  }
+  return message.empty() ? Localized("%1 was canceled", {id})
+                         : Localized("%1 was canceled: %2", {id, message});
 }
 
 PrintServer::PrintServer(milliseconds limit) : limit_(limit) {}
@@ -204,8 +215,8 @@ Expected<Queue> PrintServer::FindQueue(const std::string &name) const {
     });
     if (found != list->queues.end()) return *found;
     if (!name.empty()) return NoSuchQueue(server, name);
-    return Failure{"no default queue on the print server " + server.address() + ": " +
-                   list->why_no_default + "; there is " + NamesOf(list->queues)};
+    return Failure{Localized("no default queue on the print server %1: %2; there is %3",
+                             {server.address(), list->why_no_default, NamesOf(list->queues)})};
   });
 }
 
@@ -235,7 +246,7 @@ Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &pro
     total += file->size();
     files.push_back(std::move(*file));
   }
-  if (files.empty()) return Failure{"no file to print"};
+  if (files.empty()) return Failure{Localized("no file to print")};
   progress.bytes_total = total;
 
   const auto transfer = std::make_shared<JobTransfer>(request, std::move(files), limit_);
@@ -248,12 +259,12 @@ Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &pro
     if (Clock::now() - transfer->last_movement() < patience) continue;
     transfer->Stop();
     return TakenBack(transfer->job(), *this, limit_,
-                     progress.cancel ? kJobCanceled : NoAnswer(Address(), limit_).message);
+                     progress.cancel ? JobCanceled() : NoAnswer(Address(), limit_));
   }
   progress.bytes_sent = transfer->bytes_sent();
   Expected<int> job = task.Take();
-  if (!job) return TakenBack(transfer->job(), *this, limit_, job.message());
-  if (progress.cancel) return TakenBack(*job, *this, limit_, kJobCanceled);
+  if (!job) return TakenBack(transfer->job(), *this, limit_, Failure{job.message()});
+  if (progress.cancel) return TakenBack(*job, *this, limit_, JobCanceled());
   return job;
 }
 

@@ -36,8 +36,8 @@ struct JobStatus {
   std::string message;  // the server's words; empty: none
 
   bool HasEnded() const { return state >= JobState::kCanceled; }
-  // Of a job that has ended, a clause: "was canceled: REASON".
-  std::string HowItEnded() const;
+  // Of a job that has ended: "ID was canceled: REASON".
+  std::string HowItEnded(const std::string &id) const;
 };
 
 // Each operation opens a connection of its own, may be called on any thread, blocks, and ends

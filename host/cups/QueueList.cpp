@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 
@@ -92,7 +93,7 @@ void MarkDefault(const ServerConnection &server, QueueList &list) {
     queue.is_default = true;
     return;
   }
-  list.why_no_default = Quoted(name) + " is not there";
+  list.why_no_default = Localized("%1 is not there", {Quoted(name)});
 }
 
 }  // namespace
@@ -103,11 +104,14 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs"});
   const IppMessage answer = server.Ask(std::move(request));
-  if (answer == nullptr && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
-    return server.Refused("does not list its queues");
-  }
+  const auto refusal = [&server] {
+    return server.Refused(Localized("the print server %1 does not list its queues: %2"));
+  };
+  if (answer == nullptr && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) return refusal();
   const QueuesByName known = QueuesIn(answer.get());
-  if (known.empty()) return Failure{"the print server " + server.address() + " has no queues"};
+  if (known.empty()) {
+    return Failure{Localized("the print server %1 has no queues", {server.address()})};
+  }
 
   QueueList list;
   const CupsDestinations destinations(server.get());
@@ -119,7 +123,7 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
     queue.defaults = DefaultsOf(destination);
     list.queues.push_back(std::move(queue));
   }
-  if (list.queues.empty()) return server.Refused("does not list its queues");
+  if (list.queues.empty()) return refusal();
   MarkDefault(server, list);
   return list;
 }
@@ -127,8 +131,8 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
 Failure NoSuchQueue(const ServerConnection &server, const std::string &name) {
   Expected<QueueList> list = ListQueues(server);
   if (!list) return Failure{list.message()};
-  return Failure{"the print server " + server.address() + " has no queue " + Quoted(name) +
-                 "; there is " + NamesOf(list->queues)};
+  return Failure{Localized("the print server %1 has no queue %2; there is %3",
+                           {server.address(), Quoted(name), NamesOf(list->queues)})};
 }
 
 std::string NamesOf(const std::vector<Queue> &queues) {
@@ -137,8 +141,8 @@ std::string NamesOf(const std::vector<Queue> &queues) {
   for (const Queue &queue : std::span(queues).first(std::min(queues.size(), kMost))) {
     names += (names.empty() ? "" : ", ") + queue.name;
   }
-  if (queues.size() > kMost) names += " and " + std::to_string(queues.size() - kMost) + " more";
-  return names;
+  if (queues.size() <= kMost) return names;
+  return Localized("%1 and %2 more", {names, std::to_string(queues.size() - kMost)});
 }
 
 bool IsSameQueue(const std::string &left, const std::string &right) {

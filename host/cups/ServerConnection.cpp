@@ -9,6 +9,7 @@
 #include <sstream>
 #include <vector>
 
+#include "host/base/Localized.h"
 #include "host/base/OneLine.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
@@ -40,8 +41,8 @@ int ErrorOfConnecting(const http_addrlist_t *addresses) {
 }
 
 Failure NotThere(const std::string &address, const std::string &why) {
-  return Failure{"no print server at " + address + ": " + why +
-                 "; is it running? CUPS_SERVER names another"};
+  return Failure{Localized("no print server at %1: %2; is it running? CUPS_SERVER names another",
+                           {address, why})};
 }
 
 }  // namespace
@@ -59,7 +60,8 @@ std::string AddressOfServer() {
 Failure NoAnswer(const std::string &address, std::chrono::milliseconds limit) {
   std::ostringstream seconds;
   seconds << std::chrono::duration<double>(limit).count();
-  return Failure{"the print server " + address + " does not answer within " + seconds.str() + " s"};
+  return Failure{
+      Localized("the print server %1 does not answer within %2 s", {address, seconds.str()})};
 }
 
 Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limit) {
@@ -102,11 +104,11 @@ IppMessage ServerConnection::Ask(IppMessage request, const char *resource) const
   return answer;
 }
 
-Failure ServerConnection::Refused(const std::string &what) const {
+Failure ServerConnection::Refused(std::string_view text, const std::string &subject) const {
   const int error = httpError(get());
   if (error == ETIMEDOUT || error == EWOULDBLOCK) return NoAnswer(address_, limit_);
-  return Failure{"the print server " + address_ + ' ' + what + ": " +
-                 (error != 0 ? std::strerror(error) : LastWords())};
+  return Failure{
+      Filled(text, {address_, error != 0 ? std::strerror(error) : LastWords(), subject})};
 }
 
 void AskFor(ipp_t *request, std::initializer_list<const char *> attributes) {

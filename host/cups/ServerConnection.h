@@ -10,6 +10,7 @@
 #include <chrono>
 #include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "host/base/Expected.h"
 #include "host/cups/CupsHandles.h"
@@ -34,8 +35,9 @@ class ServerConnection {
   // The server's answer, if it does what it is asked; otherwise null, and Refused says why not.
   IppMessage Ask(IppMessage request, const char *resource = "/") const;
 
-  // "the print server ADDRESS WHAT: " with the server's words about the last request.
-  Failure Refused(const std::string &what) const;
+  // This text with its parts: %1 is the server's address, %2 its words about the last request, %3
+  // the subject.
+  Failure Refused(std::string_view text, const std::string &subject = "") const;
 
  private:
   ServerConnection(CupsConnection connection, std::string address, std::chrono::milliseconds limit)

@@ -16,8 +16,8 @@ inline constexpr CGFloat kLineHeight = 18;
 
 /// Text that cannot be edited; it wraps.
 NSTextField *Label(NSString *text);
-/// A caption before a control.
-NSTextField *Caption(NSString *text);
+/// A caption before a control; it gets a colon.
+NSTextField *Caption(const std::string &text);
 NSTextField *TextBox(id<NSTextFieldDelegate> delegate);
 NSButton *PushButton(NSString *title, id target, SEL action);
 NSPopUpButton *PopUpButton(id target, SEL action);
@@ -28,6 +28,11 @@ void AddSeparator(NSPopUpButton *popUp);
 
 /// How high the label must be to show all its text in this width.
 CGFloat HeightOfText(NSTextField *label, CGFloat width);
+
+/// How wide the label must be to show its text on one line.
+CGFloat WidthOfText(NSTextField *label);
+/// How wide the button must be to show its title, and not less than this.
+CGFloat WidthOfButton(NSButton *button, CGFloat least);
 
 NSString *String(const std::string &text);  // bytes that are no UTF-8: as Latin-1
 /// A message (a clause without full stop) as a sentence.

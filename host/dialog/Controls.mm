@@ -1,9 +1,13 @@
 #import "host/dialog/Controls.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "host/base/Localized.h"
+
 namespace {
-const CGFloat kTextInset = 4;  // of a text in its field, at each side
+const CGFloat kTextInset = 4;     // of a text in its field, at each side
+const CGFloat kButtonInset = 12;  // of a title in its button
 }
 
 @implementation FlippedView
@@ -25,8 +29,8 @@ NSTextField *Label(NSString *text) {
   return label;
 }
 
-NSTextField *Caption(NSString *text) {
-  NSTextField *caption = Label(text);
+NSTextField *Caption(const std::string &text) {
+  NSTextField *caption = Label(String(Localized("%1:", {text})));
   [caption setAlignment:NSRightTextAlignment];
   return caption;
 }
@@ -77,6 +81,14 @@ CGFloat HeightOfText(NSTextField *label, CGFloat width) {
   return std::ceil(text.size.height) + 2;
 }
 
+CGFloat WidthOfText(NSTextField *label) {
+  return std::ceil([[label attributedStringValue] size].width) + 2 * kTextInset;
+}
+
+CGFloat WidthOfButton(NSButton *button, CGFloat least) {
+  return std::max(least, std::ceil([[button cell] cellSize].width) + 2 * kButtonInset);
+}
+
 NSString *String(const std::string &text) {
   NSString *string = [NSString stringWithUTF8String:text.c_str()];
   if (string != nil) return string;
@@ -89,8 +101,9 @@ NSString *Sentence(const std::string &message) {
   NSString *text = String(message);
   if ([text length] == 0) return text;
   NSString *first = [[text substringToIndex:1] uppercaseString];
-  NSString *end = [text hasSuffix:@"."] ? @"" : @".";
-  return [NSString stringWithFormat:@"%@%@%@", first, [text substringFromIndex:1], end];
+  text = [first stringByAppendingString:[text substringFromIndex:1]];
+  if ([text hasSuffix:@"."]) return text;
+  return String(Localized("%1.", {Text(text)}));
 }
 
 std::string Text(NSString *string) {

@@ -1,5 +1,6 @@
 #import "host/dialog/DialogWindow.h"
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 
 #include <cmath>
@@ -33,8 +34,8 @@ SEL EditingAction(NSString *character) {
 void ComplainOfEvent(NSException *exception) {
   NSBeep();
   NSString *reason = [exception reason];
-  Complain(std::string("a key or click could not be handled: ") +
-           [(reason != nil ? reason : [exception name]) UTF8String]);
+  Complain(Localized("a key or click could not be handled: %1",
+                     {[(reason != nil ? reason : [exception name]) UTF8String]}));
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ std::vector<PPDOption> InGroups(const std::vector<PPDOption> &options) {
       [self addSubview:heading];
       y += kHeading;
     }
-    NSTextField *caption = Caption([String(option.text) stringByAppendingString:@":"]);
+    NSTextField *caption = Caption(option.text);
     [[caption cell] setLineBreakMode:NSLineBreakByTruncatingTail];
     [caption setToolTip:String(option.text)];
     [caption setFrame:NSMakeRect(0, y + 4, kCaptionWidth, kLineHeight)];

@@ -5,6 +5,8 @@
 #import "host/dialog/Appearance.h"
 #import "host/dialog/Controls.h"
 
+#include "host/base/Localized.h"
+
 namespace {
 
 // The dialog's own panels; no extension's kind looks like these.
@@ -41,9 +43,9 @@ void PanelChooser::Fill() {
                session_.ChangeOption(keyword, choice);
                callbacks_.option_chosen(keyword);
              }]);
-    AddItem(pop_up, @"Printer Options", String(kOptionsKind));
+    AddItem(pop_up, String(Localized("Printer Options")), String(kOptionsKind));
   }
-  AddItem(pop_up, @"Summary", String(kSummaryKind));
+  AddItem(pop_up, String(Localized("Summary")), String(kSummaryKind));
 }
 
 void PanelChooser::Show(const std::string &kind) {
@@ -114,7 +116,7 @@ bool PanelChooser::TakeAway() {
   [view_.get() moveFocusOutOfPanel];  // what is being typed counts
   if (shown_ != nullptr) {
     if (!shown_->ShouldHide()) {
-      callbacks_.refused(shown_->name() + " cannot be left as it is");
+      callbacks_.refused(Localized("%1 cannot be left as it is", {shown_->name()}));
       return false;
     }
     if (const auto failure = SaveShown()) {
@@ -138,7 +140,8 @@ std::optional<Failure> PanelChooser::SaveShown() {
   if (shown_ == nullptr) return std::nullopt;
   std::optional<Failure> failure = shown_->Save();
   if (!shown_->fault()) return failure;
-  return Failure{"what was chosen on " + shown_->name() + " is lost; the job goes on without it"};
+  return Failure{
+      Localized("what was chosen on %1 is lost; the job goes on without it", {shown_->name()})};
 }
 
 void PanelChooser::Restore() {

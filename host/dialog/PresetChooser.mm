@@ -1,5 +1,7 @@
 #include "host/dialog/PresetChooser.h"
 
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/Prompt.h"
 
@@ -8,8 +10,21 @@ namespace {
 // What the items of the menu that are no presets do; presets have no tag.
 enum Tag { kPreset, kSave = 1, kRename, kDelete };
 
-void AddCommand(NSPopUpButton *pop_up, NSString *title, Tag tag) {
-  [AddItem(pop_up, title, nil) setTag:tag];
+void AddPreset(NSPopUpButton *pop_up, const std::string &title, const std::string &name) {
+  AddItem(pop_up, String(title), String(name));
+}
+
+void AddCommand(NSPopUpButton *pop_up, const std::string &title, Tag tag) {
+  [AddItem(pop_up, String(title), nil) setTag:tag];
+}
+
+// Two items of one title could not be told apart.
+std::optional<Failure> ReasonAgainstTitle(const std::string &name) {
+  if (name != Localized("Default Settings") && name != Localized("Last Used")) return std::nullopt;
+  return Failure{
+      Localized("no preset can be named %1: %2",
+                {Quoted(name),
+                 Localized("every list of presets has an item of this name; choose another one")})};
 }
 
 }  // namespace
@@ -26,18 +41,20 @@ bool PresetChooser::CurrentIsUsers() const {
 
 void PresetChooser::AddPresets() {
   NSPopUpButton *pop_up = pop_up_.get();
-  AddItem(pop_up, String(kDefaultSettings), nil);
+  AddPreset(pop_up, Localized("Default Settings"), kDefaultSettings);
   std::error_code error;
-  if (std::filesystem::exists(store_.LastUsedPath(), error))
-    AddItem(pop_up, String(kLastUsed), nil);
+  if (std::filesystem::exists(store_.LastUsedPath(), error)) {
+    AddPreset(pop_up, Localized("Last Used"), kLastUsed);
+  }
   const std::vector<Preset> presets = store_.List();
   if (!presets.empty()) AddSeparator(pop_up);
   for (const Preset &preset : presets) {
     Expected<PrintSettings> settings = ReadTicket(preset.path);
     if (settings) {
-      AddItem(pop_up, String(preset.name), nil);
+      AddPreset(pop_up, preset.name, preset.name);
     } else {
-      callbacks_.left_out("the preset \"" + preset.name + "\" is left out: " + settings.message());
+      callbacks_.left_out(
+          Localized("the preset %1 is left out: %2", {Quoted(preset.name), settings.message()}));
     }
   }
 }
@@ -48,20 +65,21 @@ void PresetChooser::Fill() {
   [pop_up removeAllItems];
   AddPresets();
   AddSeparator(pop_up);
-  AddCommand(pop_up, @"Save Settings as Preset…", kSave);
+  AddCommand(pop_up, Localized("Save Settings as Preset…"), kSave);
   if (CurrentIsUsers()) {
-    AddCommand(pop_up, [NSString stringWithFormat:@"Rename “%@”…", String(current_)], kRename);
-    AddCommand(pop_up, [NSString stringWithFormat:@"Delete “%@”…", String(current_)], kDelete);
+    AddCommand(pop_up, Localized("Rename “%1”…", {current_}), kRename);
+    AddCommand(pop_up, Localized("Delete “%1”…", {current_}), kDelete);
   }
   SelectCurrent();
 }
 
 void PresetChooser::SelectCurrent() {
-  [pop_up_.get() selectItemWithTitle:String(current_)];
-  if ([pop_up_.get() indexOfSelectedItem] < 0) {
+  NSInteger index = [pop_up_.get() indexOfItemWithRepresentedObject:String(current_)];
+  if (index < 0) {
     current_ = kDefaultSettings;
-    [pop_up_.get() selectItemAtIndex:0];
+    index = 0;
   }
+  [pop_up_.get() selectItemAtIndex:index];
 }
 
 void PresetChooser::Select(const std::string &name) {
@@ -80,7 +98,7 @@ void PresetChooser::Choose() {
     default:
       break;
   }
-  const std::string name = Text([pop_up_.get() titleOfSelectedItem]);
+  const std::string name = Text([[pop_up_.get() selectedItem] representedObject]);
   if (name == kDefaultSettings) {
     current_ = name;
     callbacks_.apply(EmptyPrintSettings());
@@ -89,7 +107,7 @@ void PresetChooser::Choose() {
   } else if (const std::optional<Preset> preset = store_.Find(name)) {
     Apply(preset->path);
   } else {
-    callbacks_.tell("there is no preset \"" + name + "\" any more");
+    callbacks_.tell(Localized("there is no preset %1 any more", {Quoted(name)}));
   }
   Fill();
 }
@@ -97,7 +115,7 @@ void PresetChooser::Choose() {
 void PresetChooser::Apply(const std::filesystem::path &path) {
   Expected<PrintSettings> settings = ReadTicket(path);
   if (!settings) return callbacks_.tell(settings.message());
-  current_ = Text([pop_up_.get() titleOfSelectedItem]);
+  current_ = Text([[pop_up_.get() selectedItem] representedObject]);
   callbacks_.apply(std::move(*settings));
 }
 
@@ -107,14 +125,16 @@ void PresetChooser::Save() {
   if (settings == nullptr) return;
   const std::string proposal = CurrentIsUsers() ? current_ : "";
   const std::optional<std::string> name =
-      AskForText(@"Save all print settings as a preset with this name:", String(proposal), @"Save",
-                 [this](const std::string &text) { return store_.CheckName(text); });
+      AskForText(Localized("Save all print settings as a preset with this name:"), proposal,
+                 Localized("Save"), [this](const std::string &text) {
+                   const auto failure = ReasonAgainstTitle(text);
+                   return failure ? failure : store_.CheckName(text);
+                 });
   if (!name) return;
   const std::optional<Preset> existing = store_.Find(*name);
   if (existing && !existing->for_all_users &&
-      !Ask([NSString stringWithFormat:@"There is a preset “%@” already. Replace its settings?",
-                                      String(*name)],
-           @"Replace", @"Cancel")) {
+      !Ask(Localized("There is a preset “%1” already. Replace its settings?", {*name}),
+           Localized("Replace"), Localized("Cancel"))) {
     return;
   }
   Expected<std::filesystem::path> path = store_.PathForWriting(*name);
@@ -127,9 +147,11 @@ void PresetChooser::Save() {
 void PresetChooser::Rename() {
   SelectCurrent();
   const std::optional<std::string> name =
-      AskForText([NSString stringWithFormat:@"New name of the preset “%@”:", String(current_)],
-                 String(current_), @"Rename", [this](const std::string &text) {
-                   return text == current_ ? std::nullopt : store_.Rename(current_, text);
+      AskForText(Localized("New name of the preset “%1”:", {current_}), current_,
+                 Localized("Rename"), [this](const std::string &text) -> std::optional<Failure> {
+                   if (text == current_) return std::nullopt;
+                   const auto failure = ReasonAgainstTitle(text);
+                   return failure ? failure : store_.Rename(current_, text);
                  });
   if (!name) return;
   current_ = *name;
@@ -138,10 +160,9 @@ void PresetChooser::Rename() {
 
 void PresetChooser::Delete() {
   SelectCurrent();
-  if (!Ask([NSString stringWithFormat:
-                         @"Delete the preset “%@”? The settings of this job stay as they are.",
-                         String(current_)],
-           @"Delete", @"Cancel")) {
+  if (!Ask(Localized("Delete the preset “%1”? The settings of this job stay as they are.",
+                     {current_}),
+           Localized("Delete"), Localized("Cancel"))) {
     return;
   }
   if (const auto failure = store_.Delete(current_)) return callbacks_.tell(failure->message);

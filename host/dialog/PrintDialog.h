@@ -68,7 +68,7 @@ class PrintDialog {
   const Queue &queue() const { return queue_; }
   int job_number() const { return job_number_; }
   bool has_sent() const { return has_sent_; }  // or has tried to
-  // Of a job that failed, what has become of it: "was canceled: REASON".
+  // Of a job that failed, what has become of it: "ID was canceled: REASON".
   const std::string &failure() const { return failure_; }
 
  private:

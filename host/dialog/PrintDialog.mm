@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/cups/RequestId.h"
 #import "host/dialog/Controls.h"
@@ -54,9 +55,9 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       session_(extensions),
       view_(NewView()),
       window_(Retained<DialogWindow *>::Adopt([[DialogWindow alloc]
-          initWithTitle:job_.files.empty()
-                            ? @"Print Settings"
-                            : [@"Print — " stringByAppendingString:String(TitleOfJob(job_.files))]
+          initWithTitle:String(job_.files.empty()
+                                   ? Localized("Print Settings")
+                                   : Localized("Print — %1", {TitleOfJob(job_.files)}))
                    view:view_.get()
               resizable:YES])),
       panels_(view_.get(), session_,
@@ -87,7 +88,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       sender_(PrintServer(job_.limit),
               {.sending =
                    [this](double fraction) {
-                     [view_.get() setProgressText:@"Sending…" fraction:fraction];
+                     [view_.get() setProgressText:String(Localized("Sending…")) fraction:fraction];
                    },
                .accepted =
                    [this](int number) {
@@ -100,12 +101,12 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                .waiting =
                    [this](const std::string &message) {
                      const std::string id = RequestId(queue_.name, job_number_);
-                     [view_.get() setProgressText:String("Printing " + id + "…  " + message)
-                                         fraction:-1];
+                     const std::string text = Localized("Printing %1…", {id}) + "  " + message;
+                     [view_.get() setProgressText:String(text) fraction:-1];
                    },
                .ended =
                    [this](const JobStatus &status) {
-                     failure_ = status.HowItEnded();
+                     failure_ = status.HowItEnded(RequestId(queue_.name, job_number_));
                      End(status.state == JobState::kCompleted ? DialogEnd::kPrinted
                                                               : DialogEnd::kJobFailed);
                    }}) {
@@ -135,14 +136,14 @@ void PrintDialog::TieControls() {
                [view] { [[view copies] setIntValue:[[view copiesStepper] intValue]]; });
   actions_.Tie([view help], [this] {
     if (panels_.WantsHelp())
-      Tell(@"Choose a printer and what is printed above, and how it is printed on the panels "
-           @"below. Presets keep all of these settings.\n\nReturn prints, Escape cancels; Tab goes "
-           @"from control to control.");
+      Tell(Localized("Choose a printer and what is printed above, and how it is printed on the "
+                     "panels below. Presets keep all of these settings.\n\nReturn prints, Escape "
+                     "cancels; Tab goes from control to control."));
   });
   actions_.Tie([view cancel], [this] { Cancel(); });
   actions_.Tie([view print], [this] { Accept(); });
   actions_.TieClosing(window_.get(), [this] { Cancel(); });
-  if (job_.files.empty()) [[view print] setTitle:@"Done"];
+  if (job_.files.empty()) [[view print] setTitle:String(Localized("Done"))];
 }
 
 void PrintDialog::Open() {
@@ -154,8 +155,8 @@ void PrintDialog::Open() {
     AddItem([view_.get() printers], String(file.name), nil);
     [[view_.get() printers] selectItemAtIndex:0];
     [[view_.get() printers] setEnabled:NO];
-    [[view_.get() printerInfo]
-        setStringValue:@"Printer description from a file; nothing is printed"];
+    [view_.get()
+        setPrinterInfo:String(Localized("Printer description from a file; nothing is printed"))];
     UsePrinter(file, std::move(job_.ppd));
     NSView *first = [[view_.get() panelView] nextKeyView];
     [window_.get() setInitialFirstResponder:first != nil ? first : [view_.get() presets]];
@@ -185,7 +186,7 @@ void PrintDialog::ChoosePrinter() {
 
 void PrintDialog::ShowQuestion(const std::string &question) {
   SetPhase(Phase::kNoPrinter);
-  [[view_.get() printerInfo] setStringValue:@""];
+  [view_.get() setPrinterInfo:@""];
   [waiting_.get() showWaiting:String(question)];
   [view_.get() setPanelView:waiting_.get()];
 }
@@ -207,14 +208,14 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
     notes.insert(notes.end(), more.begin(), more.end());
   }
   const std::string description = DescribeQueue(queue);
-  if (!description.empty()) [[view_.get() printerInfo] setStringValue:String(description)];
+  if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
   if (session_.panels().empty()) {
     const std::string reason = session_.ReasonForNoPanel();
     const auto &left_out = extensions_.left_out();
     const bool is_told =
         std::any_of(left_out.begin(), left_out.end(),
                     [&reason](const LeftOut &one) { return one.reason == reason; });
-    if (!is_told) notes.push_back("no extension panel: " + reason);
+    if (!is_told) notes.push_back(Localized("no extension panel: %1", {reason}));
   }
   SetPhase(Phase::kReady);
   ShowNotes(std::move(notes));
@@ -288,11 +289,11 @@ std::optional<Failure> PrintDialog::TakeFields() {
 
 std::vector<SummarySection> PrintDialog::JobSummary() {
   (void)TakeFields();
-  std::vector<std::pair<std::string, std::string>> lines = {{"Printer", queue_.name}};
-  if (!job_.files.empty()) lines.emplace_back("Document", TitleOfJob(job_.files));
-  lines.emplace_back("Copies", Text([[view_.get() copies] stringValue]));
+  std::vector<std::pair<std::string, std::string>> lines = {{Localized("Printer"), queue_.name}};
+  if (!job_.files.empty()) lines.emplace_back(Localized("Document"), TitleOfJob(job_.files));
+  lines.emplace_back(Localized("Copies"), Text([[view_.get() copies] stringValue]));
   const std::string pages = Text([[view_.get() pages] stringValue]);
-  lines.emplace_back("Pages", pages.empty() ? "all" : pages);
+  lines.emplace_back(Localized("Pages"), pages.empty() ? Localized("all") : pages);
   for (const PPDOption &option : session_.OtherOptions()) {
     const std::string keyword = session_.Choice(option.keyword);
     if (session_.Value(option.keyword).empty() && keyword == option.default_choice) continue;
@@ -301,7 +302,7 @@ std::vector<SummarySection> PrintDialog::JobSummary() {
                      [&keyword](const PPDChoice &known) { return known.keyword == keyword; });
     lines.emplace_back(option.text, choice == option.choices.end() ? keyword : choice->text);
   }
-  return {{"Job", lines}};
+  return {{Localized("Job"), lines}};
 }
 
 PMPrintSettings PrintDialog::SettingsToSave() {
@@ -346,20 +347,23 @@ bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
   if (session_.ppd() == nullptr) return true;
   for (const PPDConflict &conflict : session_.ppd()->Conflicts(session_.Options())) {
     if (!conflicts_shown_.insert(Pair(conflict)).second) continue;
-    std::string message = DescribeChoice(conflict.first) + " and " +
-                          DescribeChoice(conflict.second) + " cannot be combined on this printer.";
+    const std::string message = Text(
+        Sentence(Localized("%1 and %2 cannot be combined on this printer",
+                           {DescribeChoice(conflict.first), DescribeChoice(conflict.second)})));
     const std::optional<JobOptions> changes =
         session_.ppd()->Resolution(session_.Options(), chosen);
     if (!changes || changes->empty()) {
-      Tell(String(message + " Change one of them."));
+      Tell(message + "\n\n" + Localized("Change one of them."));
       continue;
     }
     std::string proposal;
     for (const auto &[keyword, choice] : *changes) {
-      proposal += (proposal.empty() ? "" : ", ") + keyword + " to " + choice;
+      proposal += (proposal.empty() ? "" : ", ") + keyword + "=" + choice;
     }
-    if (!Ask(String(message + "\n\nProposed: change " + proposal + "."), @"Change", @"Keep Both"))
+    if (!Ask(message + "\n\n" + Localized("Proposed change: %1", {proposal}), Localized("Change"),
+             Localized("Keep Both"))) {
       continue;
+    }
     for (const auto &[keyword, choice] : *changes) session_.ChangeOption(keyword, choice);
     panels_.Restore();
     return false;
@@ -375,7 +379,7 @@ void PrintDialog::Send() {
   request.files = job_.files;
   has_sent_ = true;
   SetPhase(Phase::kSending);
-  [view_.get() setProgressText:@"Sending…" fraction:0];
+  [view_.get() setProgressText:String(Localized("Sending…")) fraction:0];
   sender_.Send(std::move(request));
 }
 
@@ -386,17 +390,17 @@ void PrintDialog::ShowRefusal(const std::string &reason) {
   }
   [view_.get() setProgressText:@"" fraction:-1];
   SetPhase(Phase::kReady);
-  AddNote("not printed: " + reason);
+  AddNote(Localized("not printed: %1", {reason}));
   Complain(reason);
 }
 
 void PrintDialog::Cancel() {
   switch (phase_) {
     case Phase::kSending:
-      [view_.get() setProgressText:@"Taking the job back…" fraction:-1];
+      [view_.get() setProgressText:String(Localized("Taking the job back…")) fraction:-1];
       return sender_.CancelSending();
     case Phase::kWaitingForEnd:
-      failure_ = "has not been printed yet";
+      failure_ = Localized("%1 has not been printed yet", {RequestId(queue_.name, job_number_)});
       return End(DialogEnd::kJobFailed);
     default:
       return End(DialogEnd::kCanceled);
@@ -431,11 +435,13 @@ void PrintDialog::SetPhase(Phase phase) {
   }
   if (!busy && [[view printers] numberOfItems] > 1) [[view printers] setEnabled:YES];
   if (busy) [[view printers] setEnabled:NO];
-  [[view cancel] setTitle:phase == Phase::kWaitingForEnd ? @"Close" : @"Cancel"];
+  [[view cancel]
+      setTitle:String(phase == Phase::kWaitingForEnd ? Localized("Close") : Localized("Cancel"))];
+  [view layOut];
 }
 
 void PrintDialog::ShowNotes(Notes notes) {
-  for (const std::string &note : notes) Complain("note: " + note);
+  for (const std::string &note : notes) Note(note);
   notes_ = std::move(notes);
   ShowNotices();
 }
@@ -449,7 +455,7 @@ void PrintDialog::TellOfLeftOut() {
   const auto &left_out = extensions_.left_out();
   for (; left_out_told_ < left_out.size(); ++left_out_told_) {
     const LeftOut &one = left_out[left_out_told_];
-    Complain(one.name + " is left out: " + one.reason);
+    Complain(Localized("%1 is left out: %2", {one.name, one.reason}));
   }
   ShowNotices();
 }
@@ -460,7 +466,7 @@ void PrintDialog::ShowNotices() {
   for (const std::string &note : notes_) add(Text(Sentence(note)));
   for (const std::string &message : presets_left_out_) add(Text(Sentence(message)));
   for (const LeftOut &one : extensions_.left_out())
-    add(Text(Sentence(one.name + " is left out: " + one.reason)));
+    add(Text(Sentence(Localized("%1 is left out: %2", {one.name, one.reason}))));
   [view_.get() setNotices:String(text)];
   FitWindow();
 }

@@ -29,7 +29,7 @@
 }
 
 @property(readonly) NSPopUpButton *printers;
-@property(readonly) NSTextField *printerInfo;  // a line below the pop-up
+@property(readonly) NSTextField *printerInfo;  // below the pop-up
 @property(readonly) NSPopUpButton *presets;
 @property(readonly) NSTextField *copies;
 @property(readonly) NSStepper *copiesStepper;
@@ -48,6 +48,8 @@
 /// ended.
 - (void)moveFocusOutOfPanel;
 
+/// What the printer is, in few words; empty: nothing.
+- (void)setPrinterInfo:(NSString *)text;
 /// What the user should know, above everything else; empty: nothing.
 - (void)setNotices:(NSString *)text;
 /// What is being done with the job, beside the buttons; empty: nothing. The fraction is from 0 to

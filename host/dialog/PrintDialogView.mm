@@ -7,12 +7,13 @@
 #import "host/dialog/Controls.h"
 #import "host/dialog/KeyViewLoop.h"
 
+#include "host/base/Localized.h"
+
 namespace {
 
 const CGFloat kMargin = 20;
 const CGFloat kGap = 8;
-const CGFloat kCaptionWidth = 76;
-const CGFloat kControlsLeft = kMargin + kCaptionWidth + kGap;
+const CGFloat kCaptionWidth = 76;  // this and what follows: or wider, as the texts need
 const CGFloat kNumberWidth = 56;
 const CGFloat kStepperWidth = 16;
 const CGFloat kPagesCaptionWidth = 64;
@@ -21,6 +22,7 @@ const CGFloat kButtonWidth = 96;
 const CGFloat kButtonHeight = 26;
 const CGFloat kSmallestArea = 96;
 const CGFloat kSmallestWidth = 560;
+const CGFloat kTallestInfo = 3 * kLineHeight;
 const CGFloat kRow = kControlHeight + kGap;
 const CGFloat kFooter = kMargin + kButtonHeight + 16;
 
@@ -58,23 +60,22 @@ NSBox *Line() {
   self = [super initWithFrame:frame];
   if (self == nil) return nil;
   _notices = [Notices() retain];
-  _printerCaption = [Caption(@"Printer:") retain];
+  _printerCaption = [Caption(Localized("Printer")) retain];
   _printers = [PopUpButton(nil, nullptr) retain];
   _printerInfo = [Label(@"") retain];
   [_printerInfo setTextColor:[NSColor colorWithCalibratedWhite:0.35 alpha:1]];
-  [[_printerInfo cell] setWraps:NO];
-  _presetCaption = [Caption(@"Presets:") retain];
+  _presetCaption = [Caption(Localized("Presets")) retain];
   _presets = [PopUpButton(nil, nullptr) retain];
-  _copiesCaption = [Caption(@"Copies:") retain];
+  _copiesCaption = [Caption(Localized("Copies")) retain];
   _copies = [TextBox(nil) retain];
   _copiesStepper = [[NSStepper alloc] initWithFrame:NSZeroRect];
   [_copiesStepper setMinValue:1];
   [_copiesStepper setMaxValue:9999];
   [_copiesStepper setValueWraps:NO];
   [_copiesStepper setIntValue:1];
-  _pagesCaption = [Caption(@"Pages:") retain];
+  _pagesCaption = [Caption(Localized("Pages")) retain];
   _pages = [TextBox(nil) retain];
-  _pagesHint = [Label(@"such as 1-3, 5; empty: all") retain];
+  _pagesHint = [Label(String(Localized("such as 1-3, 5; empty: all"))) retain];
   [_pagesHint setTextColor:[_printerInfo textColor]];
   _leftLine = [Line() retain];
   _rightLine = [Line() retain];
@@ -84,7 +85,7 @@ NSBox *Line() {
   [_area setDrawsBackground:NO];
   _lowerLine = [Line() retain];
   _help = [PushButton(@"?", nil, nullptr) retain];
-  [_help setToolTip:@"Help"];
+  [_help setToolTip:String(Localized("Help"))];
   _progressText = [Label(@"") retain];
   [[_progressText cell] setWraps:NO];
   _progress = [[NSProgressIndicator alloc] initWithFrame:NSZeroRect];
@@ -92,8 +93,8 @@ NSBox *Line() {
   [_progress setMinValue:0];
   [_progress setMaxValue:1];
   [_progress setHidden:YES];
-  _cancel = [PushButton(@"Cancel", nil, nullptr) retain];
-  _print = [PushButton(@"Print", nil, nullptr) retain];
+  _cancel = [PushButton(String(Localized("Cancel")), nil, nullptr) retain];
+  _print = [PushButton(String(Localized("Print")), nil, nullptr) retain];
   [_print setKeyEquivalent:@"\r"];
   for (NSView *view in @[
          _notices,       _printerCaption, _printers,      _printerInfo,  _presetCaption, _presets,
@@ -132,14 +133,48 @@ NSBox *Line() {
   return HeightOfText(_notices, width - 2 * kMargin) + 6;
 }
 
+- (CGFloat)infoHeightForWidth:(CGFloat)width {
+  const CGFloat height = HeightOfText(_printerInfo, width - kMargin - [self controlsLeft]);
+  return std::clamp(height, kLineHeight, kTallestInfo);
+}
+
 // Of everything above the panel area, in this width.
 - (CGFloat)headerHeightForWidth:(CGFloat)width {
   const CGFloat notices = [self noticesHeightForWidth:width];
-  return kMargin + (notices > 0 ? notices + kGap : 0) + kRow + kLineHeight + 3 * kRow + 2 * kGap;
+  return kMargin + (notices > 0 ? notices + kGap : 0) + kRow + [self infoHeightForWidth:width] +
+         3 * kRow + 2 * kGap;
+}
+
+- (CGFloat)captionWidth {
+  CGFloat width = kCaptionWidth;
+  for (NSTextField *caption in @[ _printerCaption, _presetCaption, _copiesCaption ]) {
+    width = std::max(width, WidthOfText(caption));
+  }
+  return width;
+}
+
+- (CGFloat)controlsLeft {
+  return kMargin + [self captionWidth] + kGap;
+}
+
+- (CGFloat)pagesCaptionWidth {
+  return std::max(kPagesCaptionWidth, WidthOfText(_pagesCaption));
+}
+
+- (CGFloat)buttonWidth {
+  return std::max(WidthOfButton(_cancel, kButtonWidth), WidthOfButton(_print, kButtonWidth));
+}
+
+// Of the row of copies and pages, the longest one.
+- (CGFloat)smallestWidth {
+  const CGFloat width = [self controlsLeft] + kNumberWidth + 2 + kStepperWidth + kGap +
+                        [self pagesCaptionWidth] + kGap + kPagesWidth + kGap +
+                        WidthOfText(_pagesHint) + kMargin;
+  return std::max(kSmallestWidth, width);
 }
 
 - (NSSize)sizeForPanelSize:(NSSize)size {
-  const CGFloat width = std::max(kSmallestWidth, size.width + 2 * kMargin);
+  const CGFloat width = std::max([self smallestWidth], size.width + 2 * kMargin);
   return NSMakeSize(
       width, [self headerHeightForWidth:width] + std::max(size.height, kSmallestArea) + kFooter);
 }
@@ -151,6 +186,9 @@ NSBox *Line() {
 - (void)layOut {
   const NSSize size = [self bounds].size;
   const CGFloat right = size.width - kMargin;
+  const CGFloat captionWidth = [self captionWidth];
+  const CGFloat controlsLeft = [self controlsLeft];
+  const CGFloat buttonWidth = [self buttonWidth];
   CGFloat y = kMargin;
   if (const CGFloat height = [self noticesHeightForWidth:size.width]; height > 0) {
     [_notices setFrame:NSMakeRect(kMargin, y, right - kMargin, height)];
@@ -160,23 +198,25 @@ NSBox *Line() {
     [caption setFrame:NSMakeRect(left, y + 4, width, kLineHeight)];
   };
 
-  captionAt(_printerCaption, kMargin, kCaptionWidth);
-  [_printers setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kControlHeight)];
+  captionAt(_printerCaption, kMargin, captionWidth);
+  [_printers setFrame:NSMakeRect(controlsLeft, y, right - controlsLeft, kControlHeight)];
   y += kControlHeight + 4;
-  [_printerInfo setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kLineHeight)];
-  y += kLineHeight + kGap - 4;
+  const CGFloat infoHeight = [self infoHeightForWidth:size.width];
+  [_printerInfo setFrame:NSMakeRect(controlsLeft, y, right - controlsLeft, infoHeight)];
+  y += infoHeight + kGap - 4;
   y += kGap;
-  captionAt(_presetCaption, kMargin, kCaptionWidth);
-  [_presets setFrame:NSMakeRect(kControlsLeft, y, right - kControlsLeft, kControlHeight)];
+  captionAt(_presetCaption, kMargin, captionWidth);
+  [_presets setFrame:NSMakeRect(controlsLeft, y, right - controlsLeft, kControlHeight)];
   y += kRow;
-  captionAt(_copiesCaption, kMargin, kCaptionWidth);
-  CGFloat x = kControlsLeft;
+  captionAt(_copiesCaption, kMargin, captionWidth);
+  CGFloat x = controlsLeft;
   [_copies setFrame:NSMakeRect(x, y, kNumberWidth, kControlHeight)];
   x += kNumberWidth + 2;
   [_copiesStepper setFrame:NSMakeRect(x, y, kStepperWidth, kControlHeight)];
   x += kStepperWidth + kGap;
-  captionAt(_pagesCaption, x, kPagesCaptionWidth);
-  x += kPagesCaptionWidth + kGap;
+  const CGFloat pagesCaptionWidth = [self pagesCaptionWidth];
+  captionAt(_pagesCaption, x, pagesCaptionWidth);
+  x += pagesCaptionWidth + kGap;
   [_pages setFrame:NSMakeRect(x, y, kPagesWidth, kControlHeight)];
   x += kPagesWidth + kGap;
   captionAt(_pagesHint, x, right - x);
@@ -197,9 +237,9 @@ NSBox *Line() {
 
   [_lowerLine setFrame:NSMakeRect(0, bottom, size.width, 1)];
   y = size.height - kMargin - kButtonHeight;
-  [_print setFrame:NSMakeRect(right - kButtonWidth, y, kButtonWidth, kButtonHeight)];
-  x = right - 2 * kButtonWidth - 12;
-  [_cancel setFrame:NSMakeRect(x, y, kButtonWidth, kButtonHeight)];
+  [_print setFrame:NSMakeRect(right - buttonWidth, y, buttonWidth, kButtonHeight)];
+  x = right - 2 * buttonWidth - 12;
+  [_cancel setFrame:NSMakeRect(x, y, buttonWidth, kButtonHeight)];
   [_help setFrame:NSMakeRect(kMargin, y, kButtonHeight, kButtonHeight)];
   const CGFloat left = kMargin + kButtonHeight + kGap;
   const BOOL bar = ![_progress isHidden];
@@ -259,6 +299,11 @@ NSBox *Line() {
   [self layOut];
   [self linkKeyViews];
   [[_area contentView] scrollToPoint:NSZeroPoint];
+}
+
+- (void)setPrinterInfo:(NSString *)text {
+  [_printerInfo setStringValue:text];
+  [self layOut];
 }
 
 - (void)setNotices:(NSString *)text {

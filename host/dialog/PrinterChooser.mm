@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
 #import "host/dialog/Controls.h"
 
 namespace {
@@ -29,7 +31,7 @@ PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::s
       callbacks_(std::move(callbacks)) {}
 
 void PrinterChooser::AskForQueues() {
-  callbacks_.asking("Asking " + server_.Address() + " for its printers…");
+  callbacks_.asking(Localized("Asking %1 for its printers…", {server_.Address()}));
   poller_ =
       AskInBackground<QueuesAnswer>([server = server_] { return server.Queues(); },
                                     [this](QueuesAnswer queues) { TakeQueues(std::move(queues)); });
@@ -47,8 +49,8 @@ void PrinterChooser::TakeQueues(QueuesAnswer queues) {
   });
   if (chosen == queues_.end() && !wanted_.empty()) {
     [pop_up_.get() selectItemAtIndex:-1];
-    return Fail("there is no printer \"" + wanted_ + "\" on " + server_.Address() +
-                "; choose another one above");
+    return Fail(Localized("there is no printer %1 on %2; choose another one above",
+                          {Quoted(wanted_), server_.Address()}));
   }
   if (chosen == queues_.end()) chosen = queues_.begin();
   [pop_up_.get() selectItemAtIndex:chosen - queues_.begin()];
@@ -63,7 +65,7 @@ void PrinterChooser::AskForChosen() {
 
 void PrinterChooser::AskFor(const Queue &queue) {
   wanted_ = queue.name;
-  callbacks_.asking("Asking " + server_.Address() + " about " + queue.name + "…");
+  callbacks_.asking(Localized("Asking %1 about %2…", {server_.Address(), queue.name}));
   poller_ = AskInBackground<PPDAnswer>(
       [server = server_, name = queue.name] { return server.PPDOfQueue(name); },
       [this](PPDAnswer ppd) { TakePPD(std::move(ppd)); });
@@ -100,9 +102,9 @@ std::string DescribeQueue(const Queue &queue) {
   };
   add(queue.location);
   if (!queue.accepts_jobs) {
-    add("does not accept jobs");
+    add(Localized("does not accept jobs"));
   } else if (queue.state == QueueState::kStopped) {
-    add("stopped: jobs wait");
+    add(Localized("stopped: jobs wait"));
   }
   if (queue.state == QueueState::kStopped || !queue.accepts_jobs) add(queue.state_message);
   return text;

@@ -13,15 +13,15 @@
 
 /// Shows a message; Return presses the named button, Escape or the window's close button the other
 /// one. Whether the named button was pressed.
-bool Ask(NSString *message, NSString *yes, NSString *no);
+bool Ask(const std::string &message, const std::string &yes, const std::string &no);
 
 /// Shows a message that asks nothing.
-void Tell(NSString *message);
+void Tell(const std::string &message);
 
 /// Asks for a text, which the check accepts or refuses; a refusal is shown and asked again. No
 /// value: canceled.
 std::optional<std::string> AskForText(
-    NSString *message, NSString *text, NSString *yes,
+    const std::string &message, const std::string &text, const std::string &yes,
     const std::function<std::optional<Failure>(const std::string &)> &check);
 
 #endif

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/base/Localized.h"
 #include "host/base/Retained.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/DialogWindow.h"
@@ -49,7 +50,7 @@ enum { kNo, kYes };
     _no = [PushButton(no, self, @selector(answerNo:)) retain];
     [_view addSubview:_no];
   }
-  _window = [[DialogWindow alloc] initWithTitle:@"Print" view:_view resizable:NO];
+  _window = [[DialogWindow alloc] initWithTitle:String(Localized("Print")) view:_view resizable:NO];
   [_window setDelegate:self];
   [self layOut];
   NSView *first = _box != nil ? (NSView *)_box : _yes;
@@ -72,7 +73,9 @@ enum { kNo, kYes };
 }
 
 - (void)layOut {
-  const CGFloat width = kWidth - 2 * kMargin;
+  CGFloat buttons = WidthOfButton(_yes, kButtonWidth);
+  if (_no != nil) buttons += kGap + WidthOfButton(_no, kButtonWidth);
+  const CGFloat width = std::max(kWidth - 2 * kMargin, buttons);
   CGFloat y = kMargin;
   const CGFloat height = HeightOfText(_message, width);
   [_message setFrame:NSMakeRect(kMargin, y, width, height)];
@@ -82,15 +85,15 @@ enum { kNo, kYes };
     y += kControlHeight + kGap;
   }
   y += kGap;
-  CGFloat right = kWidth - kMargin;
+  CGFloat right = kMargin + width;
   for (NSButton *button : {_yes, _no}) {
     if (button == nil) continue;
-    const CGFloat wanted = std::max(kButtonWidth, [[button cell] cellSize].width + 2 * kGap);
+    const CGFloat wanted = WidthOfButton(button, kButtonWidth);
     right -= wanted;
     [button setFrame:NSMakeRect(right, y, wanted, kControlHeight + 2)];
     right -= kGap;
   }
-  [_window setContentSize:NSMakeSize(kWidth, y + kControlHeight + 2 + kMargin)];
+  [_window setContentSize:NSMakeSize(width + 2 * kMargin, y + kControlHeight + 2 + kMargin)];
 }
 
 - (void)setMessage:(NSString *)message {
@@ -143,23 +146,24 @@ Retained<Prompt *> MakePrompt(NSString *message, NSString *text, NSString *yes, 
 
 }  // namespace
 
-bool Ask(NSString *message, NSString *yes, NSString *no) {
-  Retained<Prompt *> prompt = MakePrompt(message, nil, yes, no);
+bool Ask(const std::string &message, const std::string &yes, const std::string &no) {
+  Retained<Prompt *> prompt = MakePrompt(String(message), nil, String(yes), String(no));
   const bool answer = [prompt.get() run];
   [prompt.get() close];
   return answer;
 }
 
-void Tell(NSString *message) {
-  Retained<Prompt *> prompt = MakePrompt(message, nil, @"OK", nil);
+void Tell(const std::string &message) {
+  Retained<Prompt *> prompt = MakePrompt(String(message), nil, String(Localized("OK")), nil);
   [prompt.get() run];
   [prompt.get() close];
 }
 
 std::optional<std::string> AskForText(
-    NSString *message, NSString *text, NSString *yes,
+    const std::string &message, const std::string &text, const std::string &yes,
     const std::function<std::optional<Failure>(const std::string &)> &check) {
-  Retained<Prompt *> prompt = MakePrompt(message, text, yes, @"Cancel");
+  Retained<Prompt *> prompt =
+      MakePrompt(String(message), String(text), String(yes), String(Localized("Cancel")));
   std::optional<std::string> answer;
   while ([prompt.get() run]) {
     answer = Text([prompt.get() text]);

@@ -28,7 +28,7 @@ const CGFloat kValueLeft = kTitleWidth + 10;
     [self addSubview:label];
     y += kLineHeight + 4;
     for (const auto &[title, value] : lines) {
-      NSTextField *caption = Caption([String(title) stringByAppendingString:@":"]);
+      NSTextField *caption = Caption(title);
       NSTextField *text = Label(String(value));
       const CGFloat height =
           std::max(HeightOfText(caption, kTitleWidth), HeightOfText(text, kWidth - kValueLeft));

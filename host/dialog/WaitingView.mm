@@ -4,11 +4,14 @@
 
 #import "host/dialog/Controls.h"
 
+#include "host/base/Localized.h"
+
 namespace {
 
 const CGFloat kHeight = 150;
 const CGFloat kSpinnerSize = 32;
 const CGFloat kTop = 40;
+const CGFloat kButtonWidth = 110;
 
 }  // namespace
 
@@ -24,7 +27,7 @@ const CGFloat kTop = 40;
   _message = [Label(@"") retain];
   [_message setAlignment:NSCenterTextAlignment];
   [self addSubview:_message];
-  _retry = [PushButton(@"Try Again", nil, nullptr) retain];
+  _retry = [PushButton(String(Localized("Try Again")), nil, nullptr) retain];
   [self addSubview:_retry];
   [self setNextKeyView:_retry];
   [_retry setNextKeyView:_retry];
@@ -53,7 +56,8 @@ const CGFloat kTop = 40;
   [_spinner setFrame:NSMakeRect((width - kSpinnerSize) / 2, kTop, kSpinnerSize, kSpinnerSize)];
   [_message setFrame:NSMakeRect(0, y, width, height)];
   y += height + 14;
-  [_retry setFrame:NSMakeRect((width - 110) / 2, y, 110, kControlHeight + 2)];
+  const CGFloat retryWidth = WidthOfButton(_retry, kButtonWidth);
+  [_retry setFrame:NSMakeRect((width - retryWidth) / 2, y, retryWidth, kControlHeight + 2)];
   [self setNeedsDisplay:YES];
 }
 

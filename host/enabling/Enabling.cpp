@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/cups/PPDFile.h"
 #include "host/cups/PPDSource.h"
@@ -18,7 +19,7 @@
 namespace {
 
 Failure CannotParse(const std::string &why) {
-  return Failure{"not a PPD file, or a damaged one: " + why};
+  return Failure{Localized("not a PPD file, or a damaged one: %1", {why})};
 }
 
 // The options that the lines open, with their choices.
@@ -42,13 +43,11 @@ std::vector<PPDOption> OptionsIn(std::string_view lines) {
 
 std::optional<Failure> WhyPrintersOwn(std::string_view base, const PPDFile &ppd,
                                       const PrinterOptions &options, std::string_view lines) {
-  const auto failure = [&options](const std::string &what) {
-    return Failure{"the printer's maker has put " + what +
-                   " into the file already; the options of " + options.name +
-                   " are only for files without it"};
-  };
   if (!options.support_keyword.empty() && ppd.Attribute(options.support_keyword)) {
-    return failure("the attribute " + options.support_keyword);
+    return Failure{Localized(
+        "the printer's maker has put the attribute %1 into the file already; the options of %2 are "
+        "only for files without it",
+        {options.support_keyword, options.name})};
   }
   const std::vector<PPDOption> added = OptionsIn(lines);
   for (const PPDStatement &statement : StatementsOf(base)) {
@@ -56,7 +55,11 @@ std::optional<Failure> WhyPrintersOwn(std::string_view base, const PPDFile &ppd,
     const bool is_added = std::ranges::any_of(added, [&name](const PPDOption &option) {
       return strcasecmp(option.keyword.c_str(), name.c_str()) == 0;
     });
-    if (is_added) return failure("the option " + name);
+    if (!is_added) continue;
+    return Failure{Localized(
+        "the printer's maker has put the option %1 into the file already; the options of %2 are "
+        "only for files without it",
+        {name, options.name})};
   }
   return std::nullopt;
 }
@@ -65,17 +68,22 @@ Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options
   const std::string color = ppd.Attribute("ColorDevice").value_or("");
   const bool is_color = Trimmed(color) == "True";
   if (!is_color && Trimmed(color) != "False") {
+    if (color.empty()) {
+      return Failure{
+          Localized("the file does not say whether it is a color printer: *ColorDevice must be "
+                    "True or False")};
+    }
     return Failure{
-        "the file does not say whether it is a color printer: *ColorDevice must be True "
-        "or False" +
-        (color.empty() ? "" : ", not " + Quoted(color))};
+        Localized("the file does not say whether it is a color printer: *ColorDevice must be True "
+                  "or False, not %1",
+                  {Quoted(color)})};
   }
   const std::string &lines = is_color ? options.color : options.monochrome;
-  if (lines.empty()) {
-    return Failure{"the bundle " + options.name + " brings no options for " +
-                   (is_color ? "color" : "monochrome") + " printers"};
-  }
-  return lines;
+  if (!lines.empty()) return lines;
+  return Failure{
+      is_color
+          ? Localized("the bundle %1 brings no options for color printers", {options.name})
+          : Localized("the bundle %1 brings no options for monochrome printers", {options.name})};
 }
 
 bool HasSameChoices(const PPDOption &left, const PPDOption &right) {
@@ -89,28 +97,32 @@ std::optional<std::string> WhatIsWrong(PPDFile &enabled, const PPDFile &base,
                                        const PrinterOptions &options, std::string_view lines) {
   for (const PPDOption &added : OptionsIn(lines)) {
     const std::optional<PPDOption> found = enabled.Option(added.keyword);
-    if (!found) return "there is no option " + added.keyword;
-    if (!HasSameChoices(*found, added)) return "the option " + added.keyword + " has other choices";
+    if (!found) return Localized("there is no option %1", {added.keyword});
+    if (!HasSameChoices(*found, added)) {
+      return Localized("the option %1 has other choices", {added.keyword});
+    }
     if (found->default_choice != added.default_choice) {
-      return "the option " + added.keyword + " has another default";
+      return Localized("the option %1 has another default", {added.keyword});
     }
   }
   if (!options.support_keyword.empty() &&
       enabled.Attribute(options.support_keyword) != options.support_value) {
-    return "the attribute " + options.support_keyword + " is not " + Quoted(options.support_value);
+    return Localized("the attribute %1 is not %2",
+                     {options.support_keyword, Quoted(options.support_value)});
   }
   for (const PPDOption &own : base.Options()) {
     const std::optional<PPDOption> found = enabled.Option(own.keyword);
     if (!found || !HasSameChoices(*found, own) || found->default_choice != own.default_choice) {
-      return "the printer's option " + own.keyword + " is another one";
+      return Localized("the printer's option %1 is another one", {own.keyword});
     }
   }
   return std::nullopt;
 }
 
 Failure DoNotFit(const PrinterOptions &options, const std::string &why) {
-  return Failure{"the options of the bundle " + options.name + " do not fit this file: " + why +
-                 "; report it to the bundle's maker"};
+  return Failure{Localized(
+      "the options of the bundle %1 do not fit this file: %2; report it to the bundle's maker",
+      {options.name, why})};
 }
 
 }  // namespace
@@ -122,7 +134,9 @@ Expected<std::string> EnableOptions(std::string_view ppd,
   if (!parts) return Failure{parts.message()};
   Expected<PPDFile> base = ParsePPD(parts->base);
   if (!base) return CannotParse(base.message());
-  if (auto reason = WhyNotPostScript(*base)) return Failure{"no PostScript printer: " + *reason};
+  if (auto reason = WhyNotPostScript(*base)) {
+    return Failure{Localized("no PostScript printer: %1", {*reason})};
+  }
 
   std::vector<OptionBlock> earlier;
   for (const PrinterOptions &bundle : options) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "host/base/Localized.h"
 #include "host/enabling/PPDText.h"
 
 namespace {
@@ -45,10 +46,16 @@ void RemoveLastLineEnd(std::string &text) {
   }
 }
 
-Failure Edited(size_t line, const std::string &what) {
-  return Failure{"the lines that pdeprint has added cannot be told from the others: " + what +
-                 " on line " + std::to_string(line) +
-                 "; begin with the printer's own PPD file instead"};
+// The text's part is the line.
+Failure Edited(size_t line, std::string_view text) {
+  return Failure{Localized(
+      "the lines that pdeprint has added cannot be told from the others: %1; begin with the "
+      "printer's own PPD file instead",
+      {Filled(text, {std::to_string(line)})})};
+}
+
+Failure WithoutEnd(size_t line) {
+  return Edited(line, Localized("there is no end to what begins on line %1"));
 }
 
 }  // namespace
@@ -62,25 +69,27 @@ Expected<BlockedPPD> SplitBlocks(std::string_view ppd) {
   for (const TextLine &line : LinesOf(ppd)) {
     ++number;
     const std::optional<Mark> mark = MarkOn(line.text);
-    if (mark && TextOf(*mark) != line.text) return Edited(number, "the mark was changed");
+    if (mark && TextOf(*mark) != line.text) {
+      return Edited(number, Localized("the mark was changed on line %1"));
+    }
     if (!mark && is_inside) {
       result.blocks.back().lines.append(line.text).append("\n");
     } else if (!mark) {
       result.base.append(line.text).append(line.end);
     } else if (mark->is_begin) {
-      if (is_inside) return Edited(begin, "there is no end to what begins");
+      if (is_inside) return WithoutEnd(begin);
       is_inside = true;
       begin = number;
       result.blocks.push_back({mark->bundle, ""});
       if (mark->is_after_open_line) open_line = result.base.size();
     } else {
       if (!is_inside || result.blocks.back().bundle != mark->bundle) {
-        return Edited(number, "there is no beginning to what ends");
+        return Edited(number, Localized("there is no beginning to what ends on line %1"));
       }
       is_inside = false;
     }
   }
-  if (is_inside) return Edited(begin, "there is no end to what begins");
+  if (is_inside) return WithoutEnd(begin);
   if (open_line == result.base.size()) RemoveLastLineEnd(result.base);
   return result;
 }

@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 
+#include "host/base/Localized.h"
 #include "host/enabling/PPDText.h"
 
 namespace {
@@ -48,7 +49,8 @@ Expected<std::string> OrderedAfter(std::string_view ppd, std::string_view lines)
   }
   if (least > greatest) return std::string(lines);
   if (greatest > kGreatest) {
-    return Failure{"its order number " + Written(greatest) + " leaves no room for greater ones"};
+    return Failure{
+        Localized("its order number %1 leaves no room for greater ones", {Written(greatest)})};
   }
   const double raise = std::floor(greatest) + 1 - std::floor(least);
   std::string result;

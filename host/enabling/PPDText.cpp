@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 
 namespace {
@@ -117,11 +118,13 @@ std::optional<Failure> DamageOf(std::string_view ppd) {
   const PPDStatement *group = nullptr;
   const std::vector<PPDStatement> statements = StatementsOf(ppd);
   for (const PPDStatement &statement : statements) {
-    const std::string where = " on line " + std::to_string(statement.line);
+    const std::string line = std::to_string(statement.line);
     if (statement.all.find('\0') != std::string_view::npos) {
-      return Failure{"there is a zero byte in the statement" + where};
+      return Failure{Localized("there is a zero byte in the statement on line %1", {line})};
     }
-    if (statement.is_unclosed) return Failure{"the quotation that begins" + where + " has no end"};
+    if (statement.is_unclosed) {
+      return Failure{Localized("the quotation that begins on line %1 has no end", {line})};
+    }
     if (!OptionOpenedBy(statement).empty()) option = &statement;
     if (statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI") option = nullptr;
     if (statement.keyword == "OpenGroup") group = &statement;
@@ -129,6 +132,6 @@ std::optional<Failure> DamageOf(std::string_view ppd) {
   }
   const PPDStatement *open = option != nullptr ? option : group;
   if (open == nullptr) return std::nullopt;
-  return Failure{"the file is cut off: what *" + std::string(open->keyword) + " opens on line " +
-                 std::to_string(open->line) + " is not closed"};
+  return Failure{Localized("the file is cut off: what *%1 opens on line %2 is not closed",
+                           {std::string(open->keyword), std::to_string(open->line)})};
 }

@@ -4,6 +4,7 @@
 #include <sstream>
 #include <vector>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 
 namespace {
@@ -64,19 +65,21 @@ bool JustPassesOn(std::string_view command) {
 std::optional<std::string> WhyNotThroughFoomatic(const PPDFile &ppd) {
   for (const char *keyword : {"FoomaticRIPCommandLinePDF", "FoomaticRIPPostPipe"}) {
     if (ppd.Attribute(keyword)) {
-      return std::string("its filter foomatic-rip sends documents through another program (*") +
-             keyword + ')';
+      return Localized("its filter foomatic-rip sends documents through another program (*%1)",
+                       {keyword});
     }
   }
   const std::string command = ppd.Attribute("FoomaticRIPCommandLine").value_or("");
   if (!JustPassesOn(command)) {
-    return "its filter foomatic-rip makes something else of PostScript, with the command " +
-           Quoted(command);
+    return Localized(
+        "its filter foomatic-rip makes something else of PostScript, with the command %1",
+        {Quoted(command)});
   }
   for (const std::string &option : ppd.Attributes("FoomaticRIPOption")) {
     if (option.find("CmdLine") != std::string::npos) {
-      return "an option of its changes what its filter foomatic-rip does (*FoomaticRIPOption: " +
-             option + ')';
+      return Localized(
+          "an option of its changes what its filter foomatic-rip does (*FoomaticRIPOption: %1)",
+          {option});
     }
   }
   return std::nullopt;
@@ -85,22 +88,26 @@ std::optional<std::string> WhyNotThroughFoomatic(const PPDFile &ppd) {
 std::optional<std::string> WhyNotThrough(const Filter &filter, const PPDFile &ppd) {
   if (filter.program == kFoomatic) return WhyNotThroughFoomatic(ppd);
   if (filter.program != "-") {
-    return "it does not get PostScript as the print system makes it, but " + filter.type +
-           " through the filter " + filter.program;
+    return Localized(
+        "it does not get PostScript as the print system makes it, but %1 through the filter %2",
+        {filter.type, filter.program});
   }
   if (filter.type == kPostScript) return std::nullopt;
-  return "it gets documents of the type " + filter.type +
-         " as they are, without the code of its options";
+  return Localized("it gets documents of the type %1 as they are, without the code of its options",
+                   {filter.type});
 }
 
 std::optional<std::string> WhyNotLanguageLevel(const PPDFile &ppd) {
   const std::optional<std::string> value = ppd.Attribute("LanguageLevel");
-  if (!value) return "its PPD file does not say which *LanguageLevel of PostScript it has";
+  if (!value) {
+    return Localized("its PPD file does not say which *LanguageLevel of PostScript it has");
+  }
   const std::string_view text = Trimmed(*value);
   int level = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), level);
   if (error == std::errc() && end == text.data() + text.size() && level >= 2) return std::nullopt;
-  return "its PostScript is of *LanguageLevel " + Quoted(text) + "; options need 2 or more";
+  return Localized("its PostScript is of *LanguageLevel %1; options need 2 or more",
+                   {Quoted(text)});
 }
 
 }  // namespace
@@ -115,7 +122,7 @@ std::optional<std::string> WhyNotPostScript(const PPDFile &ppd) {
     gets_postscript = gets_postscript || filter.type == kPostScript;
   }
   if (has_filter && !gets_postscript) {
-    return std::string("none of its filters is for PostScript (") + kPostScript + ')';
+    return Localized("none of its filters is for PostScript (%1)", {kPostScript});
   }
   return WhyNotLanguageLevel(ppd);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "host/base/Localized.h"
 #include "host/extension/Guarded.h"
 
 namespace {
@@ -28,17 +29,19 @@ Expected<std::string> Lines(NSBundle *bundle, NSDictionary *named, NSString *kin
   id name = [named objectForKey:kind];
   if (name == nil) return std::string();
   const std::string key = std::string("PDEPrinterOptions, ") + [kind UTF8String];
-  if (![name isKindOfClass:[NSString class]]) return Failure{key + ", is no file name"};
+  if (![name isKindOfClass:[NSString class]]) {
+    return Failure{Localized("%1 is no file name", {key})};
+  }
   NSString *path = [bundle pathForResource:[name stringByDeletingPathExtension]
                                     ofType:[name pathExtension]];
   NSData *data = path == nil ? nil : [NSData dataWithContentsOfFile:path];
-  if (data == nil) return Failure{"it has no resource " + Words(name) + " (" + key + ')'};
+  if (data == nil) return Failure{Localized("it has no resource %1 (%2)", {Words(name), key})};
   std::string lines(static_cast<const char *>([data bytes]), [data length]);
   const bool is_text = std::all_of(lines.begin(), lines.end(), [](char character) {
     return character == '\n' || character == '\t' || (character >= ' ' && character <= '~');
   });
   if (!is_text || lines.empty()) {
-    return Failure{"its resource " + Words(name) + " is no text of ASCII characters"};
+    return Failure{Localized("its resource %1 is no text of ASCII characters", {Words(name)})};
   }
   if (!lines.ends_with('\n')) lines += '\n';
   return lines;
@@ -49,13 +52,14 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
   id named = [bundle objectForInfoDictionaryKey:@"PDEPrinterOptions"];
   if (named == nil) return std::optional<PrinterOptions>();
   if (![named isKindOfClass:[NSDictionary class]]) {
-    return Failure{"PDEPrinterOptions in its Info.plist is no dictionary"};
+    return Failure{Localized("PDEPrinterOptions in its Info.plist is no dictionary")};
   }
   PrinterOptions options;
   options.name = extension.Name();
   options.bundle = Words([bundle bundleIdentifier]);
   if (!IsIdentifier(options.bundle)) {
-    return Failure{"its CFBundleIdentifier must be letters, digits, dots, hyphens and underscores"};
+    return Failure{
+        Localized("its CFBundleIdentifier must be letters, digits, dots, hyphens and underscores")};
   }
   id support = [bundle objectForInfoDictionaryKey:@"PDESupportAttribute"];
   options.support_keyword = TextIn(support, @"Keyword");
@@ -73,8 +77,10 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
 
 Expected<std::optional<PrinterOptions>> PrinterOptionsOf(const ExtensionBundle &bundle) {
   Expected<std::optional<PrinterOptions>> result = std::optional<PrinterOptions>();
-  if (auto raised = WhatRaises([&] { result = Read(bundle); })) result = Failure{"it " + *raised};
+  if (auto raised = WhatRaises([&] { result = Read(bundle); })) {
+    result = Failure{Localized("it raised %1", {*raised})};
+  }
   if (result) return result;
-  return Failure{"the bundle " + Words([bundle.bundle() bundlePath]) +
-                 " cannot give its printer options: " + result.message()};
+  return Failure{Localized("the bundle %1 cannot give its printer options: %2",
+                           {Words([bundle.bundle() bundlePath]), result.message()})};
 }

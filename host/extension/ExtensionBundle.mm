@@ -1,7 +1,7 @@
 #include "host/extension/ExtensionBundle.h"
 
+#include "host/base/Localized.h"
 #include "host/base/WholeLibrary.h"
-
 #include "host/extension/Guarded.h"
 
 // How a principal object that does not declare the protocol PDEPlugIn takes its bundle.
@@ -22,6 +22,10 @@ NSBundle *OtherOwnerOfPrincipalClass(NSBundle *bundle) {
   return owner == bundle || owner == [NSBundle mainBundle] ? nil : owner;
 }
 
+Failure RefusedByPrincipal() {
+  return Failure{Localized("its principal object refuses the bundle")};
+}
+
 }  // namespace
 
 ExtensionBundle::ExtensionBundle(NSBundle *bundle, Retained<id> principal)
@@ -29,42 +33,47 @@ ExtensionBundle::ExtensionBundle(NSBundle *bundle, Retained<id> principal)
 
 Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &path) {
   Expected<ExtensionBundle> result = Failure{};
-  if (auto raised = WhatRaises([&] { result = Open(path); })) result = Failure{"it " + *raised};
+  if (auto raised = WhatRaises([&] { result = Open(path); })) {
+    result = Failure{Localized("it raised %1", {*raised})};
+  }
   if (result) return result;
-  return Failure{"cannot load bundle " + path.string() + ": " + result.message()};
+  return Failure{Localized("cannot load bundle %1: %2", {path.string(), result.message()})};
 }
 
 Expected<ExtensionBundle> ExtensionBundle::Open(const std::filesystem::path &path) {
   NSFileManager *files = [NSFileManager defaultManager];
   NSString *place = [files stringWithFileSystemRepresentation:path.c_str()
                                                        length:path.native().size()];
-  if (place == nil) return Failure{"the platform does not take its path for text"};
+  if (place == nil) return Failure{Localized("the platform does not take its path for text")};
   NSBundle *bundle = [NSBundle bundleWithPath:place];
-  if (bundle == nil) return Failure{"not a bundle"};
-  if ([bundle executablePath] == nil) return Failure{"its Info.plist names no executable in it"};
+  if (bundle == nil) return Failure{Localized("not a bundle")};
+  if ([bundle executablePath] == nil) {
+    return Failure{Localized("its Info.plist names no executable in it")};
+  }
   if (NSBundle *other = OtherOwnerOfPrincipalClass(bundle)) {
-    return Failure{"its principal class has been loaded from " + Words([other bundlePath])};
+    return Failure{
+        Localized("its principal class has been loaded from %1", {Words([other bundlePath])})};
   }
   const char *executable = [[bundle executablePath] fileSystemRepresentation];
-  if (!IsWholeLibrary(executable)) return Failure{"its executable is cut off"};
-  if (![bundle load]) return Failure{"its executable does not load"};
+  if (!IsWholeLibrary(executable)) return Failure{Localized("its executable is cut off")};
+  if (![bundle load]) return Failure{Localized("its executable does not load")};
 
   Class principalClass = [bundle principalClass];
-  if (principalClass == nil) return Failure{"no principal class"};
+  if (principalClass == nil) return Failure{Localized("no principal class")};
   if (![principalClass instancesRespondToSelector:@selector(PDEPanelsForType:withHostInfo:)]) {
-    return Failure{"its principal class is no print-dialog extension"};
+    return Failure{Localized("its principal class is no print-dialog extension")};
   }
   // By name: here @protocol() answers one that no class of another image conforms to.
   if ([principalClass conformsToProtocol:NSProtocolFromString(@"PDEPlugIn")]) {
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the handle takes the object over
     id<PDEPlugIn> object = [(id<PDEPlugIn>)[principalClass alloc] initWithBundle:bundle];
     auto principal = Retained<id>::Adopt(object);
-    if (principal.get() == nil) return Failure{"its principal object refuses the bundle"};
+    if (principal.get() == nil) return RefusedByPrincipal();
     return ExtensionBundle(bundle, std::move(principal));
   }
   auto principal = Retained<id>::Adopt([[principalClass alloc] init]);
   if (![(id<TwoStepPlugIn>)principal.get() initWithBundle:bundle]) {
-    return Failure{"its principal object refuses the bundle"};
+    return RefusedByPrincipal();
   }
   return ExtensionBundle(bundle, std::move(principal));
 }
@@ -77,7 +86,7 @@ std::string ExtensionBundle::Name() const {
 
 Expected<Retained<NSArray *>> ExtensionBundle::Panels(HostCallback *host) const {
   auto panels = Retained<NSMutableArray *>::Adopt([[NSMutableArray alloc] init]);
-  const std::string place = "the bundle " + Words([bundle_.get() bundlePath]);
+  const std::string path = Words([bundle_.get() bundlePath]);
   bool all_are_arrays = true;
   const auto raised = WhatRaises([&] {
     for (NSString *type in @[
@@ -90,8 +99,10 @@ Expected<Retained<NSArray *>> ExtensionBundle::Panels(HostCallback *host) const 
       if (all_are_arrays) [panels.get() addObjectsFromArray:offered];
     }
   });
-  if (raised) return Failure{place + ' ' + *raised};
-  if (!all_are_arrays) return Failure{place + " answered panels that are no array"};
+  if (raised) return Failure{Localized("the bundle %1 raised %2", {path, *raised})};
+  if (!all_are_arrays) {
+    return Failure{Localized("the bundle %1 answered panels that are no array", {path})};
+  }
   return Retained<NSArray *>::Share(panels.get());
 }
 
@@ -102,16 +113,17 @@ std::string ExtensionBundle::ReasonForNoPanel(const PPDFile &ppd) const {
   NSString *wantedValue = isDictionary ? [wanted objectForKey:@"Value"] : nil;
   if (![wantedKeyword isKindOfClass:[NSString class]] ||
       ![wantedValue isKindOfClass:[NSString class]]) {
-    return "the bundle offers none for this printer";
+    return Localized("the bundle offers none for this printer");
   }
 
   const std::string keyword = [wantedKeyword UTF8String];
   const std::string value = [wantedValue UTF8String];
   const std::optional<std::string> found = ppd.Attribute(keyword);
-  if (!found) return "no attribute " + keyword;
+  if (!found) return Localized("no attribute %1", {keyword});
   if (*found != value) {
-    return keyword + " is \"" + *found + "\", must be exactly \"" + value + "\"";
+    return Localized("%1 is %2, must be exactly %3",
+                     {keyword, "\"" + *found + "\"", "\"" + value + "\""});
   }
-  return "the bundle is incomplete: it makes no panel although " + keyword + " is \"" + value +
-         "\"";
+  return Localized("the bundle is incomplete: it makes no panel although %1 is %2",
+                   {keyword, "\"" + value + "\""});
 }

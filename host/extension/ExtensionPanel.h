@@ -51,6 +51,7 @@ class ExtensionPanel {
   void WindowWillClose(bool canceled);
 
  private:
+  Failure Unusable() const;  // for its fault
   ExtensionPanel(NSBundle *bundle, id panel);
 
   Retained<NSBundle *> bundle_;

@@ -1,5 +1,6 @@
 #include "host/extension/ExtensionPanel.h"
 
+#include "host/base/Localized.h"
 #include "host/extension/Guarded.h"
 
 namespace {
@@ -22,7 +23,7 @@ const SEL kRequired[] = {
 template <typename Body>
 void Ask(std::optional<std::string> &fault, Body body) {
   if (fault) return;
-  if (const auto raised = WhatRaises(body)) fault = "its panel " + *raised;
+  if (const auto raised = WhatRaises(body)) fault = Localized("its panel raised %1", {*raised});
 }
 
 bool IsText(id object) { return [object isKindOfClass:[NSString class]] && [object length] > 0; }
@@ -45,10 +46,10 @@ SummaryLines InDisplayOrder(NSDictionary *summary) {
 }
 
 // The panel's own words where it gives some.
-Failure Refusal(const std::string &what, NSError *error) {
+std::string WordsOf(NSError *error) {
   const std::string words =
       [error isKindOfClass:[NSError class]] ? Words([error localizedDescription]) : "";
-  return Failure{what + ": " + (words.empty() ? "it does not say why" : words)};
+  return words.empty() ? Localized("it does not say why") : words;
 }
 
 }  // namespace
@@ -62,7 +63,8 @@ Expected<ExtensionPanel> ExtensionPanel::Take(NSBundle *bundle, id object) {
   Ask(fault, [&] {
     for (const SEL selector : kRequired) {
       if ([object respondsToSelector:selector]) continue;
-      fault = "it offers a panel that does not answer to " + Words(NSStringFromSelector(selector));
+      fault = Localized("it offers a panel that does not answer to %1",
+                        {Words(NSStringFromSelector(selector))});
       return;
     }
   });
@@ -71,7 +73,7 @@ Expected<ExtensionPanel> ExtensionPanel::Take(NSBundle *bundle, id object) {
     if (IsText(name)) {
       panel.name_ = Words(name);
     } else {
-      fault = "its panel answered no name";
+      fault = Localized("its panel answered no name");
     }
   });
   Ask(fault, [&] {
@@ -79,7 +81,7 @@ Expected<ExtensionPanel> ExtensionPanel::Take(NSBundle *bundle, id object) {
     if (IsText(kind)) {
       panel.kind_ = Words(kind);
     } else {
-      fault = "its panel answered no kind";
+      fault = Localized("its panel answered no kind");
     }
   });
   if (fault) return Failure{*fault};
@@ -100,7 +102,9 @@ const std::vector<std::string> &ExtensionPanel::option_keywords() {
         if (are_strings) option_keywords_->push_back(Words(keyword));
       }
     }
-    if (!are_strings) fault_ = "its panel answered option keywords that are no array of strings";
+    if (!are_strings) {
+      fault_ = Localized("its panel answered option keywords that are no array of strings");
+    }
   });
   if (fault_) option_keywords_->clear();
   return *option_keywords_;
@@ -113,7 +117,7 @@ NSView *ExtensionPanel::View() {
       if ([view isKindOfClass:[NSView class]]) {
         view_ = Retained<NSView *>::Share(view);
       } else {
-        fault_ = "its panel answered no view";
+        fault_ = Localized("its panel answered no view");
       }
     });
   }
@@ -125,9 +129,10 @@ std::optional<Failure> ExtensionPanel::Restore() {
   Ask(fault_, [&] {
     NSError *error = nil;
     if ([(id<PDEPanel>)panel_.get() restoreValuesAndReturnError:&error]) return;
-    failure = Refusal(name_ + " does not show the job's settings", error);
+    failure =
+        Failure{Localized("%1 does not show the job's settings: %2", {name_, WordsOf(error)})};
   });
-  if (fault_) return Failure{name_ + " cannot be used: " + *fault_};
+  if (fault_) return Unusable();
   return failure;
 }
 
@@ -136,10 +141,14 @@ std::optional<Failure> ExtensionPanel::Save() {
   Ask(fault_, [&] {
     NSError *error = nil;
     if ([(id<PDEPanel>)panel_.get() saveValuesAndReturnError:&error]) return;
-    failure = Refusal(name_ + " does not save what it shows", error);
+    failure = Failure{Localized("%1 does not save what it shows: %2", {name_, WordsOf(error)})};
   });
-  if (fault_) return Failure{name_ + " cannot be used: " + *fault_};
+  if (fault_) return Unusable();
   return failure;
+}
+
+Failure ExtensionPanel::Unusable() const {
+  return Failure{Localized("%1 cannot be used: %2", {name_, *fault_})};
 }
 
 void ExtensionPanel::WillShow() {
@@ -178,7 +187,7 @@ SummaryLines ExtensionPanel::Summary() {
     if ([summary isKindOfClass:[NSDictionary class]]) {
       lines = InDisplayOrder(summary);
     } else {
-      fault_ = "its panel answered a summary that is no dictionary";
+      fault_ = Localized("its panel answered a summary that is no dictionary");
     }
   });
   return lines;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/base/Localized.h"
 #include "host/extension/BundleSearch.h"
 #include "host/extension/Guarded.h"
 
@@ -26,10 +27,7 @@ std::string IdentifierOf(const fs::path &path) {
 
 std::string Joined(const std::vector<fs::path> &paths) {
   std::string text;
-  for (size_t at = 0; at < paths.size(); ++at) {
-    if (at > 0) text += at + 1 == paths.size() ? " or " : ", ";
-    text += paths[at].string();
-  }
+  for (const fs::path &path : paths) text += (text.empty() ? "" : ", ") + path.string();
   return text;
 }
 
@@ -39,7 +37,9 @@ Expected<Extensions> Extensions::Load(const fs::path &named) {
   Extensions extensions;
   std::error_code error;
   if (!named.empty()) {
-    if (!fs::is_directory(named, error)) return Failure{"no bundle at " + named.string()};
+    if (!fs::is_directory(named, error)) {
+      return Failure{Localized("no bundle at %1", {named.string()})};
+    }
     if (auto failure = extensions.Add(fs::absolute(named, error))) return *failure;
   }
   const std::vector<fs::path> folders = BundleFolders();
@@ -80,7 +80,9 @@ void Extensions::LoadNamedBy(const PPDFile &ppd) {
     const bool was_tried =
         std::any_of(paths_.begin(), paths_.end(),
                     [&path](const fs::path &tried) { return tried.filename() == path.filename(); });
-    if (!was_tried) LeaveOut(NameOf(path), "it is not installed at " + path.string());
+    if (!was_tried) {
+      LeaveOut(NameOf(path), Localized("it is not installed at %1", {path.string()}));
+    }
   }
 }
 
@@ -105,8 +107,9 @@ ExtensionPanels Extensions::Panels(HostCallback *host) {
       if (same == panels.end()) {
         panels.push_back(std::make_shared<ExtensionPanel>(std::move(*panel)));
       } else if ((*same)->bundle() != bundle.bundle()) {
-        LeaveOut(bundle.bundle(), "another bundle, " + Words([(*same)->bundle() bundlePath]) +
-                                      ", offers the same kind of panel, " + panel->kind());
+        LeaveOut(bundle.bundle(),
+                 Localized("another bundle, %1, offers the same kind of panel, %2",
+                           {Words([(*same)->bundle() bundlePath]), panel->kind()}));
       }
     }
   }
@@ -116,7 +119,7 @@ ExtensionPanels Extensions::Panels(HostCallback *host) {
 std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
   if (bundles_.empty()) return ReasonForNoBundle();
   if (ppd == nullptr) {
-    return "the queue has no PPD file, in which a printer declares what extensions need";
+    return Localized("the queue has no PPD file, in which a printer declares what extensions need");
   }
   const auto reason_of = [this, ppd](const ExtensionBundle &bundle) {
     const auto trouble = troubles_.find(bundle.bundle());
@@ -132,11 +135,15 @@ std::string Extensions::ReasonForNoPanel(const PPDFile *ppd) const {
 
 std::string Extensions::ReasonForNoBundle() const {
   if (left_out_.empty()) {
-    return "no extension bundle (*.plugin) in " + folders_ + "; name one with --plugin";
+    return Localized(
+        "no extension bundle (*.plugin) in any of these folders: %1; name one with --plugin",
+        {folders_});
   }
-  std::string text = "no extension bundle could be loaded";
-  for (const LeftOut &one : left_out_) text += "; " + one.name + ": " + one.reason;
-  return text;
+  std::string text;
+  for (const LeftOut &one : left_out_) {
+    text += (text.empty() ? "" : "; ") + one.name + ": " + one.reason;
+  }
+  return Localized("no extension bundle could be loaded; %1", {text});
 }
 
 void Extensions::LeaveOut(const ExtensionPanel &panel) {

@@ -11,7 +11,7 @@
 // The text in UTF-8; nil, or one that has none: "".
 std::string Words(NSString *text);
 
-// What an exception says, for people: "raised NSGenericException: no paper". Any object may be one.
+// What an exception says: "NSGenericException: no paper". Any object may be one.
 std::string DescribeException(id exception);
 
 // Runs the body, which throws no C++ exception, and answers what it raised. Whatever it left to an

@@ -7,8 +7,8 @@ std::string Words(NSString *text) {
 
 std::string DescribeException(id exception) {
   if (![exception isKindOfClass:[NSException class]]) {
-    return "raised " + Words([exception description]);
+    return Words([exception description]);
   }
   const std::string reason = Words([(NSException *)exception reason]);
-  return "raised " + Words([(NSException *)exception name]) + (reason.empty() ? "" : ": " + reason);
+  return Words([(NSException *)exception name]) + (reason.empty() ? "" : ": " + reason);
 }

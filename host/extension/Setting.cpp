@@ -3,21 +3,22 @@
 #include <algorithm>
 #include <charconv>
 
-std::string Setting::Allowed() const {
+#include "host/base/Localized.h"
+
+std::string Setting::Demand() const {
   if (choices.empty()) {
-    return "a whole number from " + std::to_string(min) + " to " + std::to_string(max);
+    return Localized("it must be a whole number from %1 to %2",
+                     {std::to_string(min), std::to_string(max)});
   }
   std::string list;
-  for (const std::string &choice : choices) {
-    if (!list.empty()) list += ", ";
-    list += choice;
-  }
-  return choices.size() == 1 ? list : "one of " + list;
+  for (const std::string &choice : choices) list += (list.empty() ? "" : ", ") + choice;
+  return choices.size() == 1 ? Localized("it must be %1", {list})
+                             : Localized("it must be one of %1", {list});
 }
 
 Expected<std::string> Setting::Check(std::string_view value) const {
-  const Failure refusal{name + " cannot be \"" + std::string(value) + "\": it must be " +
-                        Allowed()};
+  const Failure refusal{
+      Localized("%1 cannot be %2: %3", {name, "\"" + std::string(value) + "\"", Demand()})};
   if (!choices.empty()) {
     if (std::find(choices.begin(), choices.end(), value) == choices.end()) return refusal;
     return std::string(value);

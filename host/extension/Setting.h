@@ -19,8 +19,8 @@ struct Setting {
   long min = 0;
   long max = 0;
 
-  // The allowed values, for people.
-  std::string Allowed() const;
+  // The allowed values, for people: "it must be one of Small, Large".
+  std::string Demand() const;
   // The value as it is stored ("007" is stored as "7"). The failure names what is allowed.
   Expected<std::string> Check(std::string_view value) const;
 };

@@ -5,21 +5,23 @@
 #include <cerrno>
 #include <cstring>
 
+#include "host/base/Localized.h"
+
 namespace fs = std::filesystem;
 
 std::optional<Failure> ReasonAgainstFiles(const std::vector<fs::path> &files) {
   for (const fs::path &file : files) {
     const auto failure = [&file](const std::string &why) {
-      return Failure{"cannot print " + file.string() + ": " + why};
+      return Failure{Localized("cannot print %1: %2", {file.string(), why})};
     };
     std::error_code error;
     const fs::file_status status = fs::status(file, error);
-    if (status.type() == fs::file_type::not_found) return failure("no such file");
+    if (status.type() == fs::file_type::not_found) return failure(Localized("no such file"));
     if (error) return failure(error.message());
-    if (fs::is_directory(status)) return failure("it is a folder");
-    if (!fs::is_regular_file(status)) return failure("not a regular file");
+    if (fs::is_directory(status)) return failure(Localized("it is a folder"));
+    if (!fs::is_regular_file(status)) return failure(Localized("not a regular file"));
     if (access(file.c_str(), R_OK) != 0) return failure(std::strerror(errno));
-    if (fs::file_size(file, error) == 0) return failure("the file is empty");
+    if (fs::file_size(file, error) == 0) return failure(Localized("the file is empty"));
   }
   return std::nullopt;
 }
@@ -28,5 +30,5 @@ std::string TitleOfJob(const std::vector<fs::path> &files) {
   if (files.empty()) return "";
   std::string first = files.front().filename().string();
   if (files.size() == 1) return first;
-  return first + " and " + std::to_string(files.size() - 1) + " more";
+  return Localized("%1 and %2 more", {first, std::to_string(files.size() - 1)});
 }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "host/base/Localized.h"
 #include "host/base/WholeFile.h"
 #include "host/job/TicketText.h"
 
@@ -73,19 +74,21 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
     return settings;
   }
   const auto failure = [&path](const std::string &why) {
-    return Failure{"cannot read ticket " + path.string() + ": " + why};
+    return Failure{Localized("cannot read ticket %1: %2", {path.string(), why})};
   };
-  if (!std::filesystem::is_regular_file(path, error)) return failure("not a regular file");
+  const auto damaged = [&failure](const std::string &why) {
+    return failure(Localized("not a property list: %1", {why}));
+  };
+  if (!std::filesystem::is_regular_file(path, error))
+    return failure(Localized("not a regular file"));
   if (std::filesystem::file_size(path, error) > kLargestTicket) {
-    return failure("not a property list: the file is larger than 1 MiB");
+    return damaged(Localized("the file is larger than 1 MiB"));
   }
   NSData *data = [NSData dataWithContentsOfFile:String(path)];
-  if (data == nil) return failure("no permission, or a reading error");
+  if (data == nil) return failure(Localized("no permission, or a reading error"));
   const std::string_view text =
       WithoutByteOrderMark({static_cast<const char *>([data bytes]), [data length]});
-  if (auto reason = ReasonAgainstTicketText(text)) {
-    return failure("not a property list: " + *reason);
-  }
+  if (auto reason = ReasonAgainstTicketText(text)) return damaged(*reason);
   data = [NSData dataWithBytes:text.data() length:text.size()];
 
   NSString *why = nil;
@@ -98,12 +101,10 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
   } @catch (NSException *exception) {
     why = [exception reason];
   }
-  if (root == nil) {
-    return failure(std::string("not a property list: ") +
-                   (why == nil ? "damaged" : [why UTF8String]));
-  }
+  if (root == nil)
+    return damaged(why == nil ? Localized("the file is damaged or cut off") : [why UTF8String]);
   if (![root isKindOfClass:[NSDictionary class]]) {
-    return failure("the property list is no dictionary of print settings");
+    return failure(Localized("the property list is no dictionary of print settings"));
   }
   for (id key in root) {
     PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
@@ -117,8 +118,9 @@ std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSet
                                                             format:NSPropertyListXMLFormat_v1_0
                                                   errorDescription:&why];
   if (data == nil) {
-    return Failure{"cannot write " + path.string() + ": " +
-                   (why == nil ? "a value is no property list" : [why UTF8String])};
+    return Failure{Localized("cannot write %1: %2",
+                             {path.string(), why == nil ? Localized("a value is no property list")
+                                                        : std::string([why UTF8String])})};
   }
   return WriteWholeFile(
       path, WithoutEscapedPairs({static_cast<const char *>([data bytes]), [data length]}));

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/job/PageRanges.h"
@@ -34,21 +35,21 @@ std::string Listed(const std::vector<PPDChoice> &choices) {
   constexpr size_t kLongestList = 12;
   constexpr size_t kShownOfLonger = 8;
   if (choices.size() > kShortList && AreConsecutiveNumbers(choices)) {
-    return choices.front().keyword + " to " + choices.back().keyword;
+    return Localized("%1 to %2", {choices.front().keyword, choices.back().keyword});
   }
   const size_t shown = choices.size() > kLongestList ? kShownOfLonger : choices.size();
   std::string list;
   for (size_t at = 0; at < shown; ++at) {
     list += (at == 0 ? "" : ", ") + ToUtf8(choices[at].keyword);
   }
-  if (shown < choices.size()) list += " and " + std::to_string(choices.size() - shown) + " more";
-  return list;
+  if (shown == choices.size()) return list;
+  return Localized("%1 and %2 more", {list, std::to_string(choices.size() - shown)});
 }
 
 std::string ReasonAgainstChoice(const PPDOption &option, const std::string &value) {
-  std::string reason = "this printer has no " + option.keyword + " " + Quoted(value);
-  if (!option.choices.empty()) reason += "; it has " + Listed(option.choices);
-  return reason;
+  const std::string wanted = option.keyword + " " + Quoted(value);
+  if (option.choices.empty()) return Localized("this printer has no %1", {wanted});
+  return Localized("this printer has no %1; it has %2", {wanted, Listed(option.choices)});
 }
 
 std::optional<std::string> ReasonIn(const Expected<std::string> &parsed) {
@@ -67,7 +68,7 @@ std::optional<std::string> ReasonAgainst(const std::string &keyword, const std::
     return ReasonAgainstChoice(*option, value);
   }
   if (!printer_specific.contains(keyword)) return std::nullopt;
-  return "this printer has no " + keyword;
+  return Localized("this printer has no %1", {keyword});
 }
 
 }  // namespace

@@ -5,13 +5,13 @@
 #include <optional>
 #include <vector>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 
 namespace {
 
 constexpr int kLastPage = 9999;
 constexpr int kMostCopies = 9999;
-constexpr char kForExample[] = "; write for example 1-3, 5, 8-";
 
 struct Range {
   int first;
@@ -31,23 +31,29 @@ std::optional<int> NumberUpTo(int largest, std::string_view digits) {
 }
 
 Expected<int> ParsePage(std::string_view text) {
-  if (!IsDigits(text)) return Failure{Quoted(text) + " is not a page number" + kForExample};
+  if (!IsDigits(text)) {
+    return Failure{
+        Localized("%1 is not a page number; write for example 1-3, 5, 8-", {Quoted(text)})};
+  }
   const std::optional<int> page = NumberUpTo(kLastPage, text);
   if (!page) {
-    return Failure{"page " + Quoted(text) + " is too high; the last page can be " +
-                   std::to_string(kLastPage)};
+    return Failure{Localized("page %1 is too high; the last page can be %2",
+                             {Quoted(text), std::to_string(kLastPage)})};
   }
-  if (*page == 0) return Failure{"there is no page 0; pages are counted from 1"};
+  if (*page == 0) return Failure{Localized("there is no page 0; pages are counted from 1")};
   return *page;
 }
 
 Expected<Range> ParseRange(std::string_view text) {
-  if (text.empty())
-    return Failure{"a page number is missing at a comma" + std::string(kForExample)};
+  if (text.empty()) {
+    return Failure{Localized("a page number is missing at a comma; write for example 1-3, 5, 8-")};
+  }
   const size_t dash = text.find('-');
   const std::string_view from = Trimmed(text.substr(0, dash));
   if (from.empty()) {
-    return Failure{"a page number is missing at the beginning of " + Quoted(text) + kForExample};
+    return Failure{
+        Localized("a page number is missing at the beginning of %1; write for example 1-3, 5, 8-",
+                  {Quoted(text)})};
   }
   Expected<int> first = ParsePage(from);
   if (!first) return Failure{first.message()};
@@ -58,8 +64,8 @@ Expected<Range> ParseRange(std::string_view text) {
   Expected<int> last = ParsePage(to);
   if (!last) return Failure{last.message()};
   if (*last < *first) {
-    return Failure{Quoted(text) + " ends before it begins; write " + std::to_string(*last) + "-" +
-                   std::to_string(*first)};
+    return Failure{Localized("%1 ends before it begins; write %2",
+                             {Quoted(text), std::to_string(*last) + "-" + std::to_string(*first)})};
   }
   return Range{*first, *last};
 }
@@ -109,7 +115,11 @@ Expected<std::string> ParseCopies(std::string_view text) {
   const std::optional<int> copies =
       IsDigits(digits) ? NumberUpTo(kMostCopies, digits) : std::nullopt;
   if (copies && *copies > 0) return std::to_string(*copies);
-  return Failure{(digits.empty() ? "the number of copies is missing"
-                                 : Quoted(digits) + " is not a number of copies") +
-                 "; write a whole number from 1 to " + std::to_string(kMostCopies)};
+  const std::string most = std::to_string(kMostCopies);
+  if (digits.empty()) {
+    return Failure{
+        Localized("the number of copies is missing; write a whole number from 1 to %1", {most})};
+  }
+  return Failure{Localized("%1 is not a number of copies; write a whole number from 1 to %2",
+                           {Quoted(digits), most})};
 }

@@ -3,6 +3,7 @@
 #include <climits>
 #include <initializer_list>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 
@@ -69,24 +70,26 @@ std::string WithoutEscapes(std::string_view text) {
 }  // namespace
 
 std::optional<Failure> ReasonAgainstPresetName(std::string_view name) {
-  if (name.empty()) return Failure{"the preset has no name; give it one"};
+  if (name.empty()) return Failure{Localized("the preset has no name; give it one")};
   const auto failure = [name](const std::string &why) {
-    return Failure{"no preset can be named " + Quoted(name) + ": " + why};
+    return Failure{Localized("no preset can be named %1: %2", {Quoted(name), why})};
   };
-  if (!IsUtf8(name)) return failure("the name is not UTF-8; choose another one");
+  if (!IsUtf8(name)) return failure(Localized("the name is not UTF-8; choose another one"));
   if (HasControlCharacters(name)) {
-    return failure("the name has line ends, tabs or other control characters; leave them out");
+    return failure(
+        Localized("the name has line ends, tabs or other control characters; leave them out"));
   }
   if (HasBlankAtAnEnd(name)) {
-    return failure("the name begins or ends with a blank; leave it out");
+    return failure(Localized("the name begins or ends with a blank; leave it out"));
   }
   for (const char *reserved : {kDefaultSettings, kLastUsed}) {
     if (InLowerCase(name) == InLowerCase(reserved)) {
-      return failure("every list of presets has an item of this name; choose another one");
+      return failure(
+          Localized("every list of presets has an item of this name; choose another one"));
     }
   }
   if (FileNameOfPreset(name).size() > NAME_MAX) {
-    return failure("the name is too long for a file; choose a shorter one");
+    return failure(Localized("the name is too long for a file; choose a shorter one"));
   }
   return std::nullopt;
 }

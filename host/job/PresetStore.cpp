@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "host/base/ConfigFolders.h"
+#include "host/base/Localized.h"
 #include "host/base/MoveFile.h"
 #include "host/base/Text.h"
 
@@ -39,10 +40,13 @@ void AddPresets(const fs::path &folder, bool for_all_users, std::vector<Preset> 
 // The user's own preset of this name, or why it cannot be changed.
 Expected<Preset> Changeable(const PresetStore &store, const std::string &name) {
   const std::optional<Preset> preset = store.Find(name);
-  if (!preset) return Failure{"there is no preset " + Quoted(name) + "; choose another one"};
+  if (!preset) {
+    return Failure{Localized("there is no preset %1; choose another one", {Quoted(name)})};
+  }
   if (preset->for_all_users) {
-    return Failure{preset->path.string() +
-                   " is for all users; save its settings as a preset of your own instead"};
+    return Failure{
+        Localized("%1 is for all users; save its settings as a preset of your own instead",
+                  {preset->path.string()})};
   }
   return *preset;
 }
@@ -82,11 +86,13 @@ std::optional<Failure> PresetStore::CheckName(const std::string &name) const {
 
 std::optional<Failure> PresetStore::MakeFolder() const {
   if (folder_.empty()) {
-    return Failure{"there is no home folder to keep presets in; set HOME or XDG_CONFIG_HOME"};
+    return Failure{
+        Localized("there is no home folder to keep presets in; set HOME or XDG_CONFIG_HOME")};
   }
   std::optional<Failure> failure = MakePrivateFolder(folder_);
-  if (failure) failure->message += "; set XDG_CONFIG_HOME to a folder that can be written";
-  return failure;
+  if (!failure) return std::nullopt;
+  return Failure{
+      Localized("%1; set XDG_CONFIG_HOME to a folder that can be written", {failure->message})};
 }
 
 Expected<fs::path> PresetStore::PathForWriting(const std::string &name) const {
@@ -104,19 +110,18 @@ std::optional<Failure> PresetStore::Rename(const std::string &from, const std::s
   const fs::path new_path = folder_ / FileNameOfPreset(to);
   const std::error_code error = MoveWithoutReplacing(preset->path, new_path);
   if (!error) return std::nullopt;
-  const std::string what = "cannot rename " + preset->path.string() + ": ";
-  if (error == std::errc::file_exists) {
-    return Failure{what + new_path.string() + " is in the way; choose another name than " +
-                   Quoted(to)};
-  }
-  return Failure{what + error.message()};
+  const std::string why = error == std::errc::file_exists
+                              ? Localized("%1 is in the way; choose another name than %2",
+                                          {new_path.string(), Quoted(to)})
+                              : error.message();
+  return Failure{Localized("cannot rename %1: %2", {preset->path.string(), why})};
 }
 
 std::optional<Failure> PresetStore::Delete(const std::string &name) const {
   Expected<Preset> preset = Changeable(*this, name);
   if (!preset) return Failure{preset.message()};
   if (unlink(preset->path.c_str()) == 0) return std::nullopt;
-  return Failure{"cannot delete " + preset->path.string() + ": " + std::strerror(errno)};
+  return Failure{Localized("cannot delete %1: %2", {preset->path.string(), std::strerror(errno)})};
 }
 
 fs::path PresetStore::LastUsedPath() const {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/base/Localized.h"
+
 namespace {
 
 constexpr int kDeepest = 100;
@@ -42,9 +44,9 @@ std::string_view WithoutByteOrderMark(std::string_view text) {
 }
 
 std::optional<std::string> ReasonAgainstTicketText(std::string_view text) {
-  if (text.empty()) return "the file is empty";
-  if (text.size() > kLargestTicket) return "the file is larger than 1 MiB";
-  if (text.find("<plist") == std::string_view::npos) return "there is no <plist> in it";
-  if (DeepestNesting(text) > kDeepest) return "it is nested deeper than 100 levels";
+  if (text.empty()) return Localized("the file is empty");
+  if (text.size() > kLargestTicket) return Localized("the file is larger than 1 MiB");
+  if (text.find("<plist") == std::string_view::npos) return Localized("there is no <plist> in it");
+  if (DeepestNesting(text) > kDeepest) return Localized("it is nested deeper than 100 levels");
   return std::nullopt;
 }

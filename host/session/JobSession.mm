@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/job/OptionFit.h"
 
@@ -133,7 +134,8 @@ void JobSession::LearnPrinterSpecificKeywords() {
 void JobSession::TakeAway(const std::string &keyword, const std::string &why, Notes &notes) {
   const std::string value = Value(keyword);
   Set(keyword, "");
-  notes.push_back(keyword + (value.empty() ? "" : ' ' + Quoted(value)) + " does not fit: " + why);
+  const std::string what = value.empty() ? keyword : keyword + ' ' + Quoted(value);
+  notes.push_back(Localized("%1 does not fit: %2", {what, why}));
 }
 
 void JobSession::TakeAwayBadValues(Notes &notes) {
@@ -148,12 +150,12 @@ void JobSession::TakeAwayBadValues(Notes &notes) {
     if ([value isKindOfClass:[NSNumber class]]) {
       Set(keyword, Value(keyword));
     } else {
-      TakeAway(keyword, "its value is no text", notes);
+      TakeAway(keyword, Localized("its value is no text"), notes);
     }
   }
   for (const Setting &setting :
        SettingsWithBadValues(extensions_.Settings(), JobOptionsFromSettings(settings()))) {
-    TakeAway(setting.key, "it must be " + setting.Allowed(), notes);
+    TakeAway(setting.key, setting.Demand(), notes);
   }
 }
 
@@ -265,16 +267,16 @@ void JobSession::ChangeOption(const std::string &keyword, const std::string &cho
 std::optional<Failure> JobSession::ReasonNotToPrint() {
   for (const auto &panel : panels_) {
     if (!panel->ShouldPrint()) {
-      return Failure{panel->name() + " does not allow this job to be printed"};
+      return Failure{Localized("%1 does not allow this job to be printed", {panel->name()})};
     }
   }
   const JobOptions options = JobOptionsFromSettings(settings());
   const auto reason = [](const std::string &keyword, const std::string &value,
                          const std::string &why) {
-    return Failure{"the job's " + keyword + " is " + Quoted(value) + ": " + why};
+    return Failure{Localized("the job's %1 is %2: %3", {keyword, Quoted(value), why})};
   };
   for (const Setting &setting : SettingsWithBadValues(extensions_.Settings(), options)) {
-    return reason(setting.key, options.at(setting.key), "it must be " + setting.Allowed());
+    return reason(setting.key, options.at(setting.key), setting.Demand());
   }
   // What a panel claims, it may know how to print without an option of the PPD file.
   std::set<std::string> specific = printer_specific_;

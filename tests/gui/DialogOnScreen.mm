@@ -74,7 +74,7 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
   dialog_ = std::make_unique<PrintDialog>(std::move(job), extensions_, store());
   dialog_->Open();
   HandleEventsUntil([this] { return [dialog_->window() isKeyWindow]; });
-  Activate(options.has_file ? "Print — page.ps" : "Print Settings");
+  Activate([[dialog_->window() title] UTF8String]);
 }
 
 DialogOnScreen::~DialogOnScreen() {

@@ -160,8 +160,9 @@ OBJC_TEST(PrintDialog, WaitingForAStoppedPrinterCanBeEnded) {
   EXPECT_EQUAL_OBJECTS(@"Close", [[screen.view() cancel] title]);
   PressKeys({"Escape"});
   screen.AwaitEnd();
-  EXPECT_EQ("has not been printed yet", screen.dialog().failure());
-  TestServer().Run({"cancel", "Stopped-" + std::to_string(screen.dialog().job_number())});
+  const std::string id = "Stopped-" + std::to_string(screen.dialog().job_number());
+  EXPECT_EQ(id + " has not been printed yet", screen.dialog().failure());
+  TestServer().Run({"cancel", id});
 }
 
 OBJC_TEST(PrintDialog, EscapeSendsNothing) {

@@ -2,9 +2,12 @@
 
 #import <Cocoa/Cocoa.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
+#include <utility>
 
 namespace {
 
@@ -27,9 +30,29 @@ class Application : public testing::Environment {
   }
 };
 
+// All texts, also those of the platform, of libcups and of programs that tests run, are English
+// whatever the language here is. The platform has read the variables before main begins: the
+// program begins once more.
+void SpeakEnglish(char **argv) {
+  constexpr std::pair<const char *, const char *> kVariables[] = {{"LANGUAGE", "en"},
+                                                                  {"LANG", "C.UTF-8"},
+                                                                  {"LC_ALL", nullptr},
+                                                                  {"LC_MESSAGES", nullptr},
+                                                                  {"LC_CTYPE", nullptr}};
+  bool was_other = false;
+  for (const auto &[name, value] : kVariables) {
+    const char *now = getenv(name);
+    if (value == nullptr ? now == nullptr : now != nullptr && strcmp(now, value) == 0) continue;
+    was_other = true;
+    value == nullptr ? unsetenv(name) : setenv(name, value, 1);
+  }
+  if (was_other) execv("/proc/self/exe", argv);
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
+  SpeakEnglish(argv);
   testing::InitGoogleTest(&argc, argv);
   if (testing::UnitTest::GetInstance()->total_test_count() == 0) {
     std::cerr << "this program has no tests\n";

@@ -490,7 +490,7 @@ TEST_F(PrintVerb, APresetWithAValueThatIsNoStringIsRefusedByItsName) {
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
               "<key>VQBNSize</key><true/></dict></plist>\n");
   EXPECT_EQ(RefusalOn("Office", 1, {"--preset", "Draft"}),
-            "pdeprint: cannot use preset \"Draft\": the value of VQBNSize is not a string\n");
+            "pdeprint: cannot use \"Draft\": the value of VQBNSize is not a string\n");
 }
 
 TEST_F(PrintVerb, AMissingTicketIsRefused) {

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/support/RunProgram.h"
+#include "tests/support/StringsTable.h"
 #include "tests/support/TestPPD.h"
 
 namespace fs = std::filesystem;
@@ -339,7 +340,7 @@ TEST(SettingsVerb, RefusesATicketWhoseKnownValueIsNoString) {
     const std::string before = ContentOf(ticket);
     const RunResult result = Settings(kColorPPD, {"--ticket", ticket.string()});
     EXPECT_EQ(1, result.status);
-    EXPECT_EQ("pdeprint: cannot use ticket " + ticket.string() +
+    EXPECT_EQ("pdeprint: cannot use " + ticket.string() +
                   ": the value of VQStartNumber is not a string\n",
               result.err);
     EXPECT_EQ(before, ContentOf(ticket));
@@ -608,18 +609,27 @@ class Installed : public testing::Test {
 
   static fs::path Prefix() { return fs::canonical(folder_->path()); }
   static fs::path Bundle() { return Prefix() / "lib/GNUstep/Bundles/BackgroundNumbering.plugin"; }
-  static RunResult Run(Arguments arguments) {
+  static RunResult Run(Arguments arguments, const std::string &language = "en") {
     arguments.insert(arguments.begin(), (Prefix() / "bin/pdeprint").string());
     return RunProgram(
-        arguments, {.environment = {{"DISPLAY", {}}, {"LANGUAGE", "en"}, {"LD_LIBRARY_PATH", {}}},
-                    .folder = Prefix().string()});
+        arguments,
+        {.environment = {{"DISPLAY", {}}, {"LANGUAGE", language}, {"LD_LIBRARY_PATH", {}}},
+         .folder = Prefix().string()});
   }
 
- private:
   static TemporaryFolder *folder_;
 };
 
 TemporaryFolder *Installed::folder_ = nullptr;
+
+TEST_F(Installed, FindsItsTexts) {
+  EXPECT_TRUE(fs::exists(Prefix() / "share/pdeprint/en.lproj/pdeprint.strings"));
+  folder_->Write("share/pdeprint/de.lproj/pdeprint.strings",
+                 Utf16(u"\"cannot read %1: %2\" = \"%1 nicht lesbar: %2\";\n"
+                       u"\"no such file\" = \"Datei fehlt\";\n"));
+  EXPECT_EQ("pdeprint: /absent.ppd nicht lesbar: Datei fehlt\n",
+            Run({"settings", "--ppd", "/absent.ppd"}, "de").err);
+}
 
 TEST_F(Installed, FindsItsBundle) {
   RunResult result = Run({"check", kColorPPD});
@@ -629,9 +639,9 @@ TEST_F(Installed, FindsItsBundle) {
   fs::rename(Bundle(), Prefix() / "elsewhere");
   result = Run({"check", kColorPPD});
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(result.err.starts_with("pdeprint: no extension bundle (*.plugin) in " +
-                                     (Prefix() / "bin").string() + ", " +
-                                     Bundle().parent_path().string() + ", "))
+  EXPECT_TRUE(result.err.starts_with(
+      "pdeprint: no extension bundle (*.plugin) in any of these folders: " +
+      (Prefix() / "bin").string() + ", " + Bundle().parent_path().string() + ", "))
       << result.err;
   EXPECT_TRUE(result.err.ends_with("; name one with --plugin\n")) << result.err;
   result = Run({"check", "--plugin", "elsewhere", kColorPPD});

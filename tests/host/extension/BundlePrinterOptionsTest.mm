@@ -84,7 +84,7 @@ OBJC_TEST(BundlePrinterOptions, MayBeAbsent) {
 OBJC_TEST(BundlePrinterOptions, OfTheWrongKindAreAFailure) {
   EXPECT_EQ("PDEPrinterOptions in its Info.plist is no dictionary",
             OptionsBundle("PDEPrinterOptions = a;").Failing());
-  EXPECT_EQ("PDEPrinterOptions, Color, is no file name",
+  EXPECT_EQ("PDEPrinterOptions, Color is no file name",
             OptionsBundle("PDEPrinterOptions = { Color = (a); };").Failing());
 }
 

@@ -13,9 +13,8 @@ const Setting kItem = {"Size", "VQBNSize", {"Small", "Medium", "Large"}, 0, 0};
 std::string Stored(const Setting &setting, std::string_view value) {
   Expected<std::string> stored = setting.Check(value);
   if (stored) return *stored;
-  EXPECT_EQ(
-      setting.name + " cannot be \"" + std::string(value) + "\": it must be " + setting.Allowed(),
-      stored.message());
+  EXPECT_EQ(setting.name + " cannot be \"" + std::string(value) + "\": " + setting.Demand(),
+            stored.message());
   return "refused";
 }
 
@@ -88,9 +87,9 @@ TEST(Setting, ItemsAreAllowedAsTheyAreWritten) {
 }
 
 TEST(Setting, NamesWhatIsAllowed) {
-  EXPECT_EQ("a whole number from 1 to 999", kNumber.Allowed());
-  EXPECT_EQ("one of Small, Medium, Large", kItem.Allowed());
-  EXPECT_EQ("Black", (Setting{"Color", "VQBNColor", {"Black"}, 0, 0}).Allowed());
+  EXPECT_EQ("it must be a whole number from 1 to 999", kNumber.Demand());
+  EXPECT_EQ("it must be one of Small, Medium, Large", kItem.Demand());
+  EXPECT_EQ("it must be Black", (Setting{"Color", "VQBNColor", {"Black"}, 0, 0}).Demand());
 }
 
 OBJC_TEST(SettingsOfBundle, AreThoseOfTheBuiltBundle) {
@@ -99,14 +98,14 @@ OBJC_TEST(SettingsOfBundle, AreThoseOfTheBuiltBundle) {
   ASSERT_TRUE(settings) << settings.message();
   std::vector<std::string> lines;
   for (const Setting &setting : *settings) {
-    lines.push_back(setting.name + " " + setting.key + " " + setting.Allowed());
+    lines.push_back(setting.name + " " + setting.key + ": " + setting.Demand());
   }
   const std::vector<std::string> expected = {
-      "Color VQBNColor one of Black, Red, Green, Blue, Cyan, Magenta, Yellow",
-      "Density VQBNDensity one of Light, Medium, Dark",
-      "Size VQBNSize one of Small, Medium, Large",
-      "StartNumber VQStartNumber a whole number from 1 to 999",
-      "Valid VQBackgroundNumbering one of On, Off",
+      "Color VQBNColor: it must be one of Black, Red, Green, Blue, Cyan, Magenta, Yellow",
+      "Density VQBNDensity: it must be one of Light, Medium, Dark",
+      "Size VQBNSize: it must be one of Small, Medium, Large",
+      "StartNumber VQStartNumber: it must be a whole number from 1 to 999",
+      "Valid VQBackgroundNumbering: it must be one of On, Off",
   };
   EXPECT_EQ(expected, lines);
 }
@@ -117,7 +116,7 @@ OBJC_TEST(SettingsOfBundle, NeedBothBoundsForARange) {
         @"DefaultValue" : @{@"NumberMin" : @"3"}});
   Expected<std::vector<Setting>> settings = SettingsOfBundle(Bundle(folder));
   ASSERT_TRUE(settings) << settings.message();
-  EXPECT_EQ("one of On, Off", settings->front().Allowed());
+  EXPECT_EQ("it must be one of On, Off", settings->front().Demand());
 }
 
 OBJC_TEST(SettingsOfBundle, AnEmptyListOfItemsAllowsNothing) {

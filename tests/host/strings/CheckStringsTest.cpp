@@ -1,0 +1,144 @@
+// scripts/check-strings, on this project and on small ones with a mistake each.
+
+#include <gtest/gtest.h>
+
+#include "tests/support/RunProgram.h"
+
+namespace {
+
+RunResult Check(const std::string &project) {
+  return RunProgram({SOURCE_DIRECTORY "/scripts/check-strings", project});
+}
+
+const char kSource[] =
+    "#include \"host/base/Localized.h\"\n"
+    "// Localized(no_text)\n"
+    "std::string Text() { return Localized(\"%1 of \"\n"
+    "                                      \"%2\", {\"a\", Localized(\"all\")}); }\n";
+const char kEnglish[] = "/* A \"comment\" */\n\"%1 of %2\" = \"%1 of %2\";\n\n\"all\" = \"all\";\n";
+const char kGerman[] = "\"%1 of %2\" = \"von %2 %1\";\n\"all\" = \"alle\";\n";
+
+class SmallProject {
+ public:
+  SmallProject() {
+    Write("host/base/Text.cpp", kSource);
+    Write("host/strings/en.lproj/pdeprint.strings", kEnglish);
+    WriteGerman(kGerman);
+  }
+  void Write(const std::string &name, const std::string &content) { folder_.Write(name, content); }
+  void WriteGerman(const std::string &table) {
+    Write("host/strings/de.lproj/pdeprint.strings", table);
+  }
+  // What is wrong, after the name of the file; "": nothing.
+  std::string Mistakes() const {
+    const RunResult result = Check(folder_.path().string());
+    EXPECT_EQ(result.err.empty() ? 0 : 1, result.status) << result.out << result.err;
+    std::string mistakes = result.err;
+    const std::string host = folder_.path().string() + "/host/";
+    for (size_t at; (at = mistakes.find(host)) != std::string::npos;)
+      mistakes.erase(at, host.size());
+    return mistakes;
+  }
+  std::string MistakesWithGerman(const std::string &table) {
+    WriteGerman(table);
+    return Mistakes();
+  }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+const std::string kTable = "strings/de.lproj/pdeprint.strings: ";
+
+}  // namespace
+
+TEST(Strings, AllLanguagesHaveTheTextsOfTheSources) {
+  const RunResult result = Check(SOURCE_DIRECTORY);
+  EXPECT_EQ("", result.err);
+  EXPECT_EQ(0, result.status);
+}
+
+TEST(CheckStrings, FindsNothingWhereAllIsWell) { EXPECT_EQ("", SmallProject().Mistakes()); }
+
+TEST(CheckStrings, FindsATextThatNoTableHas) {
+  SmallProject project;
+  project.Write("host/base/More.mm", "auto text = Localized(\"some\");\n");
+  EXPECT_EQ("base/More.mm: \"some\" is not in the English table\n", project.Mistakes());
+}
+
+TEST(CheckStrings, FindsATextThatIsNoLiteral) {
+  SmallProject project;
+  project.Write("host/base/More.mm", "auto text = Localized(kText);\n");
+  EXPECT_EQ("base/More.mm: Localized(kText); ... begins with no literal text\n",
+            project.Mistakes());
+}
+
+TEST(CheckStrings, FindsATextThatIsNotUsed) {
+  SmallProject project;
+  project.Write("host/strings/en.lproj/pdeprint.strings",
+                std::string(kEnglish) + "\"some\" = \"some\";\n");
+  project.WriteGerman(std::string(kGerman) + "\"some\" = \"einige\";\n");
+  EXPECT_EQ("strings/en.lproj/pdeprint.strings: \"some\" is not used\n", project.Mistakes());
+}
+
+TEST(CheckStrings, FindsAnEnglishTextThatIsAnotherOne) {
+  SmallProject project;
+  project.Write("host/strings/en.lproj/pdeprint.strings",
+                "\"%1 of %2\" = \"%1 of %2\";\n\"all\" = \"every\";\n");
+  EXPECT_EQ("strings/en.lproj/pdeprint.strings: the text of \"all\" is another one\n",
+            project.Mistakes());
+}
+
+TEST(CheckStrings, FindsATextThatIsMissingInALanguage) {
+  EXPECT_EQ(kTable + "\"all\" is missing\n",
+            SmallProject().MistakesWithGerman("\"%1 of %2\" = \"von %2 %1\";\n"));
+}
+
+TEST(CheckStrings, FindsATextThatEnglishDoesNotHave) {
+  EXPECT_EQ(kTable + "\"some\" is not in the English table\n",
+            SmallProject().MistakesWithGerman(std::string(kGerman) + "\"some\" = \"einige\";\n"));
+}
+
+TEST(CheckStrings, FindsATextThatIsThereTwice) {
+  EXPECT_EQ(kTable + "\"all\" is there twice\n",
+            SmallProject().MistakesWithGerman(std::string(kGerman) + "\"all\" = \"alle\";\n"));
+}
+
+TEST(CheckStrings, FindsPlacesThatAreMissingOrTooMany) {
+  const std::string all = "\"all\" = \"alle\";\n";
+  EXPECT_EQ(kTable + "\"von %2\" has not the places of \"%1 of %2\"\n",
+            SmallProject().MistakesWithGerman("\"%1 of %2\" = \"von %2\";\n" + all));
+  EXPECT_EQ(kTable + "\"%1 %2 %2\" has not the places of \"%1 of %2\"\n",
+            SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1 %2 %2\";\n" + all));
+  EXPECT_EQ(kTable + "\"%1 %3\" has not the places of \"%1 of %2\"\n",
+            SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1 %3\";\n" + all));
+}
+
+TEST(CheckStrings, FindsEmptyTexts) {
+  EXPECT_EQ(kTable + "the text of \"all\" is empty\n",
+            SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1/%2\";\n\"all\" = \"\";\n"));
+}
+
+TEST(CheckStrings, FindsStrayBlanks) {
+  for (const std::string text : {" alle", "alle ", "al  le", "alle\\n"}) {
+    const std::string mistakes = SmallProject().MistakesWithGerman(
+        "\"%1 of %2\" = \"%1/%2\";\n\"all\" = \"" + text + "\";\n");
+    EXPECT_NE(std::string::npos, mistakes.find("has blanks at an end, or two in a row")) << text;
+  }
+}
+
+TEST(CheckStrings, FindsLineEndsThatAreMissing) {
+  SmallProject project;
+  project.Write("host/base/Text.cpp", "auto text = Localized(\"a\\nb\");\n");
+  project.Write("host/strings/en.lproj/pdeprint.strings", "\"a\\nb\" = \"a\\nb\";\n");
+  EXPECT_EQ(kTable + "\"c d\" has not the line ends of \"a\nb\"\n",
+            project.MistakesWithGerman("\"a\\nb\" = \"c d\";\n"));
+}
+
+TEST(CheckStrings, FindsWhereATableIsDamaged) {
+  const std::string mistakes =
+      SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1/%2\";\n\"all\" = alle;\n");
+  EXPECT_TRUE(mistakes.starts_with(
+      kTable + "what follows line 1 is neither a comment nor \"KEY\" = \"TEXT\";\n"))
+      << mistakes;
+}
