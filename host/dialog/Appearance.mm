@@ -1,5 +1,7 @@
 #import "host/dialog/Appearance.h"
 
+#include "host/dialog/ControlImages.h"
+
 void UseLightAppearance() {
   NSString *const background = @"0.95 0.95 0.95";
   NSString *const pale = @"0.98 0.98 0.98";
@@ -19,6 +21,7 @@ void UseLightAppearance() {
     // Scrollers on the right.
     @"NSScrollViewInterfaceStyle" : @"NSMacintoshInterfaceStyle",
   }];
+  UseLightControlImages();
 }
 
 void StraightenButtons(NSView *view) {
