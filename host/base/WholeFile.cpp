@@ -37,7 +37,7 @@ std::filesystem::path Destination(std::filesystem::path path, std::error_code &e
       break;
     }
     // As behind /dev/stdout: a file that is open, and goes on being written under no name.
-    const std::filesystem::path folder = weakly_canonical(path.parent_path(), error);
+    std::filesystem::path folder = weakly_canonical(path.parent_path(), error);
     if (folder.string().starts_with("/proc/")) return folder;
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
   }

@@ -65,6 +65,7 @@ void DrawLine(NSColor *color, CGFloat width, std::initializer_list<NSPoint> poin
 void UseLightControlImages() {
   // The pictures never go, and neither does their painter.
   static ControlPainter *const painter = [[ControlPainter alloc] init];
+  static NSMutableArray *const images = [[NSMutableArray alloc] init];
   struct Picture {
     SEL draw;
     NSString *name;
@@ -82,5 +83,7 @@ void UseLightControlImages() {
     [image addRepresentation:representation];
     [representation release];
     [image setName:picture.name];
+    [images addObject:image];
+    [image release];
   }
 }

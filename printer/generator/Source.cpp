@@ -18,7 +18,7 @@ nlohmann::json ReadDictionary(const fs::path &path) {
 // The platform's folders carry scripts, PPD files carry countries, and want each language without a
 // country too.
 std::string LanguageOfFolder(const fs::path &folder) {
-  const std::string name = folder.stem();
+  std::string name = folder.stem();
   if (name == "en") return "";
   if (name == "pt_PT") return "pt";
   if (name == "zh-Hans") return "zh_CN";

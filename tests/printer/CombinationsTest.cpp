@@ -146,11 +146,11 @@ void ExpectNumbersInTheMiddle(const char *name, size_t combinations) {
 }  // namespace
 
 TEST(Combinations, NoneRaisesAnErrorAndEachNumberIsInTheMiddleOfThePaper) {
-  ExpectNumbersInTheMiddle("VelmoraNumbering.ppd", 2 * 3 * 3 * 7 * 8 * 2);
+  ExpectNumbersInTheMiddle("VelmoraNumbering.ppd", 2UL * 3 * 3 * 7 * 8 * 2);
 }
 
 TEST(Combinations, SoItIsWithoutColor) {
-  ExpectNumbersInTheMiddle("VelmoraNumberingMono.ppd", 2 * 3 * 3 * 1 * 8 * 2);
+  ExpectNumbersInTheMiddle("VelmoraNumberingMono.ppd", 2UL * 3 * 3 * 1 * 8 * 2);
 }
 
 // Every job of a queue carries the code of Off.
