@@ -35,6 +35,9 @@ class SmallProject {
     EXPECT_EQ(result.err.empty() ? 0 : 1, result.status) << result.out << result.err;
     std::string mistakes = result.err;
     const std::string host = folder_.path().string() + "/host/";
+    const std::string root = folder_.path().string() + "/resources/";
+    for (size_t at; (at = mistakes.find(root)) != std::string::npos;)
+      mistakes.erase(at, root.size());
     for (size_t at; (at = mistakes.find(host)) != std::string::npos;)
       mistakes.erase(at, host.size());
     return mistakes;
@@ -141,4 +144,42 @@ TEST(CheckStrings, FindsWhereATableIsDamaged) {
   EXPECT_TRUE(mistakes.starts_with(
       kTable + "what follows line 1 is neither a comment nor \"KEY\" = \"TEXT\";\n"))
       << mistakes;
+}
+
+namespace {
+
+// What is wrong with a table of the panel beside this English one.
+std::string MistakesOfPanel(const std::string &german) {
+  SmallProject project;
+  project.Write("resources/en.lproj/Localizable.strings",
+                "\"Size_Small\" = \"Small\"; \"Size_Large\" = \"Large\"; \"Range\" = \"[MIN] to "
+                "[MAX]\";");
+  project.Write("resources/de.lproj/Localizable.strings", german);
+  return project.Mistakes();
+}
+
+const std::string kPanelTable = "de.lproj/Localizable.strings: ";
+
+}  // namespace
+
+TEST(Strings, APanelsTableHasTheKeysOfTheEnglishOne) {
+  EXPECT_EQ("", MistakesOfPanel("\"Size_Small\" = \"Klein\"; \"Size_Large\" = \"Gro\303\237\"; "
+                                "\"Range\" = \"[MIN] bis [MAX]\";"));
+  EXPECT_EQ(kPanelTable + "\"Range\" is missing\n" + kPanelTable +
+                "\"Other\" is not in the English table\n",
+            MistakesOfPanel("\"Size_Small\" = \"Klein\"; \"Size_Large\" = \"Breit\"; "
+                            "\"Other\" = \"Anderes\";"));
+}
+
+TEST(Strings, APanelsTitlesDifferWithinAMenu) {
+  EXPECT_EQ(kPanelTable + "\"Size_Large\" and \"Size_Small\" have the same title\n",
+            MistakesOfPanel("\"Size_Small\" = \"Klein\"; \"Size_Large\" = \"Klein\"; "
+                            "\"Range\" = \"[MIN] bis [MAX]\";"));
+}
+
+TEST(Strings, APanelsTextsKeepTheirPlacesAndHaveNoStrayBlanks) {
+  EXPECT_EQ(kPanelTable + "\"bis [MAX]\" has not the places of \"[MIN] to [MAX]\"\n" + kPanelTable +
+                "\"Klein \" has blanks at an end, or two in a row\n",
+            MistakesOfPanel("\"Size_Small\" = \"Klein \"; \"Size_Large\" = \"Breit\"; "
+                            "\"Range\" = \"bis [MAX]\";"));
 }
