@@ -1,6 +1,14 @@
 #import "host/dialog/Appearance.h"
 
+#import <objc/runtime.h>
+
 #include "host/dialog/ControlImages.h"
+
+namespace {
+
+NSColor *GrayForGreyedTexts(id, SEL) { return [NSColor colorWithCalibratedWhite:0.5 alpha:1]; }
+
+}  // namespace
 
 void UseLightAppearance() {
   NSString *const background = @"0.95 0.95 0.95";
@@ -22,6 +30,9 @@ void UseLightAppearance() {
     @"NSScrollViewInterfaceStyle" : @"NSMacintoshInterfaceStyle",
   }];
   UseLightControlImages();
+  // No default names this color. Panels choose it themselves, at any time, and compare with it.
+  method_setImplementation(class_getClassMethod([NSColor class], @selector(lightGrayColor)),
+                           reinterpret_cast<IMP>(GrayForGreyedTexts));
 }
 
 void StraightenButtons(NSView *view) {

@@ -5,10 +5,14 @@
 
 #import <Cocoa/Cocoa.h>
 
+@class FocusRing;
+
 /// Control and Command with X, C, V and A edit the focused text; Escape does what the window's
 /// close button does. A click on a pop-up button opens its menu and leaves it open. What an event
-/// raises is complained of, and the window lives on.
-@interface DialogWindow : NSWindow
+/// raises is complained of, and the window lives on. A ring shows which control has the focus.
+@interface DialogWindow : NSWindow {
+  FocusRing *_focusRing;
+}
 
 /// Titled and closable, around a view whose size it takes. It is not released when closed.
 - (instancetype)initWithTitle:(NSString *)title view:(NSView *)view resizable:(BOOL)resizable;

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <string>
 
+#import "host/dialog/FocusRing.h"
+
 namespace {
 
 NSString *const kEscape = @"\033";
@@ -52,7 +54,27 @@ void ComplainOfEvent(NSException *exception) {
   [self setTitle:title];
   [self setReleasedWhenClosed:NO];
   [self setContentView:view];
+  _focusRing = [[FocusRing alloc] initWithFrame:NSZeroRect];
   return self;
+}
+
+- (void)dealloc {
+  [_focusRing removeFromSuperview];
+  [_focusRing release];
+  [super dealloc];
+}
+
+// At once: the view that it leaves may be a panel's, about to be taken out.
+- (BOOL)makeFirstResponder:(NSResponder *)responder {
+  const BOOL made = [super makeFirstResponder:responder];
+  [_focusRing followFocusOfWindow:self];
+  return made;
+}
+
+// Whatever moves the control that has the focus ends here.
+- (void)displayIfNeeded {
+  [_focusRing followFocusOfWindow:self];
+  [super displayIfNeeded];
 }
 
 + (void)handleNextEvent {

@@ -10,8 +10,8 @@ namespace {
 
 NSArray *DialogClasses() {
   return @[
-    @"DialogWindow", @"PrintDialogView", @"WaitingView", @"Spinner", @"OptionsView", @"SummaryView",
-    @"ActionTarget", @"PollerTarget", @"FlippedView", @"HostCallback"
+    @"DialogWindow", @"FocusRing", @"PrintDialogView", @"WaitingView", @"Spinner", @"OptionsView",
+    @"SummaryView", @"ActionTarget", @"PollerTarget", @"FlippedView", @"HostCallback"
   ];
 }
 

@@ -293,6 +293,7 @@ OBJC_TEST(PrintDialog, InASmallWindowThePanelScrollsAndNothingElseIsCut) {
   screen.AwaitReady();
   NSWindow *window = screen.dialog().window();
   [window setContentSize:[window contentMinSize]];
+  [window makeFirstResponder:nil];  // what shows the focus stands around a control
   HandleEventsUntilSettled();
   PrintDialogView *view = screen.view();
   for (NSView *control : {(NSView *)[view printers], (NSView *)[view presets],

@@ -1,0 +1,48 @@
+#import "host/dialog/FocusRing.h"
+
+namespace {
+
+const CGFloat kDistance = 3;  // of the ring's outer edge from the control
+const CGFloat kWidth = 2;
+
+NSControl *FocusedControl(NSWindow *window) {
+  id focus = [window firstResponder];
+  // A field editor stands for the control that it edits.
+  if ([focus isKindOfClass:[NSText class]] && [focus isFieldEditor]) focus = [focus delegate];
+  return [focus isKindOfClass:[NSControl class]] ? focus : nil;
+}
+
+}  // namespace
+
+@implementation FocusRing
+
+- (void)followFocusOfWindow:(NSWindow *)window {
+  NSControl *control = FocusedControl(window);
+  NSView *superview = [control superview];
+  if (superview == nil) {
+    [self removeFromSuperview];
+    return;
+  }
+  const NSRect frame = NSInsetRect([control frame], -kDistance, -kDistance);
+  if ([self superview] == superview && NSEqualRects([self frame], frame)) return;
+  [superview setNeedsDisplayInRect:[self frame]];
+  [self setFrame:frame];
+  if ([self superview] != superview) {
+    [superview addSubview:self positioned:NSWindowBelow relativeTo:nil];
+  }
+  [self setNeedsDisplay:YES];
+}
+
+- (void)drawRect:(NSRect)rect {
+  (void)rect;
+  [[NSColor keyboardFocusIndicatorColor] set];
+  NSFrameRectWithWidth([self bounds], kWidth);
+}
+
+// Clicks beside the control are not the ring's.
+- (NSView *)hitTest:(NSPoint)point {
+  (void)point;
+  return nil;
+}
+
+@end
