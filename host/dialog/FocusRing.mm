@@ -25,7 +25,8 @@ NSControl *FocusedControl(NSWindow *window) {
   }
   const NSRect frame = NSInsetRect([control frame], -kDistance, -kDistance);
   if ([self superview] == superview && NSEqualRects([self frame], frame)) return;
-  [superview setNeedsDisplayInRect:[self frame]];
+  // Where it was, which may be in another part of the window.
+  [[self superview] setNeedsDisplayInRect:[self frame]];
   [self setFrame:frame];
   if ([self superview] != superview) {
     [superview addSubview:self positioned:NSWindowBelow relativeTo:nil];
