@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "host/base/Localized.h"
+#include "host/base/RegularFile.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/cups/CustomChoice.h"
@@ -83,13 +84,7 @@ PPDFile::PPDFile(ppd_file_t *ppd) : ppd_(ppd) {
 }
 
 Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path) {
-  std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  if (status.type() == std::filesystem::file_type::not_found)
-    return Failure{Localized("no such file")};
-  if (error) return Failure{error.message()};
-  // A pipe or a device might never end.
-  if (!std::filesystem::is_regular_file(status)) return Failure{Localized("not a regular file")};
+  if (auto reason = ReasonNotRegularFile(path)) return *reason;
 
   errno = 0;
   if (ppd_file_t *ppd = ppdOpenFile(path.c_str())) return PPDFile(ppd);

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "host/base/Localized.h"
+#include "host/base/RegularFile.h"
 
 namespace {
 
@@ -41,13 +42,7 @@ uint32_t LengthSaid(const std::filesystem::path &path) {
 }  // namespace
 
 Expected<std::string> ReadPPD(const std::filesystem::path &path) {
-  std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  if (status.type() == std::filesystem::file_type::not_found)
-    return Failure{Localized("no such file")};
-  if (error) return Failure{error.message()};
-  // A pipe or a device might never end.
-  if (!std::filesystem::is_regular_file(status)) return Failure{Localized("not a regular file")};
+  if (auto reason = ReasonNotRegularFile(path)) return *reason;
 
   const std::unique_ptr<cups_file_t, Closer> file(cupsFileOpen(path.c_str(), "r"));
   if (file == nullptr) return Failure{std::strerror(errno)};
