@@ -50,6 +50,19 @@ OBJC_TEST(FocusRing, LeavesNothingBehindWhenItGoes) {
   EXPECT_EQ(0, CountDiffering(before, PixelsOfView([panel.window() contentView]), kAnyDifference));
 }
 
+OBJC_TEST(FocusRing, LeavesNothingBehindInAPartOfTheWindowThatItLeaves) {
+  PanelOnScreen panel(NumberingFrom(@"25"));
+  NSView *help = [panel.dialog().view() help];
+  Focus(panel.window(), help);
+  const Pixels before = PixelsOfView([panel.window() contentView]);
+  Focus(panel.window(), panel[@"functionValid"]);
+  EXPECT_LT(0, CountDiffering(before, PixelsOfView([panel.window() contentView]), kAnyDifference));
+  PressKeys({"shift+Tab"});
+  PressKeys({"Tab"});
+  Focus(panel.window(), help);
+  EXPECT_EQ(0, CountDiffering(before, PixelsOfView([panel.window() contentView]), kAnyDifference));
+}
+
 OBJC_TEST(FocusRing, MovesWithItsControl) {
   PanelOnScreen panel(NumberingFrom(@"25"));
   NSView *print = [panel.dialog().view() print];
