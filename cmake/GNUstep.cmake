@@ -1,9 +1,13 @@
-# Targets GNUstep::Base and GNUstep::Gui with the flags that gnustep-config answers.
+# GNUstep: target Platform::Cocoa with the flags that gnustep-config answers, and the layout of bundles
+# that its NSBundle reads.
 #
 # The headers become system headers, so that our own warnings can be errors; optimisation, debugging
 # and warning flags stay with the presets.
 
+include(${CMAKE_CURRENT_LIST_DIR}/ObjectiveCxxLinking.cmake)
+
 find_program(GNUSTEP_CONFIG gnustep-config REQUIRED)
+find_program(ICONV iconv REQUIRED)
 
 function(gnustep_config_list result option)
   execute_process(
@@ -45,5 +49,34 @@ function(add_gnustep_target name libraries_option)
   target_link_libraries(${name} INTERFACE ${libraries})
 endfunction()
 
-add_gnustep_target(GNUstep::Base --base-libs)
-add_gnustep_target(GNUstep::Gui --gui-libs)
+add_gnustep_target(Platform::Cocoa --gui-libs)
+
+# The executable beside the folder Resources, which also holds Info.plist.
+set(BUNDLE_EXECUTABLES .)
+set(BUNDLE_RESOURCES Resources)
+set(BUNDLE_INFO_PLIST Resources/Info.plist)
+
+# GNUstep asks for the language of some codes under its English name only.
+set(SECOND_FOLDER_OF_he Hebrew)
+set(SECOND_FOLDER_OF_pt_PT Portuguese)
+
+# Layout files are read as they are.
+function(add_layout variable xib folder)
+  cmake_path(GET xib FILENAME file_name)
+  add_custom_command(
+    OUTPUT ${folder}/${file_name}
+    COMMAND ${CMAKE_COMMAND} -E copy ${xib} ${folder}/${file_name}
+    DEPENDS ${xib}
+    VERBATIM)
+  set(${variable} ${${variable}} ${folder}/${file_name} PARENT_SCOPE)
+endfunction()
+
+# What bundles link with lies above them, in the build tree and where they are installed.
+function(complete_bundle name bundle)
+  set_target_properties(${name} PROPERTIES BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/../../..")
+  set(installed ${CMAKE_INSTALL_LIBDIR}/GNUstep/Bundles/${name}.plugin)
+  install(TARGETS ${name} LIBRARY DESTINATION ${installed})
+  install(DIRECTORY ${bundle}/${BUNDLE_RESOURCES} DESTINATION ${installed})
+endfunction()
+
+set(PPD_FOLDER ${CMAKE_INSTALL_DATADIR}/ppd/velmora)

@@ -1,27 +1,27 @@
-# add_plugin_bundle(<name> OBJECTS <object libraries> INFO_PLIST <template> RESOURCES <files>
-#                   STRINGS_DIRECTORY <folder of <code>.lproj folders>
+# add_plugin_bundle(<name> OBJECTS <object libraries> INFO_PLIST <template> LAYOUT <.xib>
+#                   RESOURCES <files> STRINGS_DIRECTORY <folder of <code>.lproj folders>
 #                   DEPENDS <targets that make resources>)
 #
-# Builds <name>.plugin at the top of the build tree, in the layout that NSBundle reads here: the
-# executable beside the folder Resources, which also holds Info.plist.
+# Builds <name>.plugin at the top of the build tree, in the platform's own layout, and installs it where
+# the platform looks for it.
 
 include(${CMAKE_CURRENT_LIST_DIR}/StringsTables.cmake)
 
 function(add_plugin_bundle name)
-  cmake_parse_arguments(ARG "" "INFO_PLIST;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "INFO_PLIST;LAYOUT;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
 
   set(bundle ${PROJECT_BINARY_DIR}/${name}.plugin)
-  set(resources ${bundle}/Resources)
+  set(resources ${bundle}/${BUNDLE_RESOURCES})
 
   add_library(${name} MODULE)
   target_link_libraries(${name} PRIVATE ${ARG_OBJECTS})
-  set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}
-                                           BUILD_RPATH "$ORIGIN/.."
-                                           INSTALL_RPATH "$ORIGIN/../../..")
+  set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ""
+                                           LIBRARY_OUTPUT_DIRECTORY ${bundle}/${BUNDLE_EXECUTABLES})
 
-  configure_file(${ARG_INFO_PLIST} ${resources}/Info.plist @ONLY)
+  configure_file(${ARG_INFO_PLIST} ${bundle}/${BUNDLE_INFO_PLIST} @ONLY)
 
   set(outputs)
+  add_layout(outputs ${ARG_LAYOUT} ${resources})
   foreach(resource IN LISTS ARG_RESOURCES)
     cmake_path(GET resource FILENAME file_name)
     add_custom_command(
@@ -38,7 +38,5 @@ function(add_plugin_bundle name)
     add_dependencies(${name}Resources ${ARG_DEPENDS})
   endif()
 
-  set(installed ${CMAKE_INSTALL_LIBDIR}/GNUstep/Bundles)
-  install(TARGETS ${name} LIBRARY DESTINATION ${installed}/${name}.plugin)
-  install(DIRECTORY ${resources} DESTINATION ${installed}/${name}.plugin)
+  complete_bundle(${name} ${bundle} ${outputs} ${bundle}/${BUNDLE_INFO_PLIST})
 endfunction()

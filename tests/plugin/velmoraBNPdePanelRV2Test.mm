@@ -133,7 +133,7 @@ OBJC_TEST(PdePanelClass, ReleasesTheViewControllerBeforeTheCommonInfoItUses) {
 }
 
 OBJC_TEST(PdePanelCreation, MakesBothPartsForThisCallbackAndBundle) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Panel *panel = Make(job);
   EXPECT_TRUE([panel.commonInfo class] == [velmoraBNCommonInfoRV2 class]);
   EXPECT_TRUE((id)panel.commonInfo.callback == (id)job.host());
@@ -145,7 +145,7 @@ OBJC_TEST(PdePanelCreation, MakesBothPartsForThisCallbackAndBundle) {
 }
 
 OBJC_TEST(PdePanelCreation, StoresTheDefaultsOfTheJob) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Make(job);
   EXPECT_EQUAL_OBJECTS((@{
                          @"VQBackgroundNumbering" : @"Off",
@@ -158,7 +158,7 @@ OBJC_TEST(PdePanelCreation, StoresTheDefaultsOfTheJob) {
 }
 
 OBJC_TEST(PdePanelCreation, GivesEverythingBack) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_EQ(0, ReferencesLeft(job.host(), [&] {
               EXPECT_EQ(0, ReferencesLeft(job.bundle(), [&] {
                           EXPECT_EQ(0, ObjectsLeft([&] { [Make(job) supportedPPDOptionKeys]; }));
@@ -167,61 +167,61 @@ OBJC_TEST(PdePanelCreation, GivesEverythingBack) {
 }
 
 OBJC_TEST(PdePanelCreation, FailsWithoutCallback) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ExpectNotMade(nil, job.bundle());
 }
 
 OBJC_TEST(PdePanelCreation, FailsWithoutBundle) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ExpectNotMade([job.host() callback], nil);
 }
 
 OBJC_TEST(PdePanelCreation, FailsSilentlyWithoutSettingInfo) {
-  Job job(kColor, nil);
+  Job job(kColorDevice, nil);
   EXPECT_EQ(
       0, ReferencesLeft(job.host(), [&] { ExpectNotMade([job.host() callback], job.bundle()); }));
   EXPECT_EQUAL_OBJECTS(@{}, [job.host() allSettings]);
 }
 
 OBJC_TEST(PdePanelCreation, FailsSilentlyWhenTheViewControllerCannotBeMade) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NotReady not_ready;
   EXPECT_EQ(
       0, ReferencesLeft(job.host(), [&] { ExpectNotMade([job.host() callback], job.bundle()); }));
 }
 
 OBJC_TEST(PdePanelCreation, RaisesWhenTheSettingInfoLacksAKey) {
-  Job job(kColor, SettingInfoWith(@"TicketKey", @"Size", nil));
+  Job job(kColorDevice, SettingInfoWith(@"TicketKey", @"Size", nil));
   EXPECT_EQUAL_OBJECTS(NSInvalidArgumentException, NameOfRaisedInTheMaking([&] { Make(job); }));
 }
 
 OBJC_TEST(PdePanelName, IsTheLocalizedText) {
-  Job job(kColor, ShippedSettingInfo(), "\"BackgroundNumbering\" = \"Numbers Behind\";");
+  Job job(kColorDevice, ShippedSettingInfo(), "\"BackgroundNumbering\" = \"Numbers Behind\";");
   EXPECT_EQUAL_OBJECTS(@"Numbers Behind", [Make(job) panelName]);
 }
 
 OBJC_TEST(PdePanelName, IsTheKeyWhereTheTableHasNone) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_EQUAL_OBJECTS(@"BackgroundNumbering", [Make(job) panelName]);
 }
 
 OBJC_TEST(PdePanelKind, IsThatOfTheSettingInfo) {
-  Job job(kColor, SettingInfoWith(@"ID", @"PanelKind", @"org.test.Kind"));
+  Job job(kColorDevice, SettingInfoWith(@"ID", @"PanelKind", @"org.test.Kind"));
   EXPECT_EQUAL_OBJECTS(@"org.test.Kind", [Make(job) panelKind]);
 }
 
 OBJC_TEST(PdePanelKind, IsNilWhereTheSettingInfoHasNone) {
-  Job job(kColor, SettingInfoWith(@"ID", @"PanelKind", nil));
+  Job job(kColorDevice, SettingInfoWith(@"ID", @"PanelKind", nil));
   EXPECT_EQUAL_OBJECTS(nil, [Make(job) panelKind]);
 }
 
 OBJC_TEST(PdePanelOptionKeys, AreTheFiveKeywordsInOrder) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_EQUAL_OBJECTS(OptionKeys(), [Make(job) supportedPPDOptionKeys]);
 }
 
 OBJC_TEST(PdePanelOptionKeys, AreOneListMadeOnFirstDemand) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Panel *panel = Make(job);
   Ivar field = class_getInstanceVariable([Panel class], "supportedOptions");
   EXPECT_TRUE(object_getIvar(panel, field) == nil);
@@ -236,12 +236,12 @@ OBJC_TEST(PdePanelOptionKeys, AreOneListMadeOnFirstDemand) {
 }
 
 OBJC_TEST(PdePanelOptionKeys, BelongToTheirPanel) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_TRUE([Make(job) supportedPPDOptionKeys] != [Make(job) supportedPPDOptionKeys]);
 }
 
 OBJC_TEST(PdePanelOptionKeys, AreLoggedOnEveryCall) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Panel *panel = Make(job);
   interposed::Clear();
   const std::string line = "log supportedPPDOptionKeys:=NSArray((VQBackgroundNumbering, VQBNSize, "
@@ -255,7 +255,7 @@ OBJC_TEST(PdePanelOptionKeys, AreLoggedOnEveryCall) {
 }
 
 OBJC_TEST(PdePanelOptionKeys, AreTheOnlyThingLogged) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Panel *panel = Make(job);
   [panel willShow];
   [panel shouldHide];
@@ -273,7 +273,7 @@ OBJC_TEST(PdePanelOptionKeys, AreTheOnlyThingLogged) {
 
 OBJC_TEST(PdePanelShow, RestoresThenUpdatesWhateverTheRestoreSays) {
   for (BOOL answer : {YES, NO}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     PanelOfRecordingViewController *panel = MakeRecorded(job, answer);
     [panel willShow];
     EXPECT_EQ((Strings{"restore", "updateView"}), panel->recorder->asked);
@@ -282,7 +282,7 @@ OBJC_TEST(PdePanelShow, RestoresThenUpdatesWhateverTheRestoreSays) {
 
 OBJC_TEST(PdePanelRestore, RestoresThenUpdatesAndSaysYesWhateverTheRestoreSays) {
   for (BOOL answer : {YES, NO}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     PanelOfRecordingViewController *panel = MakeRecorded(job, answer);
     NSError *const before = (NSError *)@"untouched";
     NSError *error = before;
@@ -295,7 +295,7 @@ OBJC_TEST(PdePanelRestore, RestoresThenUpdatesAndSaysYesWhateverTheRestoreSays) 
 
 OBJC_TEST(PdePanelSave, PassesTheAnswerOnAndLeavesTheErrorAlone) {
   for (BOOL answer : {YES, NO}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     PanelOfRecordingViewController *panel = MakeRecorded(job, answer);
     NSError *const before = (NSError *)@"untouched";
     NSError *error = before;
@@ -308,7 +308,7 @@ OBJC_TEST(PdePanelSave, PassesTheAnswerOnAndLeavesTheErrorAlone) {
 
 OBJC_TEST(PdePanelPrint, VerifiesAndPassesTheAnswerOn) {
   for (BOOL answer : {YES, NO}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     PanelOfRecordingViewController *panel = MakeRecorded(job, answer);
     EXPECT_EQ(answer, [panel shouldPrint]);
     EXPECT_EQ((Strings{"verify"}), panel->recorder->asked);
@@ -316,7 +316,7 @@ OBJC_TEST(PdePanelPrint, VerifiesAndPassesTheAnswerOn) {
 }
 
 OBJC_TEST(PdePanelPrint, CorrectsTheColorOfTheJobWithoutColor) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Panel *panel = Make(job);
   job.Store(@"VQBNColor", @"Red");
   EXPECT_TRUE([panel shouldPrint]);
@@ -324,7 +324,7 @@ OBJC_TEST(PdePanelPrint, CorrectsTheColorOfTheJobWithoutColor) {
 }
 
 OBJC_TEST(PdePanelView, IsTheViewControllersOfTheLayoutOfThatName) {
-  Job job(kColor);
+  Job job(kColorDevice);
   PanelOfRecordingViewController *panel = MakeRecorded(job);
   EXPECT_TRUE([panel panelView] == nil);
   panel->recorder->panelView = [[[NSView alloc] init] autorelease];
@@ -333,7 +333,7 @@ OBJC_TEST(PdePanelView, IsTheViewControllersOfTheLayoutOfThatName) {
 }
 
 OBJC_TEST(PdePanelSummary, IsTheViewControllersUnderTheDialogsOrderKey) {
-  Job job(kColor);
+  Job job(kColorDevice);
   PanelOfRecordingViewController *panel = MakeRecorded(job);
   panel->recorder->summary = @{@"title" : @"value"};
   EXPECT_TRUE([panel summaryInfo] == panel->recorder->summary);
@@ -341,7 +341,7 @@ OBJC_TEST(PdePanelSummary, IsTheViewControllersUnderTheDialogsOrderKey) {
 }
 
 OBJC_TEST(PdePanelSummary, OfARealJobCarriesItsDisplayOrder) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Panel *panel = Make(job);
   job.Store(@"VQBackgroundNumbering", @"On");
   EXPECT_EQUAL_OBJECTS((@[ @"Size", @"Density", @"Color", @"StartNumber" ]),
@@ -350,7 +350,7 @@ OBJC_TEST(PdePanelSummary, OfARealJobCarriesItsDisplayOrder) {
 
 OBJC_TEST(PdePanelAnswers, HideAndHelpAreAlwaysYesAndAskNothing) {
   for (BOOL answer : {YES, NO}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     PanelOfRecordingViewController *panel = MakeRecorded(job, answer);
     EXPECT_TRUE([panel shouldHide]);
     EXPECT_TRUE([panel shouldShowHelp]);
@@ -364,7 +364,7 @@ OBJC_TEST(PdePanelAnswers, HideAndHelpAreAlwaysYesAndAskNothing) {
 }
 
 OBJC_TEST(PdePanelAnswers, AChangedOptionChangesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   PanelOfRecordingViewController *panel = MakeRecorded(job);
   [panel PPDOptionKeyValueDidChange:@"VQBNColor" ppdChoice:@"Red"];
   EXPECT_EQ(Strings{}, panel->recorder->asked);
@@ -372,7 +372,7 @@ OBJC_TEST(PdePanelAnswers, AChangedOptionChangesNothing) {
 }
 
 OBJC_TEST(PdePanelBeforeItsView, ShowsAndStoresNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Panel *panel = Make(job);
   interposed::Clear();
   [panel willShow];

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#import "tests/support/LiveInstances.h"
+
 /// "name type" of the fields that the class itself declares, in order; the type of an object is its
 /// class.
 std::vector<std::string> FieldsOf(Class cls);
@@ -23,9 +25,6 @@ std::vector<std::string> FieldsReleasedAtTeardown(Class cls);
 
 /// Whether instances answer a setter of any of these properties.
 bool HasSetterOf(Class cls, NSArray *properties);
-
-/// How many instances of exactly this class there are more than when the first was counted.
-long LiveInstances(Class cls);
 
 /// How many instances of exactly these classes the body leaves behind once the current autorelease
 /// scope of its own has ended.

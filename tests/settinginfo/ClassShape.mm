@@ -4,10 +4,6 @@
 
 #include <cstdlib>
 
-// The base library's header hides these where NDEBUG is defined; the library has them nevertheless.
-extern "C" BOOL GSDebugAllocationActive(BOOL active);
-extern "C" int GSDebugAllocationCount(Class cls);
-
 @interface ReleaseWitness : NSObject {
  @public
   const char *field;
@@ -39,11 +35,6 @@ std::string TypeName(Ivar field) {
 }
 
 }  // namespace
-
-long LiveInstances(Class cls) {
-  GSDebugAllocationActive(YES);
-  return GSDebugAllocationCount(cls);
-}
 
 std::vector<std::string> FieldsOf(Class cls) {
   std::vector<std::string> fields;

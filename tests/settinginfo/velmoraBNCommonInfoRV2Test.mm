@@ -64,7 +64,7 @@ id Ask(velmoraBNCommonInfoRV2 *info, const Accessor &accessor) {
 }
 
 void ExpectAllAbsent(id setting_info) {
-  Job job(kColor, setting_info);
+  Job job(kColorDevice, setting_info);
   ASSERT_TRUE(job.info() != nil);
   for (const Accessor &accessor : kAccessors) {
     SCOPED_TRACE([accessor.operation UTF8String]);
@@ -73,7 +73,7 @@ void ExpectAllAbsent(id setting_info) {
 }
 
 void ExpectNotMade(NSBundle *bundle) {
-  TestPPD ppd(kColor);
+  TestPPD ppd(kColorDevice);
   TestHost *host = [TestHost hostWithPPD:ppd.get()];
   interposed::Clear();
   velmoraBNCommonInfoRV2 *info = (velmoraBNCommonInfoRV2 *)host;
@@ -158,7 +158,7 @@ OBJC_TEST(CommonInfoClass, ReleasesTheDictionaryThenTheBundleThenTheCallback) {
 OBJC_TEST(CommonInfoCreation, KeepsWhatItIsGivenAndTheWholeResource) {
   NSMutableDictionary *setting_info = ShippedSettingInfo();
   [setting_info setObject:@"kept" forKey:@"Unknown"];
-  Job job(kColor, setting_info);
+  Job job(kColorDevice, setting_info);
   EXPECT_TRUE((id)job.info().callback == (id)job.host());
   EXPECT_TRUE(job.info().bundle == job.bundle());
   EXPECT_EQUAL_OBJECTS(setting_info, job.info().settingInfoDictionary);
@@ -166,7 +166,7 @@ OBJC_TEST(CommonInfoCreation, KeepsWhatItIsGivenAndTheWholeResource) {
 }
 
 OBJC_TEST(CommonInfoCreation, RetainsCallbackAndBundleOnceAndGivesThemBack) {
-  Job job(kColor);
+  Job job(kColorDevice);
   velmoraBNCommonInfoRV2 *info = nil;
   auto make = [&] {
     info = [[velmoraBNCommonInfoRV2 alloc] initWithCallback:[job.host() callback]
@@ -179,7 +179,7 @@ OBJC_TEST(CommonInfoCreation, RetainsCallbackAndBundleOnceAndGivesThemBack) {
 }
 
 OBJC_TEST(CommonInfoCreation, AsksNothingOfTheDialogYet) {
-  TestPPD ppd(kColor);
+  TestPPD ppd(kColorDevice);
   TestBundle bundle(ShippedSettingInfo());
   TestHost *host = [TestHost hostWithPPD:ppd.get()];
   interposed::Clear();
@@ -191,7 +191,7 @@ OBJC_TEST(CommonInfoCreation, AsksNothingOfTheDialogYet) {
 }
 
 OBJC_TEST(CommonInfoCreation, FailsWithoutCallback) {
-  Job job(kColor);
+  Job job(kColorDevice);
   velmoraBNCommonInfoRV2 *info = job.info();
   EXPECT_EQ(0, InstancesLeft([velmoraBNCommonInfoRV2 class], [&] {
               EXPECT_EQ(0, ReferencesLeft(job.bundle(), [&] {
@@ -225,7 +225,7 @@ OBJC_TEST(CommonInfoCreation, FailsSilentlyWhenTheFileIsNoPropertyList) {
 }
 
 OBJC_TEST(CommonInfoLookup, EveryAccessorReadsItsOwnEntry) {
-  Job job(kColor, EntriesWith(PathOf));
+  Job job(kColorDevice, EntriesWith(PathOf));
   for (const Accessor &accessor : kAccessors) {
     SCOPED_TRACE([accessor.operation UTF8String]);
     EXPECT_EQUAL_OBJECTS(PathOf(accessor), Ask(job.info(), accessor));
@@ -234,7 +234,7 @@ OBJC_TEST(CommonInfoLookup, EveryAccessorReadsItsOwnEntry) {
 
 OBJC_TEST(CommonInfoLookup, AnswersTheStoredObjectWhateverItsType) {
   for (id value in @[ @"text", @7, @[ @"item" ], @[], @{@"key" : @"value"} ]) {
-    Job job(kColor, EntriesWith([&](const Accessor &) { return value; }));
+    Job job(kColorDevice, EntriesWith([&](const Accessor &) { return value; }));
     for (const Accessor &accessor : kAccessors) {
       SCOPED_TRACE([accessor.operation UTF8String]);
       id stored = [[job.info().settingInfoDictionary objectForKey:accessor.section]
@@ -262,7 +262,7 @@ OBJC_TEST(CommonInfoLookup, OneAbsentEntryAffectsNoOther) {
   for (const Accessor &removed : kAccessors) {
     NSMutableDictionary *setting_info = EntriesWith(PathOf);
     [[setting_info objectForKey:removed.section] removeObjectForKey:removed.entry];
-    Job job(kColor, setting_info);
+    Job job(kColorDevice, setting_info);
     for (const Accessor &accessor : kAccessors) {
       SCOPED_TRACE([[@"without " stringByAppendingString:PathOf(removed)] UTF8String]);
       EXPECT_EQUAL_OBJECTS(&accessor == &removed ? nil : PathOf(accessor),
@@ -277,7 +277,7 @@ OBJC_TEST(CommonInfoLookup, ResolvesSectionAndEntryOneAfterTheOther) {
 
 OBJC_TEST(CommonInfoLookup, PanelKindIsNotTheEntryIDOfASectionPanelKind) {
   Job job(
-      kColor,
+      kColorDevice,
       @{@"PanelKind" : @{@"ID" : @"kind"}});
   EXPECT_EQUAL_OBJECTS(nil, [job.info() panelKindID]);
 }
@@ -303,27 +303,27 @@ OBJC_TEST(CommonInfoColor, TheFirstOfSeveralColorDevicesWins) {
 }
 
 OBJC_TEST(CommonInfoColor, AQueueWithoutPPDFileHasNoColor) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.host()->ppd = nullptr;
   EXPECT_FALSE([job.info() isColorPrinter]);
   EXPECT_EQUAL_OBJECTS(@"Black", [job.info() defaultColor]);
 }
 
 OBJC_TEST(CommonInfoColor, BlackNeedsNoEntryInTheResource) {
-  Job job(kMono, EmptySections());
+  Job job(kMonoDevice, EmptySections());
   EXPECT_EQUAL_OBJECTS(@"Black", [job.info() defaultColor]);
   EXPECT_EQUAL_OBJECTS(@[ @"Black" ], [job.info() popUpItemsForColor]);
 }
 
 OBJC_TEST(CommonInfoColor, BlackAloneIsANewImmutableArrayEachTime) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   NSArray *items = [job.info() popUpItemsForColor];
   EXPECT_TRUE(items != [job.info() popUpItemsForColor]);
   EXPECT_FALSE([items isKindOfClass:[NSMutableArray class]]);
 }
 
 OBJC_TEST(CommonInfoColor, OtherAccessorsDoNotDependOnColor) {
-  Job job(kMono, EntriesWith(PathOf));
+  Job job(kMonoDevice, EntriesWith(PathOf));
   for (const Accessor &accessor : kAccessors) {
     if ([accessor.operation isEqualToString:@"defaultColor"] ||
         [accessor.operation isEqualToString:@"popUpItemsForColor"]) {
@@ -335,8 +335,8 @@ OBJC_TEST(CommonInfoColor, OtherAccessorsDoNotDependOnColor) {
 }
 
 OBJC_TEST(CommonInfoColor, IsDecidedAnewOnEveryCall) {
-  Job job(kMono);
-  TestPPD color(kColor);
+  Job job(kMonoDevice);
+  TestPPD color(kColorDevice);
   EXPECT_FALSE([job.info() isColorPrinter]);
   job.host()->ppd = color.get();
   EXPECT_TRUE([job.info() isColorPrinter]);
@@ -366,7 +366,7 @@ OBJC_TEST(CommonInfoPPD, AsksForTheFileOnEveryCall) {
 }
 
 OBJC_TEST(CommonInfoPrintSettings, AreTheDialogsOfThisMoment) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_TRUE([job.info() currentPrintSettings] == job.host()->settings);
   job.DropSettings();
   EXPECT_TRUE([job.info() currentPrintSettings] == nullptr);
@@ -381,22 +381,22 @@ OBJC_TEST(CommonInfoIsReady, AlwaysSaysYes) {
 }
 
 OBJC_TEST(CommonInfoLocalizedString, AnswersTheTextOfTheDefaultTable) {
-  Job job(kColor, @{}, "\"Size_Small\" = \"Petite\";");
+  Job job(kColorDevice, @{}, "\"Size_Small\" = \"Petite\";");
   EXPECT_EQUAL_OBJECTS(@"Petite", [job.info() localizedString:@"Size_Small"]);
 }
 
 OBJC_TEST(CommonInfoLocalizedString, AnswersTheKeyWhereTheTableHasNone) {
-  Job job(kColor, @{}, "\"Size_Small\" = \"Petite\";");
+  Job job(kColorDevice, @{}, "\"Size_Small\" = \"Petite\";");
   EXPECT_EQUAL_OBJECTS(@"size_small", [job.info() localizedString:@"size_small"]);
 }
 
 OBJC_TEST(CommonInfoLocalizedString, AnswersTheKeyInABundleWithoutTable) {
-  Job job(kColor, @{});
+  Job job(kColorDevice, @{});
   EXPECT_EQUAL_OBJECTS(@"Size_Small", [job.info() localizedString:@"Size_Small"]);
 }
 
 OBJC_TEST(CommonInfo, LogsNothing) {
-  Job job(kColor, @{@"DefaultValue" : @"no section"});
+  Job job(kColorDevice, @{@"DefaultValue" : @"no section"});
   for (const Accessor &accessor : kAccessors) Ask(job.info(), accessor);
   [job.info() localizedString:@"absent"];
   [job.info() BNCIPpdFindAttribute:@"absent"];

@@ -76,10 +76,11 @@ std::string WithMorePageSizes(std::string text) {
 }  // namespace
 
 std::string NumberingPPDText(bool color, const std::string &lines) {
-  return WithMorePageSizes(TestPPD::Text(
-      std::string("*ImageableArea Letter/US Letter: \"18 18 594 774\"\n"
-                  "*ImageableArea A3/A3: \"18 18 824 1173\"\n"
-                  "*PaperDimension Letter/US Letter: \"612 792\"\n"
-                  "*PaperDimension A3/A3: \"842 1191\"\n") +
-      kSupported + (color ? kColor : kMono) + PaperOptions() + NumberingOptions(color) + lines));
+  return WithMorePageSizes(
+      TestPPD::Text(std::string("*ImageableArea Letter/US Letter: \"18 18 594 774\"\n"
+                                "*ImageableArea A3/A3: \"18 18 824 1173\"\n"
+                                "*PaperDimension Letter/US Letter: \"612 792\"\n"
+                                "*PaperDimension A3/A3: \"842 1191\"\n") +
+                    kSupported + (color ? kColorDevice : kMonoDevice) + PaperOptions() +
+                    NumberingOptions(color) + lines));
 }

@@ -20,18 +20,18 @@ TestBundle::TestBundle(id setting_info, const std::string &strings) {
   static int number = 0;
   const std::string info = "{ CFBundleIdentifier = \"test.bundle." + std::to_string(++number) +
                            "\"; CFBundlePackageType = BNDL; }";
-  folder_.Write("Test.bundle/Resources/Info-gnustep.plist", info);
+  folder_.Write("Test.bundle/" BUNDLE_INFO_PLIST, info);
   if (!strings.empty()) {
     NSString *text = [NSString stringWithUTF8String:strings.c_str()];
     NSData *utf16 = [text dataUsingEncoding:NSUnicodeStringEncoding];
-    folder_.Write("Test.bundle/Resources/en.lproj/Localizable.strings",
+    folder_.Write("Test.bundle/" BUNDLE_RESOURCES "/en.lproj/Localizable.strings",
                   {static_cast<const char *>([utf16 bytes]), [utf16 length]});
   }
   if (setting_info != nil) {
     NSData *data = [NSPropertyListSerialization dataFromPropertyList:setting_info
                                                               format:NSPropertyListXMLFormat_v1_0
                                                     errorDescription:nullptr];
-    folder_.Write("Test.bundle/Resources/BackgroundNumberingRV2-SettingInfo.plist",
+    folder_.Write("Test.bundle/" BUNDLE_RESOURCES "/BackgroundNumberingRV2-SettingInfo.plist",
                   {static_cast<const char *>([data bytes]), [data length]});
   }
   const std::string path = (folder_.path() / "Test.bundle").string();

@@ -12,8 +12,8 @@
 
 // Lines that make a PPD file a supported printer's, with and without colour.
 inline constexpr char kSupported[] = "*VQBackgroundNumberingSupport: \"true\"\n";
-inline constexpr char kColor[] = "*ColorDevice: True\n";
-inline constexpr char kMono[] = "*ColorDevice: False\n";
+inline constexpr char kColorDevice[] = "*ColorDevice: True\n";
+inline constexpr char kMonoDevice[] = "*ColorDevice: False\n";
 
 class TestPPD {
  public:

@@ -61,7 +61,7 @@ NSMutableDictionary *Info() {
 }
 
 struct ManagerJob : Job {
-  explicit ManagerJob(const std::string &ppd_lines = kColor, id setting_info = Info())
+  explicit ManagerJob(const std::string &ppd_lines = kColorDevice, id setting_info = Info())
       : Job(ppd_lines, setting_info,
             "\"Color_Red\" = \"Rouge\"; \"Size_Small\" = \"Petite\"; \"Size_Large\" = "
             "\"Grande\";") {}
@@ -136,7 +136,7 @@ void ExpectRaisesWithout(NSString *section, NSString *entry) {
   SCOPED_TRACE([[section stringByAppendingString:entry] UTF8String]);
   NSMutableDictionary *info = Info();
   [[info objectForKey:section] removeObjectForKey:entry];
-  ManagerJob job(kColor, info);
+  ManagerJob job(kColorDevice, info);
   EXPECT_EQUAL_OBJECTS(NSInvalidArgumentException,
                        NameOfRaisedInTheMaking([&] { Make(job.info()); }));
   EXPECT_EQUAL_OBJECTS(@{}, [job.host() allSettings]);
@@ -197,7 +197,7 @@ OBJC_TEST(TicketManagerCreation, LeavesValuesOfTheJobAlone) {
 }
 
 OBJC_TEST(TicketManagerCreation, StoresBlackOnAPrinterWithoutColor) {
-  ManagerJob job(kMono);
+  ManagerJob job(kMonoDevice);
   EXPECT_TRUE(Make(job.info()) != nil);
   EXPECT_EQUAL_OBJECTS(@"Black", job[@"C"]);
 }
@@ -245,7 +245,7 @@ OBJC_TEST(TicketManagerCreation, TakesTheDefaultStartNumberAsNumberOrString) {
   for (id number in @[ @42, @"42" ]) {
     NSMutableDictionary *setting_info = Info();
     [[setting_info objectForKey:@"DefaultValue"] setObject:number forKey:@"StartNumber"];
-    ManagerJob job(kColor, setting_info);
+    ManagerJob job(kColorDevice, setting_info);
     Manager *manager = Make(job.info());
     EXPECT_EQUAL_OBJECTS(@"42", manager.ticketStartNumber.defaultValue);
     EXPECT_TRUE([job[@"N"] isKindOfClass:[NSString class]]);
@@ -316,7 +316,7 @@ OBJC_TEST(TicketManagerCreation, RaisesWhenASectionIsOfAnotherType) {
     for (id value in @[ @"text", @[ @"item" ], @[] ]) {
       NSMutableDictionary *info = Info();
       [info setObject:value forKey:section];
-      ManagerJob job(kColor, info);
+      ManagerJob job(kColorDevice, info);
       EXPECT_EQUAL_OBJECTS(NSInvalidArgumentException,
                            NameOfRaisedInTheMaking([&] { Make(job.info()); }));
     }
@@ -326,7 +326,7 @@ OBJC_TEST(TicketManagerCreation, RaisesWhenASectionIsOfAnotherType) {
 OBJC_TEST(TicketManagerCreation, NeedsNoColorDefaultOnAPrinterWithoutColor) {
   NSMutableDictionary *info = Info();
   [[info objectForKey:@"DefaultValue"] removeObjectForKey:@"Color"];
-  ManagerJob job(kMono, info);
+  ManagerJob job(kMonoDevice, info);
   EXPECT_TRUE(Make(job.info()) != nil);
 }
 
@@ -408,7 +408,7 @@ OBJC_TEST(TicketManagerRestoreAll, ShowsEveryStoredValueInTicketOrder) {
 }
 
 OBJC_TEST(TicketManagerRestoreAll, CorrectsTheColorBeforeItIsRead) {
-  ManagerJob job(kMono);
+  ManagerJob job(kMonoDevice);
   Manager *manager = Made(job);
   job.Store(@"C", @"Red");
   [manager restoreAllTicketsFailSafe];
@@ -545,7 +545,7 @@ OBJC_TEST(TicketManagerRestoreDefaults, ResetsRealControlsAndKeepsTheCheckBox) {
 }
 
 OBJC_TEST(TicketManagerVerifyAll, WithoutColorStoresBlackAlone) {
-  ManagerJob job(kMono);
+  ManagerJob job(kMonoDevice);
   Manager *manager = Made(job);
   for (NSString *key in @[ @"V", @"S", @"D", @"C", @"N" ]) job.Store(key, @"?");
   [manager verifyAllTickets];
@@ -566,7 +566,7 @@ OBJC_TEST(TicketManagerVerifyAll, RunsInTicketOrder) {
   for (NSString *name in @[ @"Size", @"Density", @"Color" ]) {
     [[info objectForKey:@"TicketKey"] setObject:@"menu" forKey:name];
   }
-  ManagerJob job(kMono, info);
+  ManagerJob job(kMonoDevice, info);
   [Made(job) verifyAllTickets];
   EXPECT_EQ((Strings{"set menu=Large", "set menu=Dark", "set menu=Black"}),
             interposed::Calls("set"));
@@ -596,7 +596,7 @@ OBJC_TEST(TicketManagerChange, UnderAnyOtherNameDoesNothing) {
 }
 
 OBJC_TEST(TicketManager, LogsNothing) {
-  ManagerJob job(kMono);
+  ManagerJob job(kMonoDevice);
   Manager *manager = Make(job.info());
   Controls controls(job, manager);
   [manager restoreAllTicketsFailSafe];

@@ -22,7 +22,7 @@ OBJC_TEST(PrintTicketNumberClass, AddsNoFields) {
 }
 
 OBJC_TEST(PrintTicketNumber, ChangeShowsTheNumberInBoxAndStepperAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSTextField *box = TextBox();
   NSStepper *stepper = Stepper();
   Ticket *ticket = Made(job, (@[ box, stepper ]));
@@ -34,7 +34,7 @@ OBJC_TEST(PrintTicketNumber, ChangeShowsTheNumberInBoxAndStepperAndWritesNothing
 }
 
 OBJC_TEST(PrintTicketNumber, ChangeWritesEveryTargetFirstToLast) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Strings record;
   Ticket *ticket = Made(job, @[
     [RecordingTarget targetNamed:"box" record:&record], [RecordingTarget targetNamed:"stepper"
@@ -45,7 +45,7 @@ OBJC_TEST(PrintTicketNumber, ChangeWritesEveryTargetFirstToLast) {
 }
 
 OBJC_TEST(PrintTicketNumber, ChangeTakesAnySendersText) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSTextField *sender = TextBox();
   NSTextField *box = TextBox();
   [sender setStringValue:@"007"];
@@ -54,13 +54,13 @@ OBJC_TEST(PrintTicketNumber, ChangeTakesAnySendersText) {
 }
 
 OBJC_TEST(PrintTicketNumber, ChangeWithoutTargetsDoesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   [Made(job, @[]) changeValue:@25];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketNumber, AChangedNumberIsStoredByTheNextSave) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job, (@[ TextBox(), Stepper() ]));
   [ticket changeValue:@25];
   EXPECT_EQUAL_OBJECTS(@"1", job[@"K"]);
@@ -69,7 +69,7 @@ OBJC_TEST(PrintTicketNumber, AChangedNumberIsStoredByTheNextSave) {
 }
 
 OBJC_TEST(PrintTicketNumber, RestoresTheStoredTextAndItsDefaultLikeTheBaseTicket) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSTextField *box = TextBox();
   NSStepper *stepper = Stepper();
   Ticket *ticket = Made(job, (@[ box, stepper ]));

@@ -53,7 +53,7 @@ OBJC_TEST(PrintTicketPopUpClass, ReleasesThePrefixBeforeWhatTheBaseTicketHolds) 
 }
 
 OBJC_TEST(PrintTicketPopUpCreation, KeepsTheVeryPrefixOnceAndGivesItBack) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSMutableString *prefix = [NSMutableString stringWithString:@"S_"];
   Ticket *ticket = nil;
   EXPECT_EQ(1,
@@ -63,13 +63,13 @@ OBJC_TEST(PrintTicketPopUpCreation, KeepsTheVeryPrefixOnceAndGivesItBack) {
 }
 
 OBJC_TEST(PrintTicketPopUpCreation, StoresTheDefaultLikeEveryTicket) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_TRUE(Make(job, @"Small", @"K") != nil);
   EXPECT_EQ((Strings{"get K", "set K=Small"}), interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketPopUpCreation, FailsWithoutPrefixButTheJobHasItsDefault) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = (Ticket *)job.info();
   EXPECT_EQ(0, InstancesLeft([Ticket class], [&] {
               EXPECT_EQ(0, ReferencesLeft(job.info(), [&] {
@@ -84,7 +84,7 @@ OBJC_TEST(PrintTicketPopUpCreation, FailsWithoutPrefixButTheJobHasItsDefault) {
 }
 
 OBJC_TEST(PrintTicketPopUpCreation, FailsWhereTheBaseTicketFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_EQ(0, InstancesLeft([Ticket class], [&] {
               EXPECT_TRUE(Make(job, nil, @"K") == nil);
               EXPECT_TRUE(Make(job, @"Small", nil) == nil);
@@ -93,7 +93,7 @@ OBJC_TEST(PrintTicketPopUpCreation, FailsWhereTheBaseTicketFails) {
 }
 
 OBJC_TEST(PrintTicketPopUpSave, WritesTheRawValueNotTheTitle) {
-  LocalizedJob job(kColor);
+  LocalizedJob job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Small", @"Large" ]);
   [menu selectItemAtIndex:1];
   EXPECT_EQUAL_OBJECTS(@"Grande", [menu titleOfSelectedItem]);
@@ -102,7 +102,7 @@ OBJC_TEST(PrintTicketPopUpSave, WritesTheRawValueNotTheTitle) {
 }
 
 OBJC_TEST(PrintTicketPopUpSave, ReadsTheFirstTargetOnly) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Strings record;
   RecordingTarget *first = [RecordingTarget targetNamed:"first" record:&record];
   RecordingTarget *second = [RecordingTarget targetNamed:"second" record:&record];
@@ -113,7 +113,7 @@ OBJC_TEST(PrintTicketPopUpSave, ReadsTheFirstTargetOnly) {
 }
 
 OBJC_TEST(PrintTicketPopUpSave, WithoutSelectionRemovesTheKey) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Small", @"Large" ]);
   [menu selectItem:nil];
   ASSERT_TRUE([menu selectedItem] == nil);
@@ -125,13 +125,13 @@ OBJC_TEST(PrintTicketPopUpSave, WithoutSelectionRemovesTheKey) {
 }
 
 OBJC_TEST(PrintTicketPopUpSave, WithoutTargetsDoesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   [MadeSize(job, @[]) saveTicket];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketPopUpSave, IgnoresAWriteThatFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Large" ]);
   Ticket *ticket = MadeSize(job, @[ menu ]);
   interposed::FailWrites(1);
@@ -140,7 +140,7 @@ OBJC_TEST(PrintTicketPopUpSave, IgnoresAWriteThatFails) {
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, SelectsTheItemOfTheStoredValueByItsLocalizedTitle) {
-  LocalizedJob job(kColor);
+  LocalizedJob job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Small", @"Large" ]);
   Ticket *ticket = MadeSize(job, @[ menu ]);
   job.Store(@"K", @"Large");
@@ -150,7 +150,7 @@ OBJC_TEST(PrintTicketPopUpRestore, SelectsTheItemOfTheStoredValueByItsLocalizedT
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, SelectsInEveryTargetFirstToLast) {
-  LocalizedJob job(kColor);
+  LocalizedJob job(kColorDevice);
   Strings record;
   Ticket *ticket = MadeSize(job, @[
     [RecordingTarget targetNamed:"first" record:&record], [RecordingTarget targetNamed:"second"
@@ -162,7 +162,7 @@ OBJC_TEST(PrintTicketPopUpRestore, SelectsInEveryTargetFirstToLast) {
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, TakesTheDefaultWhereNothingIsStoredAndWritesNothing) {
-  LocalizedJob job(kColor);
+  LocalizedJob job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Large", @"Small" ]);
   Ticket *ticket = MadeSize(job, @[ menu ]);
   job.Store(@"K", nil);
@@ -172,7 +172,7 @@ OBJC_TEST(PrintTicketPopUpRestore, TakesTheDefaultWhereNothingIsStoredAndWritesN
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, TakesTheDefaultWhenTheReadFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = MadeSize(job, @[]);
   job.Store(@"K", @"Large");
   interposed::FailReads(1);
@@ -180,13 +180,13 @@ OBJC_TEST(PrintTicketPopUpRestore, TakesTheDefaultWhenTheReadFails) {
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, PutsNothingBetweenPrefixAndValue) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Make(job, @"50%", @"K", @"%@-");
   EXPECT_EQUAL_OBJECTS(@"%@-50%", [ticket restoreTicketFailSafe]);
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, KeepsAStoredValueThatNoItemHas) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Small", @"Large" ]);
   Ticket *ticket = MadeSize(job, @[ menu ]);
   job.Store(@"K", @"Huge");
@@ -197,7 +197,7 @@ OBJC_TEST(PrintTicketPopUpRestore, KeepsAStoredValueThatNoItemHas) {
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, OfTheColorWithoutColorFirstStoresBlackThenShowsIt) {
-  LocalizedJob job(kMono);
+  LocalizedJob job(kMonoDevice);
   NSString *key = [job.info() ticketKeyColor];
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Red", @"Black" ]);
   Ticket *ticket = MadeColor(job, @[ menu ]);
@@ -210,7 +210,7 @@ OBJC_TEST(PrintTicketPopUpRestore, OfTheColorWithoutColorFirstStoresBlackThenSho
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, OfTheColorWithColorShowsTheStoredValue) {
-  LocalizedJob job(kColor);
+  LocalizedJob job(kColorDevice);
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Black", @"Red" ]);
   Ticket *ticket = MadeColor(job, @[ menu ]);
   job.Store([job.info() ticketKeyColor], @"Red");
@@ -220,7 +220,7 @@ OBJC_TEST(PrintTicketPopUpRestore, OfTheColorWithColorShowsTheStoredValue) {
 }
 
 OBJC_TEST(PrintTicketPopUpRestore, OfTheColorShowsTheStoredValueWhenTheCorrectionFails) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Ticket *ticket = MadeColor(job, @[]);
   job.Store([job.info() ticketKeyColor], @"Red");
   interposed::FailWrites(kPMItemIsLocked);
@@ -228,7 +228,7 @@ OBJC_TEST(PrintTicketPopUpRestore, OfTheColorShowsTheStoredValueWhenTheCorrectio
 }
 
 OBJC_TEST(PrintTicketPopUpRestoreDefaults, SelectsTheDefaultInEveryTargetAndWritesNothing) {
-  LocalizedJob job(kMono);
+  LocalizedJob job(kMonoDevice);
   Strings record;
   NSPopUpButton *menu = PopUp(job, @"S_", @[ @"Large", @"Small" ]);
   Ticket *ticket = MadeSize(job, @[
@@ -244,14 +244,14 @@ OBJC_TEST(PrintTicketPopUpRestoreDefaults, SelectsTheDefaultInEveryTargetAndWrit
 }
 
 OBJC_TEST(PrintTicketPopUpRestoreDefaults, OfTheColorDoesNotVerify) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   [MadeColor(job, @[]) restoreDefaults];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, OfTheColorWithoutColorStoresTheDefaultWhateverIsStored) {
   for (NSString *stored in @[ @"Red", @"Black", @"Unknown", @"" ]) {
-    Job job(kMono);
+    Job job(kMonoDevice);
     Ticket *ticket = MadeColor(job, @[]);
     job.Store([job.info() ticketKeyColor], stored);
     [ticket verifyTicket];
@@ -261,20 +261,20 @@ OBJC_TEST(PrintTicketPopUpVerify, OfTheColorWithoutColorStoresTheDefaultWhatever
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, OfTheColorStoresTheDefaultOfItsCreation) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   [MadeColor(job, @[], @"Gray") verifyTicket];
   EXPECT_EQ((Strings{"set VQBNColor=Gray"}), interposed::Calls("set"));
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, TouchesNoControl) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Strings record;
   [MadeColor(job, @[ [RecordingTarget targetNamed:"menu" record:&record] ]) verifyTicket];
   EXPECT_EQ(Strings{}, record);
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, OfTheColorWithColorKeepsEvenAnUnknownValue) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = MadeColor(job, @[]);
   job.Store([job.info() ticketKeyColor], @"Infrared");
   [ticket verifyTicket];
@@ -283,8 +283,8 @@ OBJC_TEST(PrintTicketPopUpVerify, OfTheColorWithColorKeepsEvenAnUnknownValue) {
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, AsksThePrinterAnewEveryTime) {
-  Job job(kColor);
-  TestPPD mono(kMono);
+  Job job(kColorDevice);
+  TestPPD mono(kMonoDevice);
   Ticket *ticket = MadeColor(job, @[]);
   [ticket verifyTicket];
   EXPECT_EQ(Strings{}, interposed::Calls("set"));
@@ -294,7 +294,7 @@ OBJC_TEST(PrintTicketPopUpVerify, AsksThePrinterAnewEveryTime) {
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, UnderAnyOtherKeyDoesNothing) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   for (NSString *key in @[ @"VQBNSize", @"VQBNDensity", @"vqbncolor", @"VQBNColor " ]) {
     Ticket *ticket = Make(job, @"Small", key);
     interposed::Clear();
@@ -304,7 +304,7 @@ OBJC_TEST(PrintTicketPopUpVerify, UnderAnyOtherKeyDoesNothing) {
 }
 
 OBJC_TEST(PrintTicketPopUpVerify, IgnoresAWriteThatFails) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Ticket *ticket = MadeColor(job, @[]);
   job.Store([job.info() ticketKeyColor], @"Red");
   interposed::FailWrites(1);

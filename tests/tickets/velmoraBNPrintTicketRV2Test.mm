@@ -47,14 +47,14 @@ OBJC_TEST(PrintTicketClass, ReleasesDefaultKeyCommonInfoAndTargetsInThisOrder) {
 }
 
 OBJC_TEST(PrintTicketCreation, StoresTheDefaultWhereTheJobHasNoValue) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_TRUE(Make(job) != nil);
   EXPECT_EQUAL_OBJECTS(@{@"K" : @"default"}, [job.host() allSettings]);
   EXPECT_EQ((Strings{"get K", "set K=default"}), interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketCreation, LeavesAValueOfTheJobAlone) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.Store(@"K", @"chosen");
   EXPECT_TRUE(Make(job) != nil);
   EXPECT_EQUAL_OBJECTS(@{@"K" : @"chosen"}, [job.host() allSettings]);
@@ -62,14 +62,14 @@ OBJC_TEST(PrintTicketCreation, LeavesAValueOfTheJobAlone) {
 }
 
 OBJC_TEST(PrintTicketCreation, LeavesAnEmptyValueOfTheJobAlone) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.Store(@"K", @"");
   Make(job);
   EXPECT_EQUAL_OBJECTS(@"", job[@"K"]);
 }
 
 OBJC_TEST(PrintTicketCreation, KeepsTheVeryObjectsItIsGiven) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSMutableString *key = [NSMutableString stringWithString:@"K"];
   NSMutableString *value = [NSMutableString stringWithString:@"default"];
   Ticket *ticket = Make(job, value, key);
@@ -79,12 +79,12 @@ OBJC_TEST(PrintTicketCreation, KeepsTheVeryObjectsItIsGiven) {
 }
 
 OBJC_TEST(PrintTicketCreation, BeginsWithAnEmptyListOfTargets) {
-  Job job(kColor);
+  Job job(kColorDevice);
   EXPECT_EQUAL_OBJECTS(@[], Make(job).targetInstances);
 }
 
 OBJC_TEST(PrintTicketCreation, RetainsItsArgumentsOnceAndGivesThemBack) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.Store(@"K", @"chosen");  // the settings take no reference to the default then
   for (id object in @[
          job.info(), [NSMutableString stringWithString:@"K"],
@@ -101,22 +101,22 @@ OBJC_TEST(PrintTicketCreation, RetainsItsArgumentsOnceAndGivesThemBack) {
 }
 
 OBJC_TEST(PrintTicketCreation, WithoutDefaultFailsAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ExpectRefused(job, nil, @"K", job.info());
 }
 
 OBJC_TEST(PrintTicketCreation, WithoutKeyFailsAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ExpectRefused(job, @"default", nil, job.info());
 }
 
 OBJC_TEST(PrintTicketCreation, WithoutCommonInfoFailsAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ExpectRefused(job, @"default", @"K", nil);
 }
 
 OBJC_TEST(PrintTicketCreation, FailsWhenTheCommonInfoIsNotReadyButTheJobHasItsDefault) {
-  Job job(kColor);
+  Job job(kColorDevice);
   ReluctantCommonInfo *info = job.InfoOf<ReluctantCommonInfo>();
   Ticket *ticket = (Ticket *)info;
   EXPECT_EQ(0, InstancesLeft([Ticket class], [&] {
@@ -132,7 +132,7 @@ OBJC_TEST(PrintTicketCreation, FailsWhenTheCommonInfoIsNotReadyButTheJobHasItsDe
 }
 
 OBJC_TEST(PrintTicketCreation, DoesNotNeedPrintSettings) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.DropSettings();
   Ticket *ticket = Make(job);
   EXPECT_TRUE(ticket != nil);
@@ -140,14 +140,14 @@ OBJC_TEST(PrintTicketCreation, DoesNotNeedPrintSettings) {
 }
 
 OBJC_TEST(PrintTicketCreation, IgnoresAWriteThatFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   interposed::FailWrites(kPMItemIsLocked);
   EXPECT_TRUE(Make(job) != nil);
   EXPECT_EQUAL_OBJECTS(@{}, [job.host() allSettings]);
 }
 
 OBJC_TEST(PrintTicketCreation, TakesAReadThatFailsForNoValue) {
-  Job job(kColor);
+  Job job(kColorDevice);
   job.Store(@"K", @"chosen");
   interposed::FailReads(kPMInvalidParameter);
   EXPECT_TRUE(Make(job) != nil);
@@ -155,7 +155,7 @@ OBJC_TEST(PrintTicketCreation, TakesAReadThatFailsForNoValue) {
 }
 
 OBJC_TEST(PrintTicketRead, AnswersTheObjectStoredUnderTheKeyItIsAskedFor) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   NSMutableString *stored = [NSMutableString stringWithString:@"stored"];
   job.Store(@"Other", stored);
@@ -166,14 +166,14 @@ OBJC_TEST(PrintTicketRead, AnswersTheObjectStoredUnderTheKeyItIsAskedFor) {
 }
 
 OBJC_TEST(PrintTicketRead, DoesNotCheckTheType) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   job.Store(@"Other", @7);
   EXPECT_EQUAL_OBJECTS(@7, (id)[ticket BNPTPrintSettings:@"Other"]);
 }
 
 OBJC_TEST(PrintTicketRead, AnswersNilForNoValueFailureOrNoSettings) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   EXPECT_EQUAL_OBJECTS(nil, [ticket BNPTPrintSettings:@"Other"]);
   interposed::FailReads(1);
@@ -184,7 +184,7 @@ OBJC_TEST(PrintTicketRead, AnswersNilForNoValueFailureOrNoSettings) {
 }
 
 OBJC_TEST(PrintTicketWrite, StoresUnlockedUnderTheGivenKeyAndSaysYes) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   EXPECT_TRUE([ticket BNPTSetPrintSettings:@"Other" value:@"one"]);
   EXPECT_TRUE([ticket BNPTSetPrintSettings:@"Other" value:@"two"]);
@@ -193,14 +193,14 @@ OBJC_TEST(PrintTicketWrite, StoresUnlockedUnderTheGivenKeyAndSaysYes) {
 }
 
 OBJC_TEST(PrintTicketWrite, OfNilRemovesTheKey) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   EXPECT_TRUE([ticket BNPTSetPrintSettings:@"K" value:nil]);
   EXPECT_EQUAL_OBJECTS(@{}, [job.host() allSettings]);
 }
 
 OBJC_TEST(PrintTicketWrite, SaysNoWhenItFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   for (OSStatus status : {-9586, 1}) {
     interposed::FailWrites(status);
@@ -213,7 +213,7 @@ OBJC_TEST(PrintTicketWrite, SaysNoWhenItFails) {
 }
 
 OBJC_TEST(PrintTicketWrite, GoesToTheSettingsOfThisMoment) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   PMPrintSettings before = job.host()->settings;
   PMCreatePrintSettings(&job.host()->settings);
@@ -226,7 +226,7 @@ OBJC_TEST(PrintTicketWrite, GoesToTheSettingsOfThisMoment) {
 }
 
 OBJC_TEST(PrintTicketTargets, AreReplacedInTheSameLiveList) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   NSMutableArray *list = ticket.targetInstances;
   NSArray *first = @[ TextBox(), Stepper() ];
@@ -240,7 +240,7 @@ OBJC_TEST(PrintTicketTargets, AreReplacedInTheSameLiveList) {
 }
 
 OBJC_TEST(PrintTicketTargets, AreKeptUntilReplacedOrTheTicketGoes) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSTextField *box = TextBox();
   Ticket *ticket = [[Ticket alloc] initWithDefaultValue:@"default"
                                               ticketKey:@"K"
@@ -252,7 +252,7 @@ OBJC_TEST(PrintTicketTargets, AreKeptUntilReplacedOrTheTicketGoes) {
 }
 
 OBJC_TEST(PrintTicketRestoreDefaults, ShowsTheDefaultInEveryTargetFirstToLastAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   job.Store(@"K", @"chosen");
   Strings record;
@@ -269,7 +269,7 @@ OBJC_TEST(PrintTicketRestoreDefaults, ShowsTheDefaultInEveryTargetFirstToLastAnd
 }
 
 OBJC_TEST(PrintTicketSave, WritesTheTextOfTheFirstTargetOnly) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   NSTextField *box = TextBox();
   NSStepper *stepper = Stepper();
@@ -282,7 +282,7 @@ OBJC_TEST(PrintTicketSave, WritesTheTextOfTheFirstTargetOnly) {
 }
 
 OBJC_TEST(PrintTicketSave, DoesNotReadTheOtherTargets) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   Strings record;
   RecordingTarget *first = [RecordingTarget targetNamed:"first" record:&record];
@@ -294,13 +294,13 @@ OBJC_TEST(PrintTicketSave, DoesNotReadTheOtherTargets) {
 }
 
 OBJC_TEST(PrintTicketSave, WithoutTargetsDoesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   [Made(job) saveTicket];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketSave, IgnoresAWriteThatFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   NSTextField *box = TextBox();
   [box setStringValue:@"12"];
@@ -312,7 +312,7 @@ OBJC_TEST(PrintTicketSave, IgnoresAWriteThatFails) {
 }
 
 OBJC_TEST(PrintTicketRestore, ShowsTheStoredValueInEveryTargetFirstToLastAndAnswersIt) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   job.Store(@"K", @"12");
   Strings record;
@@ -326,7 +326,7 @@ OBJC_TEST(PrintTicketRestore, ShowsTheStoredValueInEveryTargetFirstToLastAndAnsw
 }
 
 OBJC_TEST(PrintTicketRestore, ShowsTheDefaultWhereNothingIsStoredAndWritesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Make(job, @"7");
   NSTextField *box = TextBox();
   NSStepper *stepper = Stepper();
@@ -340,7 +340,7 @@ OBJC_TEST(PrintTicketRestore, ShowsTheDefaultWhereNothingIsStoredAndWritesNothin
 }
 
 OBJC_TEST(PrintTicketRestore, ShowsTheDefaultWhenTheReadFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   job.Store(@"K", @"chosen");
   NSTextField *box = TextBox();
@@ -352,7 +352,7 @@ OBJC_TEST(PrintTicketRestore, ShowsTheDefaultWhenTheReadFails) {
 }
 
 OBJC_TEST(PrintTicketRestore, AnswersWithoutTargetsAndWithoutSettings) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   job.Store(@"K", @"12");
   EXPECT_EQUAL_OBJECTS(@"12", [ticket restoreTicketFailSafe]);
@@ -361,7 +361,7 @@ OBJC_TEST(PrintTicketRestore, AnswersWithoutTargetsAndWithoutSettings) {
 }
 
 OBJC_TEST(PrintTicketRestore, ReadsTheSettingsAnewEveryTimeAndDoesNotJudgeTheValue) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job);
   for (NSString *value in @[ @"1", @"no number", @"", @"99999" ]) {
     job.Store(@"K", value);
@@ -371,7 +371,7 @@ OBJC_TEST(PrintTicketRestore, ReadsTheSettingsAnewEveryTimeAndDoesNotJudgeTheVal
 }
 
 OBJC_TEST(PrintTicketVerify, DoesNothingEvenUnderTheKeyOfTheColorWithoutColor) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   Ticket *ticket = Make(job, @"Black", [job.info() ticketKeyColor]);
   job.Store([job.info() ticketKeyColor], @"Red");
   [ticket verifyTicket];

@@ -17,7 +17,7 @@ Ticket *Made(const Job &job, NSArray *targets, NSString *default_value = @"Off")
 
 void ExpectRestored(NSString *stored, NSInteger state) {
   SCOPED_TRACE([stored UTF8String]);
-  Job job(kColor);
+  Job job(kColorDevice);
   NSButton *check_box = CheckBox();
   [check_box
       setState:state == NSControlStateValueOn ? NSControlStateValueOff : NSControlStateValueOn];
@@ -37,13 +37,13 @@ OBJC_TEST(PrintTicketValidClass, AddsNoFields) {
 }
 
 OBJC_TEST(PrintTicketValid, StoresItsDefaultLikeEveryTicket) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Made(job, @[], @"On");
   EXPECT_EQUAL_OBJECTS(@{@"K" : @"On"}, [job.host() allSettings]);
 }
 
 OBJC_TEST(PrintTicketValid, TitlesEveryTargetFirstToLast) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Strings record;
   Ticket *ticket = Made(job, @[
     [RecordingTarget targetNamed:"first" record:&record], [RecordingTarget targetNamed:"second"
@@ -55,14 +55,14 @@ OBJC_TEST(PrintTicketValid, TitlesEveryTargetFirstToLast) {
 }
 
 OBJC_TEST(PrintTicketValid, TitlesARealCheckBox) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSButton *check_box = CheckBox();
   [Made(job, @[ check_box ]) setTitle:@"Print numbers"];
   EXPECT_EQUAL_OBJECTS(@"Print numbers", [check_box title]);
 }
 
 OBJC_TEST(PrintTicketValidSave, WritesOnForACheckedBox) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSButton *check_box = CheckBox();
   [check_box setState:NSControlStateValueOn];
   [Made(job, @[ check_box ]) saveTicket];
@@ -70,13 +70,13 @@ OBJC_TEST(PrintTicketValidSave, WritesOnForACheckedBox) {
 }
 
 OBJC_TEST(PrintTicketValidSave, WritesOffForAnUncheckedBox) {
-  Job job(kColor);
+  Job job(kColorDevice);
   [Made(job, @[ CheckBox() ], @"On") saveTicket];
   EXPECT_EQ((Strings{"set K=Off"}), interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketValidSave, WritesOffForAMixedBox) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSButton *check_box = CheckBox();
   [check_box setAllowsMixedState:YES];
   [check_box setState:NSMixedState];
@@ -87,7 +87,7 @@ OBJC_TEST(PrintTicketValidSave, WritesOffForAMixedBox) {
 
 OBJC_TEST(PrintTicketValidSave, WritesOffForAnyStateButOneAndReadsTheFirstTargetOnly) {
   for (NSInteger state : {-1, 0, 2}) {
-    Job job(kColor);
+    Job job(kColorDevice);
     Strings record;
     RecordingTarget *first = [RecordingTarget targetNamed:"first" record:&record];
     RecordingTarget *second = [RecordingTarget targetNamed:"second" record:&record];
@@ -100,13 +100,13 @@ OBJC_TEST(PrintTicketValidSave, WritesOffForAnyStateButOneAndReadsTheFirstTarget
 }
 
 OBJC_TEST(PrintTicketValidSave, WithoutTargetsDoesNothing) {
-  Job job(kColor);
+  Job job(kColorDevice);
   [Made(job, @[]) saveTicket];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
 OBJC_TEST(PrintTicketValidSave, IgnoresAWriteThatFails) {
-  Job job(kColor);
+  Job job(kColorDevice);
   NSButton *check_box = CheckBox();
   [check_box setState:NSControlStateValueOn];
   Ticket *ticket = Made(job, @[ check_box ]);
@@ -129,7 +129,7 @@ OBJC_TEST(PrintTicketValidRestore, AnyOtherValueUnchecksTheBoxAndIsNotRepaired) 
 
 OBJC_TEST(PrintTicketValidRestore, WithoutStoredValueAnswersTheVeryDefaultAndWritesNothing) {
   for (NSString *text in @[ @"On", @"Off", @"Perhaps" ]) {
-    Job job(kColor);
+    Job job(kColorDevice);
     NSMutableString *default_value = [NSMutableString stringWithString:text];
     NSButton *check_box = CheckBox();
     Ticket *ticket = Made(job, @[ check_box ], default_value);
@@ -142,7 +142,7 @@ OBJC_TEST(PrintTicketValidRestore, WithoutStoredValueAnswersTheVeryDefaultAndWri
 }
 
 OBJC_TEST(PrintTicketValidRestore, SetsEveryTargetFirstToLast) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Strings record;
   Ticket *ticket = Made(job, @[
     [RecordingTarget targetNamed:"first" record:&record], [RecordingTarget targetNamed:"second"
@@ -158,21 +158,21 @@ OBJC_TEST(PrintTicketValidRestore, SetsEveryTargetFirstToLast) {
 }
 
 OBJC_TEST(PrintTicketValidRestore, AnswersWithoutTargets) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Ticket *ticket = Made(job, @[]);
   job.Store(@"K", @"On");
   EXPECT_EQUAL_OBJECTS(@"On", [ticket restoreTicketFailSafe]);
 }
 
 OBJC_TEST(PrintTicketValid, ShowsItsDefaultAsTextLikeTheBaseTicket) {
-  Job job(kColor);
+  Job job(kColorDevice);
   Strings record;
   [Made(job, @[ [RecordingTarget targetNamed:"box" record:&record] ]) restoreDefaults];
   EXPECT_EQ((Strings{"box setStringValue Off"}), record);
 }
 
 OBJC_TEST(PrintTicketValid, VerifiesNothing) {
-  Job job(kMono);
+  Job job(kMonoDevice);
   [Made(job, @[ CheckBox() ]) verifyTicket];
   EXPECT_EQ(Strings{}, interposed::Calls());
 }

@@ -16,7 +16,7 @@
 struct PanelOptions {
   id setting_info = ShippedSettingInfo();
   std::string strings = "";  // a localized-string key is its own text
-  std::string ppd_lines = kColor;
+  std::string ppd_lines = kColorDevice;
   NSDictionary *stored = nil;  // what the job's print settings hold from the start
   bool print_settings = true;  // false: the job has none
   Class controller_class = [velmoraBNViewControllerRV2 class];

@@ -186,7 +186,7 @@ OBJC_TEST(GreyView, KeepsAMenuWithFewerThanTwoItemsDisabled) {
 }
 
 OBJC_TEST(GreyView, KeepsTheColorsOfAPrinterWithoutColorDisabled) {
-  TestPanel panel({.ppd_lines = kMono});
+  TestPanel panel({.ppd_lines = kMonoDevice});
   velmoraBNViewControllerRV2 *controller = panel.Load();
   SetState(controller, 1);
   [controller changeFunctionValid:controller.functionValid];

@@ -91,7 +91,7 @@ OBJC_TEST(Summary, ShowsTheDefaultsWithoutPrintSettings) {
 }
 
 OBJC_TEST(Summary, ShowsBlackOnAPrinterWithoutColor) {
-  TestPanel panel({.strings = kStrings, .ppd_lines = kMono, .stored = StoredWith(@"On")});
+  TestPanel panel({.strings = kStrings, .ppd_lines = kMonoDevice, .stored = StoredWith(@"On")});
   [panel.host() setValue:@"Red" forSetting:@"VQBNColor"];
   EXPECT_EQUAL_OBJECTS(@"black ink", [Summary(panel) objectForKey:@"Ink"]);
   EXPECT_EQUAL_OBJECTS(@"Black", [panel.host() valueForSetting:@"VQBNColor"]);

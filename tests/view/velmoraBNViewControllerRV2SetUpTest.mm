@@ -201,7 +201,7 @@ OBJC_TEST(Menus, LoseARawValueWhereTwoTitlesAreEqual) {
 }
 
 OBJC_TEST(Menus, OfferBlackAloneWithoutAColorDevice) {
-  for (const char *lines : {kMono, ""}) {
+  for (const char *lines : {kMonoDevice, ""}) {
     TestPanel panel({.ppd_lines = lines});
     NSPopUpButton *popUp = panel.Load().popUpColor;
     EXPECT_EQUAL_OBJECTS((@[ @"Color_Black" ]), [popUp itemTitles]);

@@ -100,7 +100,7 @@ OBJC_TEST(RestoreAndSave, GoByTheFlagNotByTheView) {
 }
 
 OBJC_TEST(Verify, CorrectsTheColorBeforeAndAfterSetUp) {
-  TestPanel panel({.ppd_lines = kMono, .stored = Stored()});
+  TestPanel panel({.ppd_lines = kMonoDevice, .stored = Stored()});
   for (int time = 0; time < 2; ++time) {
     [panel.host() setValue:@"Red" forSetting:@"VQBNColor"];
     EXPECT_EQ(YES, [panel.controller() verifyNonPPDSettingsFromPrintSettings]);

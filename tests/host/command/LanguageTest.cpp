@@ -99,7 +99,7 @@ TEST_F(ProgramWithTables, MessagesAreInTheLanguageOfThePanels) {
 
 TEST_F(ProgramWithTables, ReportsStayEnglish) {
   const std::string plain = Folder() / "plain.ppd";
-  folder_->Write("plain.ppd", TestPPD::Text(kColor));
+  folder_->Write("plain.ppd", TestPPD::Text(kColorDevice));
   const RunResult result =
       Run({"check", "--plugin", kBundle, plain, "/dev/null"}, {{"LANGUAGE", "de"}});
   EXPECT_EQ(plain +

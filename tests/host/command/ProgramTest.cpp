@@ -107,7 +107,7 @@ TEST(Check, OffersThePanelWhereTheFirstAttributeIsExactlyTrue) {
 }
 
 TEST(Check, SaysWhyThePanelIsNotOffered) {
-  EXPECT_EQ("no panel: no attribute VQBackgroundNumberingSupport\n", CheckOf(kColor));
+  EXPECT_EQ("no panel: no attribute VQBackgroundNumberingSupport\n", CheckOf(kColorDevice));
   const auto value = [](const std::string &is) {
     return "no panel: VQBackgroundNumberingSupport is \"" + is + "\", must be exactly \"true\"\n";
   };
@@ -388,7 +388,7 @@ TEST(SettingsVerb, FailsWhereTheTicketCannotBeWritten) {
 }
 
 TEST(SettingsVerb, FailsWithoutAPrinterThatHasThePanel) {
-  TestPPD ppd(kColor);
+  TestPPD ppd(kColorDevice);
   RunResult result = Settings(ppd.path().string());
   EXPECT_EQ(1, result.status);
   EXPECT_EQ("pdeprint: no panel for " + ppd.path().string() +

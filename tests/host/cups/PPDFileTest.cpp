@@ -99,7 +99,8 @@ TEST(PPDFile, OpensACompressedFile) {
 
 TEST(PPDFile, OpensAFileThroughALink) {
   TemporaryFolder folder;
-  fs::create_symlink(folder.Write("a.ppd", TestPPD::Text(kColor)), folder.path() / "link.ppd");
+  fs::create_symlink(folder.Write("a.ppd", TestPPD::Text(kColorDevice)),
+                     folder.path() / "link.ppd");
   Expected<PPDFile> ppd = PPDFile::Open(folder.path() / "link.ppd");
   ASSERT_TRUE(ppd) << ppd.message();
   EXPECT_TRUE(ppd->IsColorDevice());

@@ -37,12 +37,12 @@ TEST(PPDSource, ReadsTheBytesAsTheyAre) {
 
 TEST(PPDSource, ReadsCompressedBytes) {
   TemporaryFolder folder;
-  EXPECT_EQ(TestPPD::Text(kColor), Read(Compressed(folder, TestPPD::Text(kColor))));
+  EXPECT_EQ(TestPPD::Text(kColorDevice), Read(Compressed(folder, TestPPD::Text(kColorDevice))));
 }
 
 TEST(PPDSource, CompressedBytesThatAreCutOffAreAFailure) {
   TemporaryFolder folder;
-  const fs::path file = Compressed(folder, TestPPD::Text(kColor));
+  const fs::path file = Compressed(folder, TestPPD::Text(kColorDevice));
   fs::resize_file(file, fs::file_size(file) / 2);
   EXPECT_EQ("the file is damaged or cut off", ReasonAgainst(file));
 }
@@ -64,7 +64,7 @@ TEST(PPDSource, AHugeFileIsAFailure) {
 }
 
 TEST(PPDSource, ParsesTheBytesOfAFile) {
-  Expected<PPDFile> ppd = ParsePPD(TestPPD::Text(kColor));
+  Expected<PPDFile> ppd = ParsePPD(TestPPD::Text(kColorDevice));
   ASSERT_TRUE(ppd) << ppd.message();
   EXPECT_TRUE(ppd->IsColorDevice());
   EXPECT_FALSE(ParsePPD("rubbish"));

@@ -136,9 +136,9 @@ TEST(Enabling, TranslatesForAllLanguagesWhereTheFileListsNone) {
 }
 
 TEST(Enabling, MonochromePrintersHaveTheirOwnLines) {
-  EXPECT_FALSE(Holds(Enabled(TestPPD::Text(kMono)), "*de."));
+  EXPECT_FALSE(Holds(Enabled(TestPPD::Text(kMonoDevice)), "*de."));
   EXPECT_EQ("the bundle Other brings no options for monochrome printers",
-            Refusal(TestPPD::Text(kMono), OtherOptions()));
+            Refusal(TestPPD::Text(kMonoDevice), OtherOptions()));
 }
 
 TEST(Enabling, RefusesAPrinterThatDoesNotSayWhetherItHasColor) {

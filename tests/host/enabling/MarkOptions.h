@@ -51,7 +51,7 @@ inline PrinterOptions MarkOptions() {
 
 // A color PostScript printer's PPD file, with these lines.
 inline std::string PrinterText(const std::string &lines = "") {
-  return TestPPD::Text(kColor + lines);
+  return TestPPD::Text(kColorDevice + lines);
 }
 
 #endif

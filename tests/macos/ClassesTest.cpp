@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "tests/bundle/ClassTable.h"
+#include "tests/macos/BundleUnderTest.h"
+#include "tests/macos/ClassMetadata.h"
+
+// Names, superclasses, fields in their order, properties' attributes and selectors.
+TEST(Classes, AreThoseOfTheTableForEachProcessor) {
+  for (const char *processor : kProcessors) {
+    EXPECT_EQ(ExpectedClassTable(),
+              ClassMetadata(LinesOf("llvm-objdump-14", {"--macho", "--objc-meta-data",
+                                                        std::string("--arch=") + processor})))
+        << processor;
+  }
+}
