@@ -10,7 +10,7 @@
              forString:(NSString *)string
       errorDescription:(NSString **)error {
   (void)error;
-  *object = [NSNumber numberWithInteger:[string integerValue]];
+  if (object != nullptr) *object = [NSNumber numberWithInteger:[string integerValue]];
   return YES;
 }
 

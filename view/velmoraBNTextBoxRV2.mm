@@ -53,6 +53,11 @@ NSInteger NumberInText(NSString *text) {
   [super textDidChange:notification];
 
   NSText *editor = [self currentEditor];
+  if (editor == nil && editorBefore != nil) {
+    // Rewriting the text ends editing; not every platform starts it again.
+    [[self window] makeFirstResponder:self];
+    editor = [self currentEditor];
+  }
   if (editor == nil) return;
   NSUInteger length = [[editor string] length];
   if (NumberInText(typed) < [self.min integerValue]) {

@@ -7,10 +7,11 @@ namespace {
 
 bool IsDigit(unichar character) { return character >= u'0' && character <= u'9'; }
 
-// A copy of the string's UTF-16 code units, alive for the current autorelease scope.
+// A copy of the string's UTF-16 code units, alive for the current autorelease scope. Never NULL: an
+// empty buffer may be, and the platform makes no string of NULL, not even an empty one.
 std::span<unichar> Characters(NSString *string) {
   NSUInteger length = [string length];
-  NSMutableData *buffer = [NSMutableData dataWithLength:length * sizeof(unichar)];
+  NSMutableData *buffer = [NSMutableData dataWithLength:(length + 1) * sizeof(unichar)];
   auto *characters = static_cast<unichar *>([buffer mutableBytes]);
   [string getCharacters:characters range:NSMakeRange(0, length)];
   return {characters, length};

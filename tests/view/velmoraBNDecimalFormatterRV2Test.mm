@@ -90,3 +90,7 @@ OBJC_TEST(DecimalFormatter, SaturatesWhenReading) {
 OBJC_TEST(DecimalFormatter, AnswersANumberNotAString) {
   EXPECT_TRUE([Object(@"42") isKindOfClass:[NSNumber class]]);
 }
+
+OBJC_TEST(DecimalFormatter, ReadsATextWithoutAPlaceForTheObject) {
+  EXPECT_EQ(YES, [Formatter() getObjectValue:nullptr forString:@"5" errorDescription:nullptr]);
+}

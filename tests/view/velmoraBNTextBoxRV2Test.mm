@@ -28,6 +28,19 @@
 
 @end
 
+// As on platforms where a new text ends editing for good.
+@interface EditingEndsTextBox : velmoraBNTextBoxRV2
+@end
+
+@implementation EditingEndsTextBox
+
+- (void)setStringValue:(NSString *)text {
+  [super setStringValue:text];
+  [self abortEditing];
+}
+
+@end
+
 namespace {
 
 velmoraBNTextBoxRV2 *TextBox() {
@@ -234,4 +247,15 @@ OBJC_TEST(TextBox, SelectsWhatAppearsInABoxThatWasEmptied) {
   [box.editor() insertText:@"2"];
   [box.editor() insertText:@"5"];
   ExpectEditor(box, @"25", NSMakeRange(2, 0));
+}
+
+OBJC_TEST(TextBox, TakesEditingUpAgainWhereANewTextHasEndedIt) {
+  TestPanel panel;
+  velmoraBNViewControllerRV2 *controller = panel.Load();
+  [controller.textBoxStartNumber setStringValue:@"5"];
+  object_setClass(controller.textBoxStartNumber, [EditingEndsTextBox class]);
+  EditedBox box(controller.textBoxStartNumber, controller.view);
+  box.Type(@"a12", NSMakeRange(0, 0));
+  ExpectEditor(box, @"125", NSMakeRange(2, 0));
+  EXPECT_EQ(box.editor(), [controller.textBoxStartNumber currentEditor]);
 }
