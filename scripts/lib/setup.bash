@@ -1,5 +1,5 @@
 # Sourced by the scripts: what they need before they can do their own work. Bash and Debian's base
-# system are enough.
+# system are enough, or the real platform with Xcode and Homebrew.
 
 set -euo pipefail
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -17,8 +17,21 @@ missing_packages() {
   done
 }
 
+# Installs the packages of packaging/Brewfile that are missing.
+install_formulae() {
+  command -v brew >/dev/null ||
+    fail "there is no brew; install Homebrew, or what packaging/Brewfile names in another way and build with cmake --workflow --preset dev"
+  local brewfile=$project/packaging/Brewfile
+  brew bundle check --quiet --file "$brewfile" >/dev/null || brew bundle --no-upgrade --file "$brewfile" >&2 ||
+    fail "brew could not install what $brewfile names; its messages are above"
+}
+
 # Installs the packages of packaging/debian-packages that are missing; needs root only then.
 install_packages() {
+  if [[ $(uname) == Darwin ]]; then
+    install_formulae
+    return
+  fi
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
     fail "this is not a Debian system; install what packaging/debian-packages names and build with cmake --workflow --preset dev"
   local missing as_root=()
@@ -47,7 +60,9 @@ use_build_folder() {
   mkdir -p "$project/build" 2>/dev/null && : 2>/dev/null >>"$project/build/.lock" ||
     fail "cannot write to $project/build"
   exec 9>"$project/build/.lock"
-  flock -n 9 || { echo "Waiting for another script that is using $project/build" >&2; flock 9; }
+  if command -v flock >/dev/null; then  # not on the real platform
+    flock -n 9 || { echo "Waiting for another script that is using $project/build" >&2; flock 9; }
+  fi
   if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$project" "$cache"; then
     rm -rf "${project:?}/build/$preset"
   fi
@@ -56,12 +71,11 @@ use_build_folder() {
 # Builds a preset, or only some targets of it, quietly unless it fails.
 #   build PRESET [TARGET...]
 build() {
-  local preset=$1 targets=()
-  (($# > 1)) && targets=(--target "${@:2}")
+  local preset=$1
   use_build_folder "$preset"
   local log=$project/build/$preset.log
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@]}") 9>&- >"$log" 2>&1 || {
+  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"
   }

@@ -1,5 +1,4 @@
 #import "tests/bundle/BuiltBundle.h"
-#include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 
@@ -60,28 +59,6 @@ OBJC_TEST(Panel, IsCreatedWithTheDefaultsInTheJob) {
     @"VQStartNumber" : @"1",
   };
   EXPECT_EQUAL_OBJECTS(expected, [host allSettings]);
-}
-
-OBJC_TEST(Panel, ReachesThePrintSettingsThroughTheSystemsFunctionsInOrder) {
-  TestPPD ppd(kColorPrinter);
-  TestHost *host = [TestHost hostWithPPD:ppd.get()];
-  interposed::Clear();
-  NewPanel(host);
-  const std::vector<std::string> expected = {"get VQBackgroundNumbering",
-                                             "set VQBackgroundNumbering=Off",
-                                             "get VQBNSize",
-                                             "set VQBNSize=Medium",
-                                             "get VQBNDensity",
-                                             "set VQBNDensity=Medium",
-                                             "get VQBNColor",
-                                             "set VQBNColor=Black",
-                                             "get VQStartNumber",
-                                             "set VQStartNumber=1"};
-  std::vector<std::string> calls;
-  for (const std::string &call : interposed::Calls()) {
-    if (!call.starts_with("ppd ")) calls.push_back(call);
-  }
-  EXPECT_EQ(expected, calls);
 }
 
 OBJC_TEST(Panel, ShowsWhatTheJobHolds) {

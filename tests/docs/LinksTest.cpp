@@ -31,7 +31,8 @@ std::set<fs::path> AllTargets() {
   std::set<fs::path> targets;
   for (const fs::path &document : MarkdownFiles()) {
     for (const Quote &link : LinksIn(ContentOf(document))) {
-      targets.insert(TargetOf(document, link.text).file);
+      const fs::path file = TargetOf(document, link.text).file;
+      if (file != document) targets.insert(file);
     }
   }
   return targets;

@@ -14,6 +14,8 @@
   ppd_file_t *ppd;
   int ppdFileCalls;
   int printSettingsCalls;
+ @private
+  NSDictionary *newSettings;  // what the platform itself puts into new settings
 }
 
 + (instancetype)hostWithPPD:(ppd_file_t *)ppd;
@@ -24,7 +26,7 @@
 /// The stored value, nil where there is none.
 - (id)valueForSetting:(NSString *)key;
 - (void)setValue:(id)value forSetting:(NSString *)key;
-/// All keys and values.
+/// All keys and values but those that the platform puts into new settings.
 - (NSDictionary *)allSettings;
 
 @end

@@ -5,12 +5,14 @@
 + (instancetype)hostWithPPD:(ppd_file_t *)ppd {
   TestHost *host = [[[self alloc] init] autorelease];
   PMCreatePrintSettings(&host->settings);
+  host->newSettings = [[host settingsAsDictionary] retain];
   host->ppd = ppd;
   return host;
 }
 
 - (void)dealloc {
   PMRelease(settings);
+  [newSettings release];
   [super dealloc];
 }
 
@@ -26,10 +28,20 @@
   PMPrintSettingsSetValue(settings, (CFStringRef)key, (CFTypeRef)value, false);
 }
 
-- (NSDictionary *)allSettings {
+- (NSDictionary *)settingsAsDictionary {
   CFDictionaryRef values = nullptr;
   PMPrintSettingsCopyAsDictionary(settings, &values);
   return [(NSDictionary *)values autorelease];
+}
+
+- (NSDictionary *)allSettings {
+  NSMutableDictionary *values =
+      [NSMutableDictionary dictionaryWithDictionary:[self settingsAsDictionary]];
+  for (NSString *key in newSettings) {
+    if ([[values objectForKey:key] isEqual:[newSettings objectForKey:key]])
+      [values removeObjectForKey:key];
+  }
+  return values;
 }
 
 - (PMPrintSession)printSession {

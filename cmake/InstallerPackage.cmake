@@ -1,0 +1,25 @@
+# The real platform's installer package, for CPack: the bundle where its PPD file says, the PPD files
+# where the print system looks for them.
+
+set(CPACK_GENERATOR productbuild)
+set(CPACK_PACKAGING_INSTALL_PREFIX /)
+set(CPACK_PRODUCTBUILD_IDENTIFIER com.velmora.print.pde.BackgroundNumbering)
+if(INSTALLER_IDENTITY)
+  set(CPACK_PRODUCTBUILD_IDENTITY_NAME ${INSTALLER_IDENTITY})
+endif()
+
+# For the whole machine, and nowhere else than where the print dialog looks.
+set(CPACK_PRODUCTBUILD_DOMAINS ON)
+set(CPACK_PRODUCTBUILD_DOMAINS_ROOT ON)
+set(CPACK_PRODUCTBUILD_DOMAINS_USER OFF)
+set(CPACK_PRODUCTBUILD_DOMAINS_ANYWHERE OFF)
+
+# The installer shows texts by the ends of their names.
+configure_file(${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_BINARY_DIR}/installer/License.txt COPYONLY)
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_BINARY_DIR}/installer/License.txt)
+foreach(text IN ITEMS Welcome ReadMe)
+  string(TOUPPER ${text} variable)
+  configure_file(${PROJECT_SOURCE_DIR}/packaging/installer/${text}.txt.in
+                 ${PROJECT_BINARY_DIR}/installer/${text}.txt @ONLY)
+  set(CPACK_RESOURCE_FILE_${variable} ${PROJECT_BINARY_DIR}/installer/${text}.txt)
+endforeach()
