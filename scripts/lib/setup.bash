@@ -11,7 +11,7 @@ fail() {
 
 missing_packages() {
   local package
-  sed 's/#.*//' "$project/packaging/debian-packages" | while read -r package; do
+  sed 's/#.*//' "$project/packaging/$1" | while read -r package; do
     [[ -z $package ]] && continue
     [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
   done
@@ -26,7 +26,8 @@ install_formulae() {
     fail "brew could not install what $brewfile names; its messages are above"
 }
 
-# Installs the packages of packaging/debian-packages that are missing; needs root only then.
+# Installs the packages of a list in packaging/ that are missing; needs root only then.
+#   install_packages [LIST]
 install_packages() {
   if [[ $(uname) == Darwin ]]; then
     install_formulae
@@ -34,8 +35,8 @@ install_packages() {
   fi
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
     fail "this is not a Debian system; install what packaging/debian-packages names and build with cmake --workflow --preset dev"
-  local missing as_root=()
-  mapfile -t missing < <(missing_packages)
+  local list=${1:-debian-packages} missing as_root=()
+  mapfile -t missing < <(missing_packages "$list")
   ((${#missing[@]})) || return 0
   if ((EUID != 0)); then
     command -v sudo >/dev/null ||
