@@ -29,7 +29,7 @@ __pdeprint_unquote() {
 
 __pdeprint_options() {
   case $1 in
-    show) echo -d --queue --ppd -P --preset --ticket --snapshot --wait ;;
+    show) echo -d --queue --ppd -P --preset --ticket --snapshot --wait --alert ;;
     print) echo -d --queue -P --preset --ticket --set -n --copies -t --title --wait ;;
     settings) echo -d --queue --ppd -P --preset --ticket --set --json ;;
     check) echo -d --queue --json ;;
@@ -42,7 +42,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --json | --apply | -h | --help) return 1 ;;
+    --wait | --alert | --json | --apply | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }

@@ -28,6 +28,7 @@ struct ShowOptions : JobSource {
   std::filesystem::path snapshot;  // empty: none
   std::vector<std::filesystem::path> files;
   bool wait = false;
+  bool alert = false;  // where the dialog cannot open, say why in a window too
 };
 
 struct SettingsOptions : JobSource {

@@ -8,7 +8,9 @@
 #include "host/command/JobSettings.h"
 #include "host/command/ScriptedJob.h"
 #include "host/cups/RequestId.h"
+#import "host/dialog/Controls.h"
 #include "host/dialog/PrintDialog.h"
+#include "host/dialog/Prompt.h"
 #include "host/job/JobFiles.h"
 #include "host/job/JobTicket.h"
 
@@ -85,17 +87,18 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
   return told && failures.empty() ? kDone : kFailed;
 }
 
+// Where the dialog cannot open.
+int Refuse(const ShowOptions &options, const std::string &message) {
+  Complain(message);
+  if (options.alert && ConnectToDisplay()) Tell(Text(Sentence(message)));
+  return kFailed;
+}
+
 int Run(const ShowOptions &options) {
   Expected<PrintDialogJob> job = OpenJob(options);
-  if (!job) {
-    Complain(job.message());
-    return kFailed;
-  }
+  if (!job) return Refuse(options, job.message());
   Expected<Extensions> extensions = Extensions::Load(options.plugin);
-  if (!extensions) {
-    Complain(extensions.message());
-    return kFailed;
-  }
+  if (!extensions) return Refuse(options, extensions.message());
   if (!ConnectToDisplay()) {
     Complain(
         Localized("there is no display to show a window on; set DISPLAY, or use `pdeprint print` "

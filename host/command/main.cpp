@@ -106,6 +106,9 @@ int Run(int argc, char **argv) {
   AddText(show, "--snapshot", show_options.snapshot,
           "Write a picture of the dialog as it stood when it was accepted", "PNG");
   show->add_flag("--wait", show_options.wait, "Stay until the job has been printed");
+  show->add_flag("--alert", show_options.alert,
+                 "If the dialog cannot open, say why in a window too: for programs that start this "
+                 "where nobody reads standard error");
   AddSurroundings(show, show_options);
   show->add_option("FILE", show_options.files, "Files to print")->type_name("");
 

@@ -245,6 +245,16 @@ TEST(Show, EscapeAndTheWindowsCloseButtonCancelAndChangeNothing) {
   }
 }
 
+// Whoever starts the program from a file manager does not see standard error.
+TEST(Show, WithAlertSaysInAWindowTooWhyItCannotOpen) {
+  Dialog dialog({"--alert", "--ticket", "/nowhere/ticket.plist"}, "/nowhere/printer.ppd");
+  EXPECT_EQ("Print\n", dialog.Title());
+  const RunResult result = dialog.Close();
+  EXPECT_EQ(1, result.status);
+  EXPECT_TRUE(result.err.ends_with("pdeprint: cannot read /nowhere/printer.ppd: no such file\n"))
+      << result.err;
+}
+
 TEST(Show, TabWalksAllControlsInACircle) {
   Dialog dialog({});
   dialog.Press({"space", "Tab", "Tab", "Tab", "Tab"});
