@@ -1,10 +1,10 @@
 # Names for the workflows of CMakePresets.json and the scripts; all work is done there.
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test build fmt lint asan macos-check clean
+.PHONY: help demo test build fmt lint asan fuzz macos-check sweep bench packages packages-test clean
 
 help: ## this list
-	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 16
+	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 24
 
 demo: ## build, show the panel on a sample printer, print what was chosen
 	@scripts/demo
@@ -24,8 +24,23 @@ lint: ## check formatting and run the static analyzer
 asan: ## all tests under the address and undefined-behaviour sanitizers, with leak checking
 	@scripts/test asan
 
+fuzz: ## arbitrary input for a while, under the sanitizers: make fuzz SECONDS=60
+	@scripts/fuzz $(SECONDS)
+
 macos-check: ## build and check the bundle for the real platform: make macos-check SDK=FOLDER
 	@scripts/macos-check "$(SDK)"
+
+sweep: ## pdeprint check on some 3,850 PPD files of generic drivers
+	@scripts/sweep-ppds
+
+bench: ## measure, and print a table beside the bare platform and other print dialogs
+	@scripts/bench
+
+packages: ## make the packages, in build/packages
+	@scripts/packages
+
+packages-test: ## make the packages, and try them on a clean Debian system (as root)
+	@scripts/packages-test
 
 clean: ## remove everything that was built
 	@rm -rf build

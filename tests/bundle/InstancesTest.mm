@@ -1,6 +1,5 @@
-#import <Foundation/NSDebug.h>
-
 #import "tests/bundle/BuiltBundle.h"
+#import "tests/support/LiveInstances.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 
@@ -8,7 +7,7 @@ namespace {
 
 const int kPanels = 200;
 
-int Live(NSString *className) { return GSDebugAllocationCount(NSClassFromString(className)); }
+long Live(NSString *className) { return LiveInstances(NSClassFromString(className)); }
 
 void OpenAndDropPanel(ppd_file_t *ppd) {
   @autoreleasepool {
@@ -35,7 +34,6 @@ void OpenAndDropPanel(ppd_file_t *ppd) {
 OBJC_TEST(Instances, ADroppedPanelLeavesItsViewAndItsControlsAndNothingElse) {
   TestPPD ppd("*ColorDevice: True\n*VQBackgroundNumberingSupport: \"true\"\n");
   OpenAndDropPanel(ppd.get());  // what is made once
-  GSDebugAllocationActive(YES);
   NSDictionary *leftByEachPanel = @{
     @"velmoraBNPdePluginRV2" : @0,
     @"velmoraBNPdePanelRV2" : @0,
@@ -59,25 +57,23 @@ OBJC_TEST(Instances, ADroppedPanelLeavesItsViewAndItsControlsAndNothingElse) {
   NSMutableDictionary *before = [NSMutableDictionary dictionary];
   for (NSString *name in leftByEachPanel) {
     ASSERT_NE(nil, NSClassFromString(name)) << [name UTF8String];
-    [before setObject:[NSNumber numberWithInt:Live(name)] forKey:name];
+    [before setObject:[NSNumber numberWithLong:Live(name)] forKey:name];
   }
-  const int hosts = Live(@"TestHost");
+  const long hosts = Live(@"TestHost");
   for (int panel = 0; panel < kPanels; ++panel) OpenAndDropPanel(ppd.get());
   for (NSString *name in leftByEachPanel) {
-    EXPECT_EQ(kPanels * [[leftByEachPanel objectForKey:name] intValue],
-              Live(name) - [[before objectForKey:name] intValue])
+    EXPECT_EQ(kPanels * [[leftByEachPanel objectForKey:name] longValue],
+              Live(name) - [[before objectForKey:name] longValue])
         << [name UTF8String];
   }
   EXPECT_EQ(hosts, Live(@"TestHost"));
-  GSDebugAllocationActive(NO);
 }
 
 OBJC_TEST(Instances, APanelThatWasNeverShownLeavesNothing) {
   TestPPD ppd("*ColorDevice: True\n*VQBackgroundNumberingSupport: \"true\"\n");
   BuiltBundle();
-  GSDebugAllocationActive(YES);
-  const int controllers = Live(@"velmoraBNViewControllerRV2");
-  const int labels = Live(@"velmoraBNTextLabelRV2");
+  const long controllers = Live(@"velmoraBNViewControllerRV2");
+  const long labels = Live(@"velmoraBNTextLabelRV2");
   for (int panel = 0; panel < kPanels; ++panel) {
     @autoreleasepool {
       [NewPanel([TestHost hostWithPPD:ppd.get()]) shouldPrint];
@@ -85,5 +81,4 @@ OBJC_TEST(Instances, APanelThatWasNeverShownLeavesNothing) {
   }
   EXPECT_EQ(controllers, Live(@"velmoraBNViewControllerRV2"));
   EXPECT_EQ(labels, Live(@"velmoraBNTextLabelRV2"));
-  GSDebugAllocationActive(NO);
 }

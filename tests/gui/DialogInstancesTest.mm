@@ -1,10 +1,8 @@
 // What dialogs leave behind when they have gone.
 
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/LiveInstances.h"
 #import "tests/support/ObjCTest.h"
-
-extern "C" BOOL GSDebugAllocationActive(BOOL active);
-extern "C" int GSDebugAllocationCount(Class cls);
 
 namespace {
 
@@ -15,11 +13,11 @@ NSArray *DialogClasses() {
   ];
 }
 
-NSDictionary *LiveInstances() {
+NSDictionary *LiveObjects() {
   NSMutableDictionary *live = [NSMutableDictionary dictionary];
   for (NSString *name in DialogClasses()) {
-    const int count = GSDebugAllocationCount(NSClassFromString(name));
-    [live setObject:[NSNumber numberWithInt:count] forKey:name];
+    const long count = LiveInstances(NSClassFromString(name));
+    [live setObject:[NSNumber numberWithLong:count] forKey:name];
   }
   return live;
 }
@@ -40,9 +38,8 @@ void WorkADialog() {
 }  // namespace
 
 OBJC_TEST(DialogInstances, ADialogThatHasGoneLeavesNothingOfItsOwn) {
-  GSDebugAllocationActive(YES);
   WorkADialog();
-  NSDictionary *before = LiveInstances();
+  NSDictionary *before = LiveObjects();
   for (int i = 0; i < 2; ++i) WorkADialog();
-  EXPECT_EQUAL_OBJECTS(before, LiveInstances());
+  EXPECT_EQUAL_OBJECTS(before, LiveObjects());
 }
