@@ -89,7 +89,8 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
   const std::string_view text =
       WithoutByteOrderMark({static_cast<const char *>([data bytes]), [data length]});
   if (auto reason = ReasonAgainstTicketText(text)) return damaged(*reason);
-  data = [NSData dataWithBytes:text.data() length:text.size()];
+  const std::string document = WithUtf8Declaration(text);
+  data = [NSData dataWithBytes:document.data() length:document.size()];
 
   NSString *why = nil;
   id root = nil;

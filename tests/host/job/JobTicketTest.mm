@@ -158,6 +158,27 @@ OBJC_TEST(JobTicket, RefusesWhatIsNoPropertyList) {
   }
 }
 
+// The parser descends with every level, and would not come back.
+OBJC_TEST(JobTicket, RefusesNestingThatIsHiddenFromTheEye) {
+  LeakCheckingPause pause;  // the platform's parser gives up without cleaning up
+  std::string old_style = "/* <plist */ ";
+  std::string utf7 = "<?xml version=\"1.0\" encoding=\"UTF-7\"?><plist>+ADw-dict+AD4-<key>a</key>";
+  for (int level = 0; level < 50000; ++level) old_style += '(';
+  for (int level = 0; level < 50000; ++level) utf7 += "+ADw-array+AD4-";
+  for (const std::string &content : {old_style, utf7}) {
+    EXPECT_TRUE(ReasonAgainst(content).starts_with("not a property list: "));
+  }
+}
+
+OBJC_TEST(JobTicket, ReadsAPropertyListWithoutADeclaration) {
+  TemporaryFolder folder;
+  const fs::path file =
+      folder.Write("ticket.plist", "<plist><dict><key>ä</key><string>ö</string></dict></plist>");
+  Expected<PrintSettings> settings = ReadTicket(file);
+  ASSERT_TRUE(settings) << settings.message();
+  EXPECT_EQUAL_OBJECTS(@{@"ä" : @"ö"}, Values(settings->get()));
+}
+
 OBJC_TEST(JobTicket, RefusesAPropertyListThatIsNoDictionary) {
   for (const std::string &content :
        {Xml("<array><string>a</string></array>"), Xml("<string>a</string>"), Xml("<true/>")}) {

@@ -4,12 +4,18 @@
 
 namespace {
 
-std::string Nested(int levels) {
-  std::string text = "<plist>";
-  for (int level = 0; level < levels; ++level) text += "<array>";
-  for (int level = 0; level < levels; ++level) text += "</array>";
-  return text + "</plist>";
+std::string Repeated(const std::string &text, int times) {
+  std::string result;
+  for (int time = 0; time < times; ++time) result += text;
+  return result;
 }
+
+std::string Nested(int levels, const std::string &open = "<array>") {
+  return "<plist>" + Repeated(open, levels) + Repeated("</array>", levels) + "</plist>";
+}
+
+constexpr char kDeep[] = "it is nested deeper than 100 levels";
+constexpr char kDamaged[] = "the file is damaged or cut off";
 
 }  // namespace
 
@@ -46,9 +52,54 @@ TEST(TicketText, AByteOrderMarkIsTakenAway) {
 }
 
 TEST(TicketText, TagsInCommentsAndTextDoNotHideDepth) {
-  std::string hiding = "<plist><!-- ";
-  for (int i = 0; i < 200; ++i) hiding += "</array>";
-  hiding += " --><![CDATA[</array></array>]]>";
-  for (int i = 0; i < 101; ++i) hiding += "<array>";
-  EXPECT_TRUE(ReasonAgainstTicketText(hiding));
+  const std::string closing = Repeated("</array>", 200);
+  const std::string hiding = "<plist><!-- " + closing + " --><array><![CDATA[" + closing + "]]>" +
+                             Repeated("<array>", 100) + Repeated("</array>", 101) + "</plist>";
+  EXPECT_EQ(kDeep, ReasonAgainstTicketText(hiding));
+}
+
+TEST(TicketText, AttributesDoNotHideDepth) {
+  EXPECT_EQ(kDeep, ReasonAgainstTicketText(Nested(101, "<array a=\"/>\">")));
+  EXPECT_EQ(kDeep, ReasonAgainstTicketText(Nested(101, "<array a='/'\n>")));
+}
+
+TEST(TicketText, EmptyElementsAreNotDeep) {
+  EXPECT_EQ(std::nullopt,
+            ReasonAgainstTicketText("<plist><array>" + Repeated("<dict a=\"b\"/><array />", 200) +
+                                    "</array></plist>"));
+}
+
+TEST(TicketText, TheUsualDocumentTypeIsTaken) {
+  const std::string type =
+      "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+      "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n";
+  EXPECT_EQ(std::nullopt, ReasonAgainstTicketText(type + Nested(100)));
+  EXPECT_EQ(kDeep, ReasonAgainstTicketText(type + Nested(101)));
+}
+
+// With them, comments and tags might begin and end elsewhere than it seems.
+TEST(TicketText, DeclarationsOfMarkupAreRefused) {
+  for (const std::string type :
+       {"[<!ENTITY a \"<!--\">]", "[]", "SYSTEM \"<!--\"", "SYSTEM '\"' [<?\"'?>]"}) {
+    EXPECT_EQ(kDamaged, ReasonAgainstTicketText("<!DOCTYPE plist " + type + ">" + Nested(1)));
+  }
+}
+
+TEST(TicketText, WhatIsNotWellFormedIsRefused) {
+  for (const std::string text :
+       {"<plist>", "<plist><dict></plist></dict>", "</dict><plist/>", "<plist/><plist/>",
+        "dict><plist/>", "<plist/>rest", "<plist a=\"/>", "<plist a=<>/>",
+        "<plist>< dict/></plist>", "<plist><!-- </plist>", "<plist><![CDATA[ </plist>",
+        "<![CDATA[ ]]><plist/>", "<plist><? </plist>", "<plist><!DOCTYPE plist></plist>",
+        "<plist><d/ict></d/ict></plist>", "<plist></></plist>", "<plist"}) {
+    EXPECT_EQ(kDamaged, ReasonAgainstTicketText(text)) << text;
+  }
+}
+
+TEST(TicketText, TheParserIsToldUtf8WhateverTheTextSays) {
+  const std::string expected = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist/>";
+  for (const std::string text : {"<plist/>", " \r\n<?xml version=\"1.0\"?><plist/>",
+                                 "<?xml version='1.1' encoding='UTF-7'?><plist/>"}) {
+    EXPECT_EQ(expected, WithUtf8Declaration(text));
+  }
 }

@@ -1,0 +1,202 @@
+#include "host/command/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include "host/base/Localized.h"
+#include "host/base/Messages.h"
+#include "host/base/Text.h"
+#include "host/command/Commands.h"
+
+namespace {
+
+std::string NotEmpty(const std::string &text) { return text.empty() ? "must not be empty" : ""; }
+
+std::string IsPositiveTime(const std::string &text) {
+  double seconds = 0;
+  if (!CLI::detail::lexical_cast(text, seconds) || !(seconds >= 0.1) || !(seconds <= 3600)) {
+    return "must be a number of seconds from 0.1 to 3600";
+  }
+  return "";
+}
+
+template <typename Value>
+CLI::Option *AddText(CLI::App *verb, const std::string &names, Value &value,
+                     const std::string &what, const std::string &type) {
+  return verb->add_option(names, value, what)->type_name(type)->check(NotEmpty);
+}
+
+void AddSurroundings(CLI::App *verb, Surroundings &surroundings) {
+  AddText(verb, "--plugin", surroundings.plugin,
+          "An extension bundle to load before those that are installed", "BUNDLE");
+  verb->add_option_function<double>(
+          "--timeout",
+          [&surroundings](const double &seconds) {
+            surroundings.limit = std::chrono::milliseconds(static_cast<long long>(seconds * 1000));
+          },
+          "How long the print server may take for an answer (default: 5)")
+      ->type_name("SECONDS")
+      ->check(IsPositiveTime);
+}
+
+CLI::Option *AddQueue(CLI::App *verb, std::string &queue, const std::string &what) {
+  return AddText(verb, "-d,--queue", queue, what, "QUEUE");
+}
+
+void AddBeginning(CLI::App *verb, JobSource &source, const std::string &ticket) {
+  AddText(verb, "-P,--preset", source.preset, "Begin with the settings of a preset", "PRESET");
+  AddText(verb, "--ticket", source.ticket, ticket, "FILE");
+}
+
+void AddChanges(CLI::App *verb, std::vector<std::string> &set) {
+  verb->add_option("--set", set,
+                   "Give a setting of an extension, or an option of the printer, a value, for "
+                   "instance Valid=On, StartNumber=25 or Duplex=None; may be repeated")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+}
+
+CLI::App *AddPPDChange(CLI::App &app, const std::string &name, const std::string &what,
+                       PPDChangeOptions &options) {
+  CLI::App *verb = app.add_subcommand(name, what);
+  AddText(verb, "PPD", options.ppd, "The PPD file to begin with; it may be compressed", "FILE");
+  AddQueue(verb, options.queue, "A queue of the print server in place of the PPD file");
+  AddText(verb, "-o,--output", options.output,
+          "The PPD file to write; for a queue QUEUE.ppd in this folder unless given", "FILE");
+  verb->add_flag("--apply", options.apply,
+                 "Give the queue the new PPD file, as an administrator; no file is written");
+  AddSurroundings(verb, options);
+  return verb;
+}
+
+void CheckPPDChange(const PPDChangeOptions &options) {
+  if (options.ppd.empty() == options.queue.empty()) {
+    throw CLI::ValidationError("PPD", "name either a PPD file or a queue (-d)");
+  }
+  if (options.queue.empty() && options.apply) {
+    throw CLI::ValidationError("--apply", "only a queue (-d) can be given a PPD file");
+  }
+  if (options.queue.empty() && options.output.empty()) {
+    throw CLI::RequiredError("--output");
+  }
+  if (options.apply && !options.output.empty()) {
+    throw CLI::ValidationError("--apply", "no file is written then; leave out --output");
+  }
+}
+
+const char kTicketReadAndWritten[] =
+    "Print settings of the job, an XML property list: read first, where there is one, and written "
+    "at the end";
+
+}  // namespace
+
+int RunCommandLine(int argc, char **argv) {
+  CLI::App app("A print dialog for extension bundles, such as background numbering.", "pdeprint");
+  app.set_version_flag("--version", "pdeprint " PDEPRINT_VERSION);
+  app.require_subcommand(1);
+
+  ShowOptions show_options;
+  CLI::App *show =
+      app.add_subcommand("show", "Open the print dialog for files, or for settings alone");
+  CLI::Option *show_queue = AddQueue(show, show_options.queue,
+                                     "The queue to begin with (default: the user's default queue)");
+  AddText(show, "--ppd", show_options.ppd,
+          "A printer's PPD file in place of a queue: the choices are printed to standard output, "
+          "and no job is sent",
+          "FILE")
+      ->excludes(show_queue);
+  AddBeginning(show, show_options, kTicketReadAndWritten);
+  AddText(show, "--snapshot", show_options.snapshot,
+          "Write a picture of the dialog as it stood when it was accepted", "PNG");
+  show->add_flag("--wait", show_options.wait, "Stay until the job has been printed");
+  show->add_flag("--alert", show_options.alert,
+                 "If the dialog cannot open, say why in a window too: for programs that start this "
+                 "where nobody reads standard error");
+  AddSurroundings(show, show_options);
+  show->add_option("FILE", show_options.files, "Files to print")->type_name("");
+
+  PrintOptions print_options;
+  CLI::App *print = app.add_subcommand("print", "Print files as one job. Needs no display.");
+  AddQueue(print, print_options.queue, "The queue (default: the user's default queue)");
+  AddBeginning(
+      print, print_options,
+      "Print settings of the job, an XML property list; it is only read, and must be there");
+  AddChanges(print, print_options.set);
+  AddText(print, "-n,--copies", print_options.copies, "How many copies", "COPIES");
+  AddText(print, "-t,--title", print_options.title, "The job's name (default: the file's)",
+          "TITLE");
+  print->add_flag("--wait", print_options.wait, "Wait until the job has been printed");
+  AddSurroundings(print, print_options);
+  print->add_option("FILE", print_options.files, "Files to print")->type_name("")->required();
+
+  SettingsOptions settings_options;
+  CLI::App *settings =
+      app.add_subcommand("settings", "Change and print the settings of a job. Needs no display.");
+  CLI::Option *settings_queue =
+      AddQueue(settings, settings_options.queue, "The queue (default: the user's default queue)");
+  AddText(settings, "--ppd", settings_options.ppd, "A printer's PPD file in place of a queue",
+          "FILE")
+      ->excludes(settings_queue);
+  AddBeginning(settings, settings_options, kTicketReadAndWritten);
+  AddChanges(settings, settings_options.set);
+  settings->add_flag("--json", settings_options.json, "Answer in JSON");
+  AddSurroundings(settings, settings_options);
+
+  CheckOptions check_options;
+  CLI::App *check = app.add_subcommand(
+      "check",
+      "Say for each PPD file or queue whether panels are offered, or why not. Needs no display.");
+  check->add_option("PPD", check_options.ppds, "PPD files")->type_name("FILE");
+  check->add_option("-d,--queue", check_options.queues, "A queue; may be repeated")
+      ->type_name("QUEUE")
+      ->check(NotEmpty)
+      ->allow_extra_args(false);
+  check->add_flag("--json", check_options.json, "Answer in JSON");
+  AddSurroundings(check, check_options);
+
+  QueuesOptions queues_options;
+  CLI::App *queues = app.add_subcommand(
+      "queues",
+      "List the queues, and whether panels are offered on each, or why not. Needs no display.");
+  queues->add_flag("--json", queues_options.json, "Answer in JSON");
+  AddSurroundings(queues, queues_options);
+
+  PPDChangeOptions enable_options;
+  CLI::App *enable =
+      AddPPDChange(app, "enable",
+                   "Add the printer options of extension bundles to a PostScript printer's PPD "
+                   "file, or to a queue. Needs no display.",
+                   enable_options);
+
+  PPDChangeOptions disable_options;
+  CLI::App *disable =
+      AddPPDChange(app, "disable",
+                   "Take out of a PPD file, or a queue, what enable has added. Needs no display.",
+                   disable_options);
+
+  try {
+    app.parse(argc, argv);
+    if (enable->parsed()) CheckPPDChange(enable_options);
+    if (disable->parsed()) CheckPPDChange(disable_options);
+    if (show->parsed() && !show_options.ppd.empty() && !show_options.files.empty()) {
+      throw CLI::ValidationError("--ppd",
+                                 "files are printed on a queue (-d); --ppd alone prints nothing");
+    }
+    if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
+      throw CLI::RequiredError("PPD or --queue");
+    }
+  } catch (const CLI::ParseError &error) {
+    const auto is_named = [argv](const CLI::App *verb) { return verb->check_name(argv[1]); };
+    if (argc > 1 && argv[1][0] != '-' && app.get_subcommands(is_named).empty()) {
+      Complain(Localized("there is no verb %1; `pdeprint --help` lists them", {Quoted(argv[1])}));
+      return kWrongUsage;
+    }
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  }
+  if (show->parsed()) return Show(show_options);
+  if (print->parsed()) return Print(print_options);
+  if (settings->parsed()) return Settings(settings_options);
+  if (check->parsed()) return Check(check_options);
+  if (enable->parsed()) return Enable(enable_options);
+  if (disable->parsed()) return Disable(disable_options);
+  return Queues(queues_options);
+}
