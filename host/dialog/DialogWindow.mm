@@ -25,6 +25,13 @@ bool IsNear(NSPoint first, NSPoint second) {
   return std::hypot(first.x - second.x, first.y - second.y) <= kClickSlack;
 }
 
+// The events tell when they happened, however long it takes to handle them.
+bool IsClick(NSEvent *press, NSEvent *release) {
+  return [release type] == NSLeftMouseUp &&
+         [release timestamp] - [press timestamp] <= kLongestClick &&
+         IsNear([press locationInWindow], [[press window] mouseLocationOutsideOfEventStream]);
+}
+
 SEL EditingAction(NSString *character) {
   if ([character isEqualToString:@"x"]) return @selector(cut:);
   if ([character isEqualToString:@"c"]) return @selector(copy:);
@@ -108,14 +115,12 @@ void ComplainOfEvent(NSException *exception) {
     [[(NSPopUpButton *)[self firstResponder] cell] dismissPopUp];
     return;
   }
-  NSDate *pressed = [NSDate date];
   [super sendEvent:event];
   NSView *view = [[self contentView] hitTest:[event locationInWindow]];
   if (![view isKindOfClass:[NSPopUpButton class]]) return;
   NSPopUpButton *popUp = (NSPopUpButton *)view;
   if (![popUp isEnabled] || [popUp numberOfItems] < 2 || HasOpenMenu(popUp) ||
-      -[pressed timeIntervalSinceNow] > kLongestClick ||
-      !IsNear([event locationInWindow], [self mouseLocationOutsideOfEventStream])) {
+      !IsClick(event, [NSApp currentEvent])) {
     return;
   }
   [self makeFirstResponder:popUp];

@@ -1,6 +1,25 @@
 #import "tests/gui/PanelOnScreen.h"
 #import "tests/support/ObjCTest.h"
 
+// A slow machine: handling what happens while the mouse is pressed takes a while.
+@interface SlowTracking : NSObject
+@end
+
+@implementation SlowTracking
+
+- (void)begin {
+  [self performSelector:@selector(takeAWhile)
+             withObject:nil
+             afterDelay:0
+                inModes:@[ NSEventTrackingRunLoopMode ]];
+}
+
+- (void)takeAWhile {
+  [NSThread sleepForTimeInterval:0.6];
+}
+
+@end
+
 namespace {
 
 NSWindow *MenuWindow(NSPopUpButton *popUp) {
@@ -46,6 +65,15 @@ OBJC_TEST(PopUp, AClickOpensTheMenuAndASecondOneChooses) {
   panel.Click(popUp, ItemBelow(popUp, 2));
   EXPECT_FALSE([MenuWindow(popUp) isVisible]);
   EXPECT_EQUAL_OBJECTS(@"Green", [panel.SavedSettings() objectForKey:@"VQBNColor"]);
+}
+
+OBJC_TEST(PopUp, AClickIsAClickHoweverLongItTakesToHandle) {
+  PanelOnScreen panel(NumberingFrom(@"1"));
+  NSPopUpButton *popUp = panel[@"popUpColor"];
+  [[[[SlowTracking alloc] init] autorelease] begin];
+  panel.Click(popUp);
+  EXPECT_TRUE([MenuWindow(popUp) isVisible]);
+  panel.Press({"Escape"});
 }
 
 OBJC_TEST(PopUp, AClickElsewhereClosesTheMenuAndChangesNothing) {

@@ -2,10 +2,13 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #import "host/dialog/Appearance.h"
 #import "host/dialog/DialogWindow.h"
+#include "tests/support/LeakCheckingPause.h"
 #import "tests/support/ObjCTest.h"
+#include "tests/support/Slowdown.h"
 
 namespace {
 
@@ -20,13 +23,24 @@ class LightAppearance : public testing::Environment {
 testing::Environment *const appearance = testing::AddGlobalTestEnvironment(new LightAppearance);
 
 const double kSettled = 0.12;  // how long no event may come before the last one counts as handled
-const double kPatience = 10;
+const double kPatience = 10 * kSlowdown;
 
 double Now() { return [NSDate timeIntervalSinceReferenceDate]; }
+
+bool IsAnyWindowVisible() {
+  for (NSWindow *window in [NSApp windows]) {
+    if ([window isVisible]) return true;
+  }
+  return false;
+}
 
 // Handles the next event, if one comes soon.
 bool HandleEvent() {
   @autoreleasepool {
+    // Told that it is active no more, the application asks the display for its windows; of an
+    // answer without any the platform loses the memory.
+    std::optional<LeakCheckingPause> pause;
+    if (!IsAnyWindowVisible()) pause.emplace();
     NSEvent *event = [NSApp nextEventMatchingMask:NSAnyEventMask
                                         untilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]
                                            inMode:NSDefaultRunLoopMode

@@ -13,9 +13,16 @@ std::vector<std::string> calls;
 int read_status = 0;
 int write_status = 0;
 
+// Half a surrogate pair alone has no UTF-8.
+std::string Described(id object) {
+  if (object == nil) return "nil";
+  NSString *text = [object description];
+  const bool has_utf8 = [text canBeConvertedToEncoding:NSUTF8StringEncoding];
+  return has_utf8 ? [text UTF8String] : "no UTF-8";
+}
+
 void Record(const char *what, id object) {
-  calls.push_back(std::string(what) + ' ' +
-                  (object == nil ? "nil" : [[object description] UTF8String]));
+  calls.push_back(std::string(what) + ' ' + Described(object));
 }
 
 template <typename Function>
