@@ -18,7 +18,8 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path);
 // Writes all values of the settings, whole or not at all.
 std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings);
 
-// The settings as job options. A value that is neither a string nor a number is none.
+// The settings as job options. A value that is neither a string nor a number is none, nor is a text
+// that no server can be sent: with a zero character, or half of a surrogate pair.
 JobOptions JobOptionsFromSettings(PMPrintSettings settings);
 
 #endif

@@ -19,6 +19,15 @@ Retained<NSDictionary *> Values(PMPrintSettings settings) {
   return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
 }
 
+// None: it cannot be sent, since half of a surrogate pair has no UTF-8, or since it would end at a
+// zero character, and be another one.
+std::optional<std::string> OptionText(NSString *text) {
+  NSData *data = [text dataUsingEncoding:NSUTF8StringEncoding];
+  if (data == nil) return std::nullopt;
+  const std::string bytes(static_cast<const char *>([data bytes]), [data length]);
+  return bytes.find('\0') == std::string::npos ? std::optional(bytes) : std::nullopt;
+}
+
 int HexDigit(char character) {
   if (character >= '0' && character <= '9') return character - '0';
   if (character >= 'A' && character <= 'F') return character - 'A' + 10;
@@ -133,7 +142,10 @@ JobOptions JobOptionsFromSettings(PMPrintSettings settings) {
   for (NSString *name in values.get()) {
     id value = [values.get() objectForKey:name];
     if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
-    if ([value isKindOfClass:[NSString class]]) options[[name UTF8String]] = [value UTF8String];
+    if (![value isKindOfClass:[NSString class]]) continue;
+    const std::optional<std::string> key = OptionText(name);
+    const std::optional<std::string> text = OptionText(value);
+    if (key && text) options[*key] = *text;
   }
   return options;
 }

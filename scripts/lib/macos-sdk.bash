@@ -4,20 +4,21 @@
 # Frameworks/, include/ and lib/ at the top; an SDK has all of that deeper down.
 #   shape_sdk SOURCE OUT
 shape_sdk() {
-  local source=$1 out=$2 versions letter
-  [[ -e $out/.from && $(<"$out/.from") == "$source" ]] && return
+  local source=$1 out=$2 versions letter header stub state
+  state="$source, $(git -C "$source" rev-parse HEAD 2>/dev/null || find "$source" -maxdepth 2 -printf '%P %T@ ' | cksum)"
+  [[ -e $out/.from && $(<"$out/.from") == "$state" ]] && return
   rm -rf "$out"
   mkdir -p "$out/usr" "$out/System/Library"
-  if [[ -d $source/System/Library/Frameworks && -d $source/usr/include ]]; then
+  if [[ -d $source/System/Library/Frameworks && -d $source/usr/include && -d $source/usr/lib ]]; then
     cp -R "$source/System/Library/Frameworks" "$out/System/Library/"
     cp -R "$source/usr/include" "$source/usr/lib" "$out/usr/"
   else
     mkdir "$out/mirror"
-    if [[ -d $source/Frameworks && -d $source/include ]]; then
+    if [[ -d $source/Frameworks && -d $source/include && -d $source/lib ]]; then
       cp -R "$source/Frameworks" "$source/include" "$source/lib" "$out/mirror/"
     else
       git -C "$source" archive HEAD Frameworks include lib 2>"$out/log" | tar -x -C "$out/mirror" 2>>"$out/log" ||
-        fail "$source is neither an SDK nor a mirror of its headers, as a folder or git repository: $(head -n 1 "$out/log")"
+        fail "$source is neither an SDK nor a mirror of one, as a folder or git repository; it must have Frameworks, include and lib: $(head -n 1 "$out/log")"
     fi
     mv "$out/mirror/Frameworks" "$out/System/Library/"
     mv "$out/mirror/include" "$out/mirror/lib" "$out/usr/"
@@ -35,14 +36,14 @@ shape_sdk() {
   for stub in "$project"/cmake/toolchains/stubs/*.tbd; do
     [[ -e $out/usr/lib/${stub##*/} ]] || ln -s "$stub" "$out/usr/lib/"
   done
-  printf %s "$source" >"$out/.from"
+  printf %s "$state" >"$out/.from"
 }
 
 # The libraries that tests and the generator use, for the same machine as the bundle.
 #   build_libraries TOOLCHAIN SDK OUT
 build_libraries() {
   local out=$3
-  [[ -e $out/.complete ]] && return
+  [[ $out/.complete -nt $2/.from ]] && return
   rm -rf "$out"
   mkdir -p "$out/include" "$out/share/cmake"
   cp -R /usr/include/nlohmann "$out/include/"

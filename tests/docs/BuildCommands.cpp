@@ -95,6 +95,14 @@ std::string WhyNoTest(const std::string &program, const std::string &filter) {
   return "there are no tests of " + match[1].str() + " in " + sources.string();
 }
 
+std::string WhyNoFuzzTargets(const Words &names) {
+  for (const std::string &name : names) {
+    if (!fs::is_directory(kSource / "tests/fuzz/corpora" / name))
+      return "there is no target " + name;
+  }
+  return "";
+}
+
 std::string WhyNoScript(const Words &words) {
   const std::string &script = words.front();
   if (access((kSource / script).c_str(), X_OK) != 0) return "there is no such script";
@@ -103,6 +111,7 @@ std::string WhyNoScript(const Words &words) {
   const bool takes_preset = script == "scripts/build" || script == "scripts/test";
   if (takes_preset && words.size() == 2) return WhyNoPreset(words[1]);
   if (script == "scripts/format" && words.size() == 2 && words[1] == "--check") return "";
+  if (script == "scripts/fuzz") return WhyNoFuzzTargets({words.begin() + 2, words.end()});
   return "the script's arguments are unknown here";
 }
 

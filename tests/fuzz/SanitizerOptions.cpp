@@ -5,5 +5,5 @@
 extern "C" const char *__asan_default_options();  // NOLINT(bugprone-reserved-identifier)
 
 extern "C" const char *__asan_default_options() {
-  return "detect_leaks=0:allocator_may_return_null=1";
+  return "detect_leaks=0:allocator_may_return_null=1:malloc_context_size=8";
 }

@@ -84,7 +84,13 @@ std::string Read(std::string_view file, NSBundle *bundle) {
       NSInvalidArgumentException);
 }
 
+// Formats of the platform's own, in which a few bytes make its reader allocate gigabytes.
+bool IsBinary(std::string_view file) {
+  return file.starts_with('\0') || file.starts_with("bplist");
+}
+
 std::string Run(std::string_view file) {
+  if (IsBinary(file)) return "";
   static const InfoBundle bundle;
   bundle.Write(file);
   // As the host reads it.

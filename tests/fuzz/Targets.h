@@ -34,7 +34,7 @@ std::string TryJobOption(std::string_view text);
 std::string TryCommandLine(std::string_view lines);
 
 struct Target {
-  std::string_view name;  // of its folder in tests/fuzz/corpora, and its program without fuzz_
+  std::string_view name;  // and that of its folder in tests/fuzz/corpora
   std::string (*run)(std::string_view input);
 };
 

@@ -58,14 +58,22 @@ TEST(Version, TheChangelogBecomesOneThatDebiansToolsRead) {
   EXPECT_EQ(VERSION "\n", field("Version"));
   EXPECT_EQ("numbering\n", field("Source"));
   EXPECT_EQ("Some One <some.one@example.org>\n", field("Maintainer"));
-  EXPECT_EQ(DebianChangelog({"--time", kChangelog}).out, field("Timestamp"));
+  EXPECT_EQ(DebianChangelog({"--time", VERSION, kChangelog}).out, field("Timestamp"));
   EXPECT_NE(std::string::npos, field("Changes").find("pdeprint"));
 }
 
 TEST(Version, AChangelogThatSaysNoDateIsRefused) {
   const TemporaryFolder folder;
   const std::string file = folder.Write("CHANGELOG.md", "# Changelog\n\n## [1.0.0]\n");
-  const RunResult result = DebianChangelog({"--time", file});
+  const RunResult result = DebianChangelog({"--time", "1.0.0", file});
   EXPECT_NE(0, result.status);
   EXPECT_EQ(file + ":3: \"## [1.0.0]\" must be \"## [VERSION] - YEAR-MONTH-DAY\"\n", result.err);
+}
+
+TEST(Version, OneThatTheChangelogDoesNotBeginWithIsNotPacked) {
+  const RunResult result = DebianChangelog({"--time", "999.0.0", kChangelog});
+  EXPECT_NE(0, result.status);
+  EXPECT_EQ(std::string(kChangelog) + ": its newest version is " VERSION
+                                      ", and 999.0.0 is being packed; add what has changed\n",
+            result.err);
 }

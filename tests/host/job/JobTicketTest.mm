@@ -210,3 +210,11 @@ OBJC_TEST(JobTicket, StringsAndNumbersBecomeOptions) {
   const JobOptions expected = {{"größe", "groß"}, {"number", "7"}, {"fraction", "1.25"}};
   EXPECT_EQ(expected, JobOptionsFromSettings(SettingsWith(values).get()));
 }
+
+OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
+  NSString *zero = [NSString stringWithFormat:@"a%Cb", unichar{0}];
+  NSString *half = [@"😀" substringToIndex:1];
+  NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, half : @"e", @"f" : half};
+  const JobOptions expected = {{"a", "b"}};
+  EXPECT_EQ(expected, JobOptionsFromSettings(SettingsWith(values).get()));
+}
