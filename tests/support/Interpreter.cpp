@@ -92,7 +92,7 @@ double FromMiddle(const PrintedPage &page, const DrawnText &drawn) {
 }  // namespace
 
 double Contrast(Color one, Color other) {
-  const auto [darker, brighter] = std::minmax(Luminance(one), Luminance(other));
+  const auto [darker, brighter] = std::minmax({Luminance(one), Luminance(other)});
   return (brighter + 0.05) / (darker + 0.05);
 }
 

@@ -113,6 +113,11 @@ RunResult RunProgram(const std::vector<std::string> &command, const RunOptions &
   return RunningProgram(command, options).Wait();
 }
 
+void CopyPdeprint(const std::filesystem::path &folder) {
+  std::filesystem::copy_file(kPdeprint, folder / "pdeprint");
+  std::filesystem::copy_file(BINARY_DIRECTORY "/libPrintCore.so.1", folder / "libPrintCore.so.1");
+}
+
 RunResult RunPdeprint(const std::vector<std::string> &arguments, RunOptions options) {
   options.environment.emplace("DISPLAY", std::nullopt);
   options.environment.emplace("LANGUAGE", "en");

@@ -6,6 +6,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -53,6 +54,9 @@ class RunningProgram {
 };
 
 RunResult RunProgram(const std::vector<std::string> &command, const RunOptions &options = {});
+
+// A copy of pdeprint in another folder, with the library that it finds beside itself.
+void CopyPdeprint(const std::filesystem::path &folder);
 
 // pdeprint without a display, in English.
 RunResult RunPdeprint(const std::vector<std::string> &arguments, RunOptions options = {});

@@ -22,8 +22,7 @@ class ProgramWithTables : public testing::Test {
   static void SetUpTestSuite() {
     folder_ = new TemporaryFolder;
     fs::create_directory(Folder() / "bin");
-    fs::copy(kPdeprint, Folder() / "bin");
-    fs::copy(BINARY_DIRECTORY "/libPrintCore.so", Folder() / "bin");
+    CopyPdeprint(Folder() / "bin");
     WriteTables("bin/share/pdeprint");
   }
   static void TearDownTestSuite() {

@@ -13,7 +13,7 @@
 class ProgramWithOptions {
  public:
   ProgramWithOptions() {
-    std::filesystem::copy_file(kPdeprint, path());
+    CopyPdeprint(folder_.path());
     AddBundle(FirstBundle(), TWO_PANELS);
     WriteInfo(FirstBundle(), "test.marks", "Marks", "TwoPanels", "TwoPanelsPlugIn", kOptions);
     folder_.Write(FirstBundle() / "Resources/color.ppdpart", MarkOptions().color);

@@ -258,7 +258,7 @@ TEST_F(PrintVerb, AJobThatWasSentIsThereEvenIfNobodyCanBeToldItsNumber) {
 
 TEST_F(PrintVerb, PrintsWithoutAnyExtensionBundle) {
   const fs::path program = folder_.path() / "pdeprint";
-  fs::copy_file(kPdeprint, program);
+  CopyPdeprint(folder_.path());
   const RunResult result = RunProgram(
       {program, "print", "-d", "Office", "-n", "2", "--set", "Duplex=DuplexTumble", file_},
       Options());
