@@ -212,9 +212,11 @@ OBJC_TEST(JobTicket, StringsAndNumbersBecomeOptions) {
 }
 
 OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
-  NSString *zero = [NSString stringWithFormat:@"a%Cb", unichar{0}];
-  NSString *half = [@"😀" substringToIndex:1];
-  NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, half : @"e", @"f" : half};
+  const unichar kZero[] = {'a', 0, 'b'};
+  NSString *zero = [NSString stringWithCharacters:kZero length:3];
+  NSMutableString *half = [NSMutableString stringWithString:@"\U0001F600"];
+  [half deleteCharactersInRange:NSMakeRange(0, 1)];  // half a surrogate pair
+  NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, @"e" : half};
   const JobOptions expected = {{"a", "b"}};
   EXPECT_EQ(expected, JobOptionsFromSettings(SettingsWith(values).get()));
 }
