@@ -10,6 +10,7 @@
 
 #include "tests/host/enabling/MarkOptions.h"
 #include "tests/printing/Documents.h"
+#include "tests/support/Slowdown.h"
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -92,7 +93,7 @@ RunResult Workplace::Run(const std::string &command) const {
 
 RunResult Workplace::RunDialog(const std::string &command) const {
   RunningProgram dialog({"sh", "-c", "exec " + InThisPlace(command)}, Options());
-  const auto deadline = std::chrono::steady_clock::now() + 30s;
+  const auto deadline = std::chrono::steady_clock::now() + kSlowdown * 30s;
   while (std::chrono::steady_clock::now() < deadline && !dialog.HasEnded(300ms)) {
     RunProgram({"sh", "-c", kPressReturn});
   }
@@ -100,7 +101,7 @@ RunResult Workplace::RunDialog(const std::string &command) const {
 }
 
 bool Workplace::AwaitJobs() const {
-  const auto deadline = std::chrono::steady_clock::now() + 30s;
+  const auto deadline = std::chrono::steady_clock::now() + kSlowdown * 30s;
   while (std::chrono::steady_clock::now() < deadline) {
     if (server_.LiveJobs().empty()) return true;
     std::this_thread::sleep_for(100ms);
