@@ -34,7 +34,7 @@ sweep: ## pdeprint check on some 3,850 PPD files of generic drivers
 	@scripts/sweep-ppds
 
 bench: ## measure, and print a table beside the bare platform and other print dialogs
-	@scripts/bench
+	@scripts/bench $(ROUNDS)
 
 packages: ## make the packages, in build/packages
 	@scripts/packages
