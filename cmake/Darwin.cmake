@@ -31,8 +31,8 @@ set(BUNDLE_INFO_PLIST Contents/Info.plist)
 # Where cross compiling, there is no compiler of layouts: the file goes into the bundle as it is, to be
 # looked at, and no dialog could load it.
 function(add_layout variable xib folder)
-  cmake_path(GET xib STEM name)
   if(IBTOOL)
+    cmake_path(GET xib STEM name)
     set(layout ${folder}/${name}.nib)
     add_custom_command(
       OUTPUT ${layout}
@@ -40,15 +40,11 @@ function(add_layout variable xib folder)
               --minimum-deployment-target ${CMAKE_OSX_DEPLOYMENT_TARGET} --compile ${layout} ${xib}
       DEPENDS ${xib}
       VERBATIM)
+    list(APPEND ${variable} ${layout})
   else()
-    set(layout ${folder}/${name}.xib)
-    add_custom_command(
-      OUTPUT ${layout}
-      COMMAND ${CMAKE_COMMAND} -E copy ${xib} ${layout}
-      DEPENDS ${xib}
-      VERBATIM)
+    add_copied_resource(${variable} ${xib} ${folder})
   endif()
-  set(${variable} ${${variable}} ${layout} PARENT_SCOPE)
+  set(${variable} ${${variable}} PARENT_SCOPE)
 endfunction()
 
 # A signature covers the executable and all resources: it comes last.

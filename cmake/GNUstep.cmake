@@ -62,13 +62,8 @@ set(SECOND_FOLDER_OF_pt_PT Portuguese)
 
 # Layout files are read as they are.
 function(add_layout variable xib folder)
-  cmake_path(GET xib FILENAME file_name)
-  add_custom_command(
-    OUTPUT ${folder}/${file_name}
-    COMMAND ${CMAKE_COMMAND} -E copy ${xib} ${folder}/${file_name}
-    DEPENDS ${xib}
-    VERBATIM)
-  set(${variable} ${${variable}} ${folder}/${file_name} PARENT_SCOPE)
+  add_copied_resource(${variable} ${xib} ${folder})
+  set(${variable} ${${variable}} PARENT_SCOPE)
 endfunction()
 
 # What bundles link with lies above them, in the build tree and where they are installed.

@@ -7,6 +7,17 @@
 
 include(${CMAKE_CURRENT_LIST_DIR}/StringsTables.cmake)
 
+# Puts a file into a folder of the bundle; the copy's path is appended to the variable.
+function(add_copied_resource variable file folder)
+  cmake_path(GET file FILENAME file_name)
+  add_custom_command(
+    OUTPUT ${folder}/${file_name}
+    COMMAND ${CMAKE_COMMAND} -E copy ${file} ${folder}/${file_name}
+    DEPENDS ${file}
+    VERBATIM)
+  set(${variable} ${${variable}} ${folder}/${file_name} PARENT_SCOPE)
+endfunction()
+
 function(add_plugin_bundle name)
   cmake_parse_arguments(ARG "" "INFO_PLIST;LAYOUT;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
 
@@ -23,13 +34,7 @@ function(add_plugin_bundle name)
   set(outputs)
   add_layout(outputs ${ARG_LAYOUT} ${resources})
   foreach(resource IN LISTS ARG_RESOURCES)
-    cmake_path(GET resource FILENAME file_name)
-    add_custom_command(
-      OUTPUT ${resources}/${file_name}
-      COMMAND ${CMAKE_COMMAND} -E copy ${resource} ${resources}/${file_name}
-      DEPENDS ${resource}
-      VERBATIM)
-    list(APPEND outputs ${resources}/${file_name})
+    add_copied_resource(outputs ${resource} ${resources})
   endforeach()
   add_strings_tables(outputs FROM ${ARG_STRINGS_DIRECTORY} TABLE Localizable TO ${resources})
   add_custom_target(${name}Resources ALL DEPENDS ${outputs})
