@@ -22,4 +22,7 @@ std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSet
 // that no server can be sent: with a zero character, or half of a surrogate pair.
 JobOptions JobOptionsFromSettings(PMPrintSettings settings);
 
+// The value of one of them; none: there is no such option.
+std::optional<std::string> JobOptionFromSettings(PMPrintSettings settings, const std::string &name);
+
 #endif

@@ -28,6 +28,12 @@ std::optional<std::string> OptionText(NSString *text) {
   return bytes.find('\0') == std::string::npos ? std::optional(bytes) : std::nullopt;
 }
 
+std::optional<std::string> OptionValue(id value) {
+  if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
+  if (![value isKindOfClass:[NSString class]]) return std::nullopt;
+  return OptionText(value);
+}
+
 int HexDigit(char character) {
   if (character >= '0' && character <= '9') return character - '0';
   if (character >= 'A' && character <= 'F') return character - 'A' + 10;
@@ -140,12 +146,17 @@ JobOptions JobOptionsFromSettings(PMPrintSettings settings) {
   JobOptions options;
   Retained<NSDictionary *> values = Values(settings);
   for (NSString *name in values.get()) {
-    id value = [values.get() objectForKey:name];
-    if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
-    if (![value isKindOfClass:[NSString class]]) continue;
     const std::optional<std::string> key = OptionText(name);
-    const std::optional<std::string> text = OptionText(value);
-    if (key && text) options[*key] = *text;
+    const std::optional<std::string> value = OptionValue([values.get() objectForKey:name]);
+    if (key && value) options[*key] = *value;
   }
   return options;
+}
+
+std::optional<std::string> JobOptionFromSettings(PMPrintSettings settings,
+                                                 const std::string &name) {
+  CFTypeRef value = nullptr;
+  PMPrintSettingsGetValue(settings, (CFStringRef)[NSString stringWithUTF8String:name.c_str()],
+                          &value);
+  return OptionValue((id)value);
 }

@@ -24,8 +24,8 @@ bool IsName(std::string_view text) {
 // Where markup that holds text, which may look like tags, ends; npos if it does not, 0 if none
 // begins here.
 size_t EndOfText(std::string_view xml) {
-  constexpr std::pair<std::string_view, std::string_view> kTexts[] = {
-      {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+  constexpr std::pair<std::string_view, std::string_view> kTexts[] = {{"<!--", "-->"},
+                                                                      {"<![CDATA[", "]]>"}};
   for (const auto &[start, end] : kTexts) {
     if (!xml.starts_with(start)) continue;
     const size_t at = xml.find(end, start.size());
@@ -86,6 +86,14 @@ class OpenElements {
   bool has_begun_ = false;
 };
 
+// A document type without declarations of its own, or a processing instruction. The parser takes
+// the first > for the end of one.
+bool IsDeclaration(std::string_view tag, const OpenElements &elements) {
+  if (tag.starts_with("<?")) return tag.ends_with("?>");
+  return tag.starts_with("<!DOCTYPE") && !elements.has_begun() &&
+         tag.find('[') == std::string_view::npos;
+}
+
 std::string Damaged() { return Localized("the file is damaged or cut off"); }
 
 std::optional<std::string> ReasonAgainstMarkup(std::string_view xml) {
@@ -100,9 +108,7 @@ std::optional<std::string> ReasonAgainstMarkup(std::string_view xml) {
       end = EndOfTag(xml);
       if (end == std::string_view::npos) return Damaged();
       const std::string_view tag = xml.substr(0, end);
-      const bool is_type = tag.starts_with("<!DOCTYPE") && !elements.has_begun() &&
-                           tag.find('[') == std::string_view::npos;
-      if (!is_type && !elements.Take(tag)) return Damaged();
+      if (!IsDeclaration(tag, elements) && !elements.Take(tag)) return Damaged();
       if (elements.depth() > kDeepest) return Localized("it is nested deeper than 100 levels");
     } else if (end == std::string_view::npos || (elements.none() && xml.starts_with("<![CDATA["))) {
       return Damaged();

@@ -212,9 +212,7 @@ void JobSession::DropFaultyPanels() {
 }
 
 std::string JobSession::Value(const std::string &keyword) const {
-  const JobOptions options = JobOptionsFromSettings(settings());
-  const auto option = options.find(keyword);
-  return option == options.end() ? "" : option->second;
+  return JobOptionFromSettings(settings(), keyword).value_or("");
 }
 
 void JobSession::Set(const std::string &keyword, const std::string &value) {

@@ -12,6 +12,12 @@
 
 namespace fs = std::filesystem;
 
+namespace fuzz {
+
+void PrintTo(const Target &target, std::ostream *stream) { *stream << target.name; }
+
+}  // namespace fuzz
+
 namespace {
 
 class Replay : public testing::TestWithParam<fuzz::Target> {};

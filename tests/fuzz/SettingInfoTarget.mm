@@ -19,8 +19,10 @@ class InfoBundle {
     const std::string path = (folder_.path() / "Fuzz.bundle").string();
     bundle_ = [[NSBundle alloc] initWithPath:[NSString stringWithUTF8String:path.c_str()]];
   }
+  // With a line end: the platform's parser reads on behind a file that ends within a tag.
   void Write(std::string_view info) const {
-    folder_.Write("Fuzz.bundle/Resources/BackgroundNumberingRV2-SettingInfo.plist", info);
+    folder_.Write("Fuzz.bundle/Resources/BackgroundNumberingRV2-SettingInfo.plist",
+                  std::string(info) + '\n');
   }
   NSBundle *get() const { return bundle_; }
 
@@ -54,7 +56,8 @@ void AskEverything(velmoraBNCommonInfoRV2 *info) {
 }
 
 bool ParserRaises(std::string_view file) {
-  NSData *data = [NSData dataWithBytes:file.data() length:file.size()];
+  const std::string text = std::string(file) + '\n';
+  NSData *data = [NSData dataWithBytes:text.data() length:text.size()];
   @try {
     [NSPropertyListSerialization propertyListWithData:data
                                               options:NSPropertyListImmutable

@@ -29,7 +29,7 @@ NSString *KeyOf(std::string_view name) {
 }
 
 NSString *Huge(NSString *text) {
-  constexpr NSUInteger kLength = 100'000;
+  constexpr NSUInteger kLength = 20'000;
   return [@"" stringByPaddingToLength:kLength
                            withString:[text length] == 0 ? @" " : text
                       startingAtIndex:0];

@@ -90,7 +90,8 @@ TEST(TicketText, WhatIsNotWellFormedIsRefused) {
        {"<plist>", "<plist><dict></plist></dict>", "</dict><plist/>", "<plist/><plist/>",
         "dict><plist/>", "<plist/>rest", "<plist a=\"/>", "<plist a=<>/>",
         "<plist>< dict/></plist>", "<plist><!-- </plist>", "<plist><![CDATA[ </plist>",
-        "<![CDATA[ ]]><plist/>", "<plist><? </plist>", "<plist><!DOCTYPE plist></plist>",
+        "<![CDATA[ ]]><plist/>", "<plist><? </plist>", "<plist><? <dict> ?></plist>",
+        "<plist><? > <dict> ?></plist>", "<plist><!DOCTYPE plist></plist>",
         "<plist><d/ict></d/ict></plist>", "<plist></></plist>", "<plist"}) {
     EXPECT_EQ(kDamaged, ReasonAgainstTicketText(text)) << text;
   }
