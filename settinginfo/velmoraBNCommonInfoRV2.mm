@@ -86,10 +86,8 @@ NSDictionary *DictionaryFromPropertyList(NSString *path) {
 }
 
 - (id)BNCIValueInSection:(NSString *)section entry:(NSString *)entry {
-  NSDictionary *settingInfo = self.settingInfoDictionary;
-  // A key path would raise, or answer an empty array, on a section of another type.
-  if (![[settingInfo objectForKey:section] isKindOfClass:[NSDictionary class]]) return nil;
-  return [settingInfo valueForKeyPath:[NSString stringWithFormat:@"%@.%@", section, entry]];
+  NSDictionary *values = [self.settingInfoDictionary objectForKey:section];
+  return [values isKindOfClass:[NSDictionary class]] ? [values objectForKey:entry] : nil;
 }
 
 - (id)defaultValid {

@@ -1,5 +1,7 @@
 #import "tickets/velmoraBNPrintTicketManagerRV2.h"
 
+#include <array>
+
 NSString *const BNPTMNameValid = @"Valid";
 NSString *const BNPTMNameSize = @"Size";
 NSString *const BNPTMNameDensity = @"Density";
@@ -33,6 +35,29 @@ id MakeTicket(NSDictionary *info, velmoraBNCommonInfoRV2 *commonInfo) {
   return [[ticketClass alloc] initWithDefaultValue:defaultValue
                                          ticketKey:ticketKey
                                         commonInfo:commonInfo];
+}
+
+struct NamedTicket {
+  NSString *name;
+  velmoraBNPrintTicketRV2 *ticket;
+};
+
+// In the order of all operations.
+std::array<NamedTicket, 5> NamedTickets(velmoraBNPrintTicketManagerRV2 *manager) {
+  return {{
+      {BNPTMNameValid, manager.ticketValid},
+      {BNPTMNameSize, manager.ticketSize},
+      {BNPTMNameDensity, manager.ticketDensity},
+      {BNPTMNameColor, manager.ticketColor},
+      {BNPTMNameStartNumber, manager.ticketStartNumber},
+  }};
+}
+
+velmoraBNPrintTicketRV2 *TicketNamed(velmoraBNPrintTicketManagerRV2 *manager, NSString *name) {
+  for (const auto &[ticketName, ticket] : NamedTickets(manager)) {
+    if ([ticketName isEqual:name]) return ticket;
+  }
+  return nil;
 }
 
 }  // namespace
@@ -113,7 +138,7 @@ id MakeTicket(NSDictionary *info, velmoraBNCommonInfoRV2 *commonInfo) {
 }
 
 - (void)registerTargetInstances:(NSArray *)targets ticketName:(NSString *)ticketName {
-  [[[self BNPTMAllTicketsDictionary] objectForKey:ticketName] registerTargetInstances:targets];
+  [TicketNamed(self, ticketName) registerTargetInstances:targets];
 }
 
 - (void)setTitleToValid:(NSString *)title {
@@ -121,27 +146,25 @@ id MakeTicket(NSDictionary *info, velmoraBNCommonInfoRV2 *commonInfo) {
 }
 
 - (void)restoreAllTicketsFailSafe {
-  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) {
-    [ticket restoreTicketFailSafe];
-  }
+  for (const NamedTicket &named : NamedTickets(self)) [named.ticket restoreTicketFailSafe];
 }
 
 - (NSString *)restoreTicketFailSafe:(NSString *)ticketName {
-  return [[[self BNPTMAllTicketsDictionary] objectForKey:ticketName] restoreTicketFailSafe];
+  return [TicketNamed(self, ticketName) restoreTicketFailSafe];
 }
 
 - (void)saveAllTickets {
-  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) [ticket saveTicket];
+  for (const NamedTicket &named : NamedTickets(self)) [named.ticket saveTicket];
 }
 
 - (void)restoreDefaultsExceptValid {
-  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) {
-    if (ticket != self.ticketValid) [ticket restoreDefaults];
+  for (const NamedTicket &named : NamedTickets(self)) {
+    if (named.ticket != self.ticketValid) [named.ticket restoreDefaults];
   }
 }
 
 - (void)verifyAllTickets {
-  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) [ticket verifyTicket];
+  for (const NamedTicket &named : NamedTickets(self)) [named.ticket verifyTicket];
 }
 
 - (void)changeValue:(id)sender ticketName:(NSString *)ticketName {
@@ -150,19 +173,16 @@ id MakeTicket(NSDictionary *info, velmoraBNCommonInfoRV2 *commonInfo) {
 }
 
 - (NSArray *)BNPTMAllTicketsArray {
-  return @[
-    self.ticketValid, self.ticketSize, self.ticketDensity, self.ticketColor, self.ticketStartNumber
-  ];
+  NSMutableArray *all = [NSMutableArray array];
+  for (const NamedTicket &named : NamedTickets(self)) [all addObject:named.ticket];
+  return all;
 }
 
 - (NSDictionary *)BNPTMAllTicketsDictionary {
-  return @{
-    BNPTMNameValid : self.ticketValid,
-    BNPTMNameSize : self.ticketSize,
-    BNPTMNameDensity : self.ticketDensity,
-    BNPTMNameColor : self.ticketColor,
-    BNPTMNameStartNumber : self.ticketStartNumber,
-  };
+  NSMutableDictionary *all = [NSMutableDictionary dictionary];
+  for (const NamedTicket &named : NamedTickets(self))
+    [all setObject:named.ticket forKey:named.name];
+  return all;
 }
 
 @end

@@ -21,7 +21,8 @@ CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions
 }
 
 CheckResult CheckFile(const std::filesystem::path &path, Extensions &extensions) {
-  Expected<PPDFile> ppd = InEnglish([&path] { return PPDFile::Open(path); });
+  Expected<PPDFile> ppd =
+      InEnglish([&path] { return PPDFile::Open(path, PPDTexts::kFilesLanguage); });
   if (!ppd) return CheckResult{.file = path.string(), .reason = ppd.message()};
   return CheckPrinter(path.string(), &*ppd, extensions);
 }

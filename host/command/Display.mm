@@ -14,6 +14,10 @@ bool ConnectToDisplay() {
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
   UseLightAppearance();
+  // The first window asks ImageMagick which pictures it can read, and that loads a module for every
+  // format: half of the time until the window is there. Here it finds none. The platform reads the
+  // usual formats (TIFF, PNG, JPEG, GIF) itself.
+  setenv("MAGICK_CODER_MODULE_PATH", "/dev/null", 0);
   @try {
     // Without the end of its launch the application object never learns of a key window.
     [[NSApplication sharedApplication] finishLaunching];

@@ -78,16 +78,16 @@ PPDOption Described(const ppd_file_t &ppd, const ppd_group_t &group, const ppd_o
 
 }  // namespace
 
-PPDFile::PPDFile(ppd_file_t *ppd) : ppd_(ppd) {
-  ppdLocalize(ppd);
+PPDFile::PPDFile(ppd_file_t *ppd, PPDTexts texts) : ppd_(ppd) {
+  if (texts == PPDTexts::kUsersLanguage) ppdLocalize(ppd);
   ppdMarkDefaults(ppd);
 }
 
-Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path) {
+Expected<PPDFile> PPDFile::Open(const std::filesystem::path &path, PPDTexts texts) {
   if (auto reason = ReasonNotRegularFile(path)) return *reason;
 
   errno = 0;
-  if (ppd_file_t *ppd = ppdOpenFile(path.c_str())) return PPDFile(ppd);
+  if (ppd_file_t *ppd = ppdOpenFile(path.c_str())) return PPDFile(ppd, texts);
   const int system_error = errno;
   int line = 0;
   const ppd_status_t reason = ppdLastError(&line);

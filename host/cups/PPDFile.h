@@ -39,13 +39,20 @@ struct PPDConflict {
   PPDOption second;
 };
 
+// What the texts of options and choices are in.
+enum class PPDTexts {
+  kUsersLanguage,  // as far as the file has it
+  kFilesLanguage   // for those who need no texts: opening takes a third of the time less
+};
+
 // Keywords of options and choices are compared exactly, case of letters included, although libcups
 // does not: what is refused can be put right, and what is written otherwise is mostly an option of
 // every queue (collate, Collate).
 class PPDFile {
  public:
   // Opens and parses a file, compressed or not. The failure is what libcups says, with the line.
-  static Expected<PPDFile> Open(const std::filesystem::path &path);
+  static Expected<PPDFile> Open(const std::filesystem::path &path,
+                                PPDTexts texts = PPDTexts::kUsersLanguage);
 
   // Valid as long as this object; never null. The file's defaults are marked.
   ppd_file_t *get() const { return ppd_.get(); }
@@ -91,7 +98,7 @@ class PPDFile {
   struct Closer {
     void operator()(ppd_file_t *ppd) const { ppdClose(ppd); }
   };
-  explicit PPDFile(ppd_file_t *ppd);
+  PPDFile(ppd_file_t *ppd, PPDTexts texts);
 
   std::unique_ptr<ppd_file_t, Closer> ppd_;
 };

@@ -43,6 +43,8 @@ class PrinterChooser {
   using QueuesAnswer = Expected<std::vector<Queue>>;
   using PPDAnswer = Expected<std::optional<PPDFile>>;
 
+  template <typename Answer>
+  void Ask(std::function<Answer()> question, void (PrinterChooser::*take)(Answer));
   void TakeQueues(QueuesAnswer queues);
   void AskFor(const Queue &queue);
   void TakePPD(PPDAnswer ppd);

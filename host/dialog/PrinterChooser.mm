@@ -10,18 +10,24 @@
 
 namespace {
 
+// Nobody notices a wait as short as this. Most servers answer within it, and the window need not
+// show the question first.
+constexpr std::chrono::milliseconds kAtOnce(50);
+
+}  // namespace
+
 // Runs the question on a thread of its own, and hands its answer over on this one.
 template <typename Answer>
-Poller AskInBackground(std::function<Answer()> question, std::function<void(Answer)> take) {
+void PrinterChooser::Ask(std::function<Answer()> question, void (PrinterChooser::*take)(Answer)) {
   auto task = std::make_shared<BackgroundTask<Answer>>(std::move(question));
-  return Poller([task, take = std::move(take)] {
+  poller_ = Poller();  // whoever takes the answer may ask the next question
+  if (task->WaitFor(kAtOnce)) return (this->*take)(task->Take());
+  poller_ = Poller([this, task, take] {
     if (!task->HasEnded()) return false;
-    take(task->Take());
+    (this->*take)(task->Take());
     return true;
   });
 }
-
-}  // namespace
 
 PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::string wanted,
                                Callbacks callbacks)
@@ -32,9 +38,7 @@ PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::s
 
 void PrinterChooser::AskForQueues() {
   callbacks_.asking(Localized("Asking %1 for its printers…", {server_.Address()}));
-  poller_ =
-      AskInBackground<QueuesAnswer>([server = server_] { return server.Queues(); },
-                                    [this](QueuesAnswer queues) { TakeQueues(std::move(queues)); });
+  Ask<QueuesAnswer>([server = server_] { return server.Queues(); }, &PrinterChooser::TakeQueues);
 }
 
 void PrinterChooser::TakeQueues(QueuesAnswer queues) {
@@ -66,9 +70,8 @@ void PrinterChooser::AskForChosen() {
 void PrinterChooser::AskFor(const Queue &queue) {
   wanted_ = queue.name;
   callbacks_.asking(Localized("Asking %1 about %2…", {server_.Address(), queue.name}));
-  poller_ = AskInBackground<PPDAnswer>(
-      [server = server_, name = queue.name] { return server.PPDOfQueue(name); },
-      [this](PPDAnswer ppd) { TakePPD(std::move(ppd)); });
+  Ask<PPDAnswer>([server = server_, name = queue.name] { return server.PPDOfQueue(name); },
+                 &PrinterChooser::TakePPD);
 }
 
 void PrinterChooser::TakePPD(PPDAnswer ppd) {
