@@ -18,23 +18,18 @@ namespace {
 constexpr char kQueue[] = "Office";
 const char kDocument[] = SOURCE_DIRECTORY "/scripts/lib/sample-document.ps";
 
-struct Contest {
-  std::string measure;
-  std::vector<std::string> ours;
-  std::vector<std::string> platform;
-};
+using Command = std::vector<std::string>;
 
-void Hold(const Contest &contest, int rounds, const EnvironmentChanges &environment,
-          Measures &measures) {
-  const auto run = [&](const char *side) {
-    const auto &command = side == std::string("ours") ? contest.ours : contest.platform;
+// The sides are run in an order that changes from round to round.
+void Hold(const std::string &measure, std::vector<std::pair<std::string, Command>> sides,
+          int rounds, const EnvironmentChanges &environment, Measures &measures) {
+  const auto run = [&environment](const Command &command) {
     return Program(command, environment).SecondsUntilEnd();
   };
-  for (const char *side : {"ours", "platform"}) run(side);  // what is read lies in memory then
+  for (const auto &[side, command] : sides) run(command);  // what is read lies in memory then
   for (int round = 0; round < rounds; ++round) {
-    std::vector<const char *> sides = {"ours", "platform"};
-    if (round % 2 == 1) std::ranges::reverse(sides);
-    for (const char *side : sides) measures[contest.measure][side].push_back(run(side));
+    for (const auto &[side, command] : sides) measures[measure][side].push_back(run(command));
+    std::rotate(sides.begin(), sides.begin() + 1, sides.end());
   }
 }
 
@@ -47,8 +42,7 @@ std::vector<std::string> PPDFiles(const fs::path &folder) {
   return files;
 }
 
-std::vector<std::string> With(std::vector<std::string> command,
-                              const std::vector<std::string> &arguments) {
+Command With(Command command, const std::vector<std::string> &arguments) {
   command.insert(command.end(), arguments.begin(), arguments.end());
   return command;
 }
@@ -71,14 +65,19 @@ int main(int argc, char **argv) {
   MeasureDialogs(rounds, server, kQueue, out, measures);
   // What is sent is not printed while others are measured.
   server.StopQueue(kQueue, "measuring");
-  Hold(
-      {"print",
-       {pdeprint, "print", "-d", kQueue, "--set", "Valid=On", "--set", "StartNumber=25", kDocument},
-       {"lp", "-d", kQueue, "-o", "VQBackgroundNumbering=On", "-o", "VQStartNumber=25", kDocument}},
-      rounds, server.Environment(), measures);
-  Hold({"start", {BENCH_DIRECTORY "/link_only"}, {"lp", "-d", kQueue, kDocument}}, rounds,
-       server.Environment(), measures);
-  Hold({"check", With({pdeprint, "check"}, ppds), With({BENCH_DIRECTORY "/open_ppds"}, ppds)},
+  Hold("print",
+       {{"ours",
+         {pdeprint, "print", "-d", kQueue, "--set", "Valid=On", "--set", "StartNumber=25",
+          kDocument}},
+        {"platform",
+         {"lp", "-d", kQueue, "-o", "VQBackgroundNumbering=On", "-o", "VQStartNumber=25",
+          kDocument}},
+        {"bundle-loaded",
+         {BENCH_DIRECTORY "/load_bundle", BINARY_DIRECTORY "/BackgroundNumbering.plugin"}}},
+       rounds, server.Environment(), measures);
+  Hold("check",
+       {{"ours", With({pdeprint, "check"}, ppds)},
+        {"platform", With({BENCH_DIRECTORY "/open_ppds"}, ppds)}},
        std::max(3, rounds / 3), server.Environment(), measures);
   WriteMeasures(measures, out / "programs.txt");
   return 0;
