@@ -59,7 +59,7 @@ Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting
     if (!stored) return Failure{stored.message()};
     return Fitting({setting->name, setting->key, *stored}, ppd);
   }
-  const bool is_ppd_option = ppd != nullptr && ppd->Option(name).has_value();
+  const bool is_ppd_option = ppd != nullptr && ppd->HasOption(name);
   if (is_ppd_option || std::find(kJobOptionsOfEveryPrinter.begin(), kJobOptionsOfEveryPrinter.end(),
                                  name) != kJobOptionsOfEveryPrinter.end()) {
     return Fitting({name, name, value}, ppd);

@@ -42,25 +42,37 @@ std::span<const ppd_option_t> OptionsOf(const ppd_group_t &group) {
   return {group.options, group.options == nullptr ? 0 : static_cast<size_t>(group.num_options)};
 }
 
+std::span<const ppd_choice_t> AllChoicesOf(const ppd_option_t &option) {
+  return {option.choices, option.choices == nullptr ? 0 : static_cast<size_t>(option.num_choices)};
+}
+
+bool IsListed(const ppd_choice_t &choice) {
+  return choice.choice[0] != '\0' && !IsSame(choice.choice, kCustomChoice);
+}
+
 std::vector<PPDChoice> ChoicesOf(const ppd_option_t &option) {
   std::vector<PPDChoice> choices;
-  if (option.choices == nullptr) return choices;
   // Of choices that libcups cannot tell apart only the first can be had.
   std::set<const char *, IgnoringCase> seen;
-  for (const ppd_choice_t &choice :
-       std::span(option.choices, static_cast<size_t>(option.num_choices))) {
-    if (choice.choice[0] == '\0' || IsSame(choice.choice, kCustomChoice)) continue;
-    if (!seen.insert(choice.choice).second) continue;
+  for (const ppd_choice_t &choice : AllChoicesOf(option)) {
+    if (!IsListed(choice) || !seen.insert(choice.choice).second) continue;
     choices.push_back({choice.choice, Text(choice.text, choice.choice)});
   }
   return choices;
 }
 
-std::string DefaultAmong(const std::vector<PPDChoice> &choices, const ppd_option_t &option) {
-  for (const PPDChoice &choice : choices) {
-    if (IsSame(choice.keyword.c_str(), option.defchoice)) return choice.keyword;
+// The choice that libcups takes this keyword for, as it is written in the list; empty: none.
+std::string ListedChoice(const ppd_option_t &option, const char *keyword) {
+  for (const ppd_choice_t &choice : AllChoicesOf(option)) {
+    if (IsListed(choice) && IsSame(choice.choice, keyword)) return choice.choice;
   }
   return "";
+}
+
+std::string DefaultOf(const ppd_file_t &ppd, const ppd_option_t &option) {
+  std::string listed = ListedChoice(option, option.defchoice);
+  if (!listed.empty() || !AllowsCustomChoice(ppd, option, option.defchoice)) return listed;
+  return option.defchoice;
 }
 
 PPDOption Described(const ppd_file_t &ppd, const ppd_group_t &group, const ppd_option_t &option) {
@@ -69,10 +81,7 @@ PPDOption Described(const ppd_file_t &ppd, const ppd_group_t &group, const ppd_o
   described.text = Text(option.text, option.keyword);
   described.group = Text(group.text, group.name);
   described.choices = ChoicesOf(option);
-  described.default_choice = DefaultAmong(described.choices, option);
-  if (described.default_choice.empty() && AllowsCustomChoice(ppd, option, option.defchoice)) {
-    described.default_choice = option.defchoice;
-  }
+  described.default_choice = DefaultOf(ppd, option);
   return described;
 }
 
@@ -132,24 +141,45 @@ std::vector<std::string> PPDFile::Attributes(const std::string &keyword) const {
   return values;
 }
 
-std::vector<PPDOption> PPDFile::Options() const {
-  std::vector<PPDOption> options;
+template <typename Take>
+void PPDFile::ForOptionsOfJobs(Take take) const {
   for (const ppd_group_t &group : Groups(*ppd_)) {
     if (IsSame(group.name, kInstalledHardware)) continue;
     for (const ppd_option_t &option : OptionsOf(group)) {
       if (IsSame(option.keyword, "PageRegion")) continue;
+      if (std::ranges::none_of(AllChoicesOf(option), IsListed)) continue;
       // Of two options with one keyword libcups knows one.
-      if (ppdFindOption(ppd_.get(), option.keyword) != &option) continue;
-      PPDOption described = Described(*ppd_, group, option);
-      if (!described.choices.empty()) options.push_back(std::move(described));
+      if (ppdFindOption(ppd_.get(), option.keyword) == &option) take(group, option);
     }
   }
+}
+
+std::vector<PPDOption> PPDFile::Options() const {
+  std::vector<PPDOption> options;
+  ForOptionsOfJobs([&](const ppd_group_t &group, const ppd_option_t &option) {
+    options.push_back(Described(*ppd_, group, option));
+  });
   return options;
 }
 
-std::optional<PPDOption> PPDFile::Option(const std::string &keyword) const {
+std::vector<std::string> PPDFile::OptionKeywords() const {
+  std::vector<std::string> keywords;
+  ForOptionsOfJobs([&](const ppd_group_t &, const ppd_option_t &option) {
+    keywords.emplace_back(option.keyword);
+  });
+  return keywords;
+}
+
+const ppd_option_t *PPDFile::Found(const std::string &keyword) const {
   const ppd_option_t *option = ppdFindOption(ppd_.get(), keyword.c_str());
-  if (option == nullptr || option->keyword != keyword) return std::nullopt;
+  return option != nullptr && option->keyword == keyword ? option : nullptr;
+}
+
+bool PPDFile::HasOption(const std::string &keyword) const { return Found(keyword) != nullptr; }
+
+std::optional<PPDOption> PPDFile::Option(const std::string &keyword) const {
+  const ppd_option_t *option = Found(keyword);
+  if (option == nullptr) return std::nullopt;
   for (const ppd_group_t &group : Groups(*ppd_)) {
     for (const ppd_option_t &candidate : OptionsOf(group)) {
       if (&candidate == option) return Described(*ppd_, group, *option);
@@ -158,10 +188,14 @@ std::optional<PPDOption> PPDFile::Option(const std::string &keyword) const {
   return std::nullopt;
 }
 
+std::string PPDFile::DefaultChoice(const std::string &keyword) const {
+  const ppd_option_t *option = Found(keyword);
+  return option == nullptr ? "" : DefaultOf(*ppd_, *option);
+}
+
 bool PPDFile::Allows(const std::string &option, const std::string &choice) const {
-  const ppd_option_t *found = ppdFindOption(ppd_.get(), option.c_str());
-  if (found == nullptr || found->keyword != option) return false;
+  const ppd_option_t *found = Found(option);
+  if (found == nullptr) return false;
   if (IsCustomChoice(choice)) return AllowsCustomChoice(*ppd_, *found, choice);
-  return std::ranges::any_of(ChoicesOf(*found),
-                             [&](const PPDChoice &listed) { return listed.keyword == choice; });
+  return !choice.empty() && ListedChoice(*found, choice.c_str()) == choice;
 }

@@ -72,8 +72,15 @@ class PPDFile {
   // installed hardware, not PageRegion, which follows PageSize, and none without choices.
   std::vector<PPDOption> Options() const;
 
-  // The option, of whatever kind, with this keyword; none: there is no such option.
+  // The keywords of Options().
+  std::vector<std::string> OptionKeywords() const;
+
+  // Whether there is an option, of whatever kind, with this keyword.
+  bool HasOption(const std::string &keyword) const;
+  // The option; none: there is no such option.
   std::optional<PPDOption> Option(const std::string &keyword) const;
+  // Its default choice; empty also where there is no such option.
+  std::string DefaultChoice(const std::string &keyword) const;
 
   // Whether a job may ask for this choice of an option: one that is listed, or Custom.VALUE where
   // the option takes custom values and this one is within its limits, or {NAME=VALUE ...}, which is
@@ -99,6 +106,11 @@ class PPDFile {
     void operator()(ppd_file_t *ppd) const { ppdClose(ppd); }
   };
   PPDFile(ppd_file_t *ppd, PPDTexts texts);
+  // Calls take(group, option) for each of Options().
+  template <typename Take>
+  void ForOptionsOfJobs(Take take) const;
+  // With exactly this keyword; null: there is none.
+  const ppd_option_t *Found(const std::string &keyword) const;
 
   std::unique_ptr<ppd_file_t, Closer> ppd_;
 };

@@ -62,10 +62,9 @@ std::optional<std::string> ReasonAgainst(const std::string &keyword, const std::
                                          const std::set<std::string> &printer_specific) {
   if (keyword == "copies") return ReasonIn(ParseCopies(value));
   if (keyword == "page-ranges") return ReasonIn(ParsePageRanges(value));
-  const std::optional<PPDOption> option = ppd == nullptr ? std::nullopt : ppd->Option(keyword);
-  if (option) {
+  if (ppd != nullptr && ppd->HasOption(keyword)) {
     if (ppd->Allows(keyword, value)) return std::nullopt;
-    return ReasonAgainstChoice(*option, value);
+    return ReasonAgainstChoice(*ppd->Option(keyword), value);
   }
   if (!printer_specific.contains(keyword)) return std::nullopt;
   return Localized("this printer has no %1", {keyword});

@@ -128,7 +128,7 @@ std::set<std::string> JobSession::Claimed() const {
 void JobSession::LearnPrinterSpecificKeywords() {
   printer_specific_.merge(Claimed());
   if (!ppd_) return;
-  for (const PPDOption &option : ppd_->Options()) printer_specific_.insert(option.keyword);
+  for (const std::string &keyword : ppd_->OptionKeywords()) printer_specific_.insert(keyword);
 }
 
 void JobSession::TakeAway(const std::string &keyword, const std::string &why, Notes &notes) {
@@ -142,7 +142,7 @@ void JobSession::TakeAwayBadValues(Notes &notes) {
   std::set<std::string> texts = Claimed();
   for (const Setting &setting : extensions_.Settings()) texts.insert(setting.key);
   if (ppd_) {
-    for (const PPDOption &option : ppd_->Options()) texts.insert(option.keyword);
+    for (const std::string &keyword : ppd_->OptionKeywords()) texts.insert(keyword);
   }
   for (const std::string &keyword : texts) {
     id value = Stored(settings(), keyword);
@@ -165,7 +165,7 @@ void JobSession::TakeAwayUnfitOptions(Notes &notes) {
   JobOptions options = JobOptionsFromSettings(settings());
   // What the printer's description does not list is for the panels to correct.
   for (const std::string &keyword : Claimed()) {
-    if (!ppd_->Option(keyword)) options.erase(keyword);
+    if (!ppd_->HasOption(keyword)) options.erase(keyword);
   }
   for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
     TakeAway(unfit.keyword, unfit.reason, notes);
@@ -177,7 +177,7 @@ bool JobSession::IsAllowed(const std::string &keyword, const std::string &value)
     Expected<std::string> stored = setting->Check(value);
     if (!stored || *stored != value) return false;
   }
-  return !ppd_ || !ppd_->Option(keyword) || ppd_->Allows(keyword, value);
+  return !ppd_ || !ppd_->HasOption(keyword) || ppd_->Allows(keyword, value);
 }
 
 std::string JobSession::DefaultOf(const std::string &keyword) const {
@@ -185,9 +185,7 @@ std::string JobSession::DefaultOf(const std::string &keyword) const {
   if (const auto of_queue = defaults_.find(keyword); of_queue != defaults_.end()) {
     candidates.push_back(of_queue->second);
   }
-  if (const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt) {
-    candidates.push_back(option->default_choice);
-  }
+  if (ppd_) candidates.push_back(ppd_->DefaultChoice(keyword));
   if (const auto own = panel_defaults_.find(keyword); own != panel_defaults_.end()) {
     candidates.push_back(own->second);
   }
@@ -240,12 +238,11 @@ JobOptions JobSession::Options() const {
 
 std::string JobSession::Choice(const std::string &keyword) const {
   if (std::string value = Value(keyword); !value.empty()) return value;
-  const auto option = ppd_ ? ppd_->Option(keyword) : std::nullopt;
   const auto of_queue = defaults_.find(keyword);
   if (of_queue != defaults_.end() && IsAllowed(keyword, of_queue->second)) return of_queue->second;
-  if (!option) return "";
+  if (!ppd_ || !ppd_->HasOption(keyword)) return "";
   const std::string choice = ppd_->ChoiceOf(keyword, Options());
-  return choice.empty() ? option->default_choice : choice;
+  return choice.empty() ? ppd_->DefaultChoice(keyword) : choice;
 }
 
 std::vector<PPDOption> JobSession::OtherOptions() const {

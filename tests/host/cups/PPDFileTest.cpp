@@ -376,6 +376,25 @@ TEST(PPDFile, HasNoOptionThatIsNotThereOrWrittenOtherwise) {
   EXPECT_FALSE(ppd.Option("Duplex" + std::string(1000, 'x')));
 }
 
+// What is answered of an option alone is what the option has.
+TEST(PPDFile, KnowsKeywordsAndDefaultsWithoutDescribingTheOption) {
+  const PPDFile ppd = OpenText(
+      NumberingPPDText(true, WithOption("VQOne", "*VQOne A/1: \"\"\n*VQOne B/2: \"\"\n") +
+                                 WithOption("VQTwo", "*DefaultVQTwo: a\n*VQTwo A/1: \"\"\n") +
+                                 WithOption("VQThree", "*DefaultVQThree: A\n")));
+  EXPECT_EQ(Keywords(ppd.Options()), ppd.OptionKeywords());
+  for (const std::string keyword :
+       {"VQBNSize", "VQStartNumber", "PageRegion", "VQOne", "VQTwo", "VQThree"}) {
+    ASSERT_TRUE(ppd.HasOption(keyword)) << keyword;
+    EXPECT_EQ(ppd.Option(keyword)->default_choice, ppd.DefaultChoice(keyword)) << keyword;
+  }
+  EXPECT_EQ("Medium", ppd.DefaultChoice("VQBNSize"));
+  for (const char *keyword : {"VQAbsent", "vqbnsize", ""}) {
+    EXPECT_FALSE(ppd.HasOption(keyword)) << keyword;
+    EXPECT_EQ("", ppd.DefaultChoice(keyword)) << keyword;
+  }
+}
+
 TEST(PPDFile, AllowsTheChoicesThatAreListed) {
   const PPDFile ppd = OpenText(NumberingPPDText(false));
   EXPECT_TRUE(ppd.Allows("Duplex", "DuplexTumble"));
@@ -386,6 +405,9 @@ TEST(PPDFile, AllowsTheChoicesThatAreListed) {
   EXPECT_FALSE(ppd.Allows("Duplex", "duplextumble"));
   EXPECT_FALSE(ppd.Allows("Duplex", ""));
   EXPECT_FALSE(ppd.Allows("VQAbsent", "A"));
+  const PPDFile twice = OpenLines(WithOption("VQTest", "*VQTest A/1: \"\"\n*VQTest a/2: \"\"\n"));
+  EXPECT_TRUE(twice.Allows("VQTest", "A"));
+  EXPECT_FALSE(twice.Allows("VQTest", "a")) << "libcups takes it for A";
   EXPECT_FALSE(ppd.Allows("duplex", "None"));
 }
 
