@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "host/base/Localized.h"
+#include "host/base/Utf8.h"
 
 namespace fs = std::filesystem;
 
@@ -28,7 +29,7 @@ std::optional<Failure> ReasonAgainstFiles(const std::vector<fs::path> &files) {
 
 std::string TitleOfJob(const std::vector<fs::path> &files) {
   if (files.empty()) return "";
-  std::string first = files.front().filename().string();
+  std::string first = ToUtf8(files.front().filename().string());
   if (files.size() == 1) return first;
   return Localized("%1 and %2 more", {first, std::to_string(files.size() - 1)});
 }

@@ -45,3 +45,10 @@ TEST(JobFiles, AJobIsNamedAfterItsFiles) {
   EXPECT_EQ("a.ps", TitleOfJob({"/tmp/a.ps"}));
   EXPECT_EQ("a.ps and 2 more", TitleOfJob({"/tmp/a.ps", "b.ps", "c.ps"}));
 }
+
+// The server and the window take it for that.
+TEST(JobFiles, AJobsNameIsUtf8WhateverItsFilesNameIs) {
+  EXPECT_EQ("größe.ps", TitleOfJob({"/tmp/größe.ps"}));
+  EXPECT_EQ("größe.ps", TitleOfJob({"/tmp/gr\xF6\xDF"
+                                    "e.ps"}));
+}
