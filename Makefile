@@ -1,7 +1,7 @@
 # Names for the workflows of CMakePresets.json and the scripts; all work is done there.
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test build fmt lint asan fuzz macos-check sweep bench packages packages-test clean
+.PHONY: help demo test build fmt lint asan fuzz macos-check sweep soak bench packages packages-test clean
 
 help: ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 24
@@ -32,6 +32,9 @@ macos-check: ## build and check the bundle for the real platform: make macos-che
 
 sweep: ## pdeprint check on some 3,850 PPD files of generic drivers
 	@scripts/sweep-ppds
+
+soak: ## a thousand changes of the queue and openings of the dialog: make soak ROUNDS=1000
+	@scripts/soak $(ROUNDS)
 
 bench: ## measure, and print a table beside the bare platform and other print dialogs
 	@scripts/bench $(ROUNDS)

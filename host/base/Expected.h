@@ -8,7 +8,8 @@
 #include <variant>
 
 struct Failure {
-  std::string message;  // for people: what, where, what to do; no full stop, no line end
+  std::string message;         // for people: what, where, what to do; no full stop, no line end
+  bool is_unanswered = false;  // the one who was asked could not be reached, or did not answer
 };
 
 template <typename Value>
@@ -24,7 +25,8 @@ class [[nodiscard]] Expected {
   Value *operator->() { return std::get_if<Value>(&content_); }
 
   // Only without one.
-  const std::string &message() const { return std::get_if<Failure>(&content_)->message; }
+  const Failure &failure() const { return *std::get_if<Failure>(&content_); }
+  const std::string &message() const { return failure().message; }
 
  private:
   std::variant<Value, Failure> content_;

@@ -8,11 +8,19 @@
 
 namespace {
 
-QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions &extensions) {
+// Once the server has gone, all further queues have the same result: asking about each would take
+// the limit each time.
+QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions &extensions,
+                       std::optional<Failure> &gone) {
   QueueResult result{.queue = queue};
+  if (gone) {
+    result.reason = gone->message;
+    return result;
+  }
   Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(queue.name); });
   if (!ppd) {
     result.reason = ppd.message();
+    if (ppd.failure().is_unanswered) gone = ppd.failure();
     return result;
   }
   PanelOffer offer = PanelsOfferedFor(*ppd ? &**ppd : nullptr, extensions);
@@ -34,16 +42,18 @@ int Run(const QueuesOptions &options) {
     return kFailed;
   }
   std::vector<QueueResult> results;
+  std::optional<Failure> gone;
   for (const Queue &queue : *queues) {
     @autoreleasepool {
-      results.push_back(CheckQueue(queue, server, *extensions));
+      results.push_back(CheckQueue(queue, server, *extensions, gone));
     }
   }
   if (extensions->bundles().empty()) {
     Complain(extensions->ReasonForNoPanel(nullptr));
     return kFailed;
   }
-  return PrintResults(options.json ? QueuesJson(results) : QueuesText(results)) ? kDone : kFailed;
+  if (!PrintResults(options.json ? QueuesJson(results) : QueuesText(results))) return kFailed;
+  return gone ? kFailed : kDone;
 }
 
 }  // namespace

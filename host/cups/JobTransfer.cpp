@@ -89,7 +89,7 @@ JobTransfer::JobTransfer(JobRequest request, std::vector<JobFile> files,
 
 Expected<int> JobTransfer::Run() {
   Expected<ServerConnection> server = ServerConnection::Open(limit_);
-  if (!server) return Failure{server.message()};
+  if (!server) return server.failure();
   // Several times within the limit, so that stopping does not take all of it.
   const std::chrono::duration<double> slice = std::max(limit_ / 8, std::chrono::milliseconds(1));
   httpSetTimeout(
@@ -121,7 +121,9 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
   const IppMessage answer = server.Ask(std::move(request), ("/printers/" + queue_).c_str());
   if (answer != nullptr) return NumberOf(answer.get(), "job-id");
   if (stopped_) return *WhyNotFurther();
-  if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, request_.queue);
+  if (!server.IsBroken() && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+    return NoSuchQueue(server, request_.queue);
+  }
   return server.Refused(Localized("the print server %1 refuses the job: %2"));
 }
 
@@ -159,7 +161,8 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
   if (length < 0) {
     return Failure{Localized("cannot read %1: %2", {file.path().string(), std::strerror(errno)})};
   }
-  if (cupsFinishDocument(server.get(), queue_.c_str()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+  // cupsFinishDocument does not tell when there is no answer.
+  if (server.Answer(cupsGetResponse(server.get(), ("/printers/" + queue_).c_str())) == nullptr) {
     return refused();
   }
   Moved();
@@ -182,10 +185,10 @@ bool JobTransfer::GoOnWaiting(int socket) {
 
 std::optional<Failure> TakeBack(int job, std::chrono::milliseconds limit) {
   Expected<ServerConnection> server = ServerConnection::Open(limit);
-  if (!server) return Failure{server.message()};
+  if (!server) return server.failure();
   const ipp_status_t status = cupsCancelJob2(server->get(), nullptr, job, 0);
-  if (status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_POSSIBLE) {
-    return std::nullopt;
-  }
+  const bool is_done =
+      status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_POSSIBLE;
+  if (is_done && !server->IsBroken()) return std::nullopt;
   return server->Refused(Localized("the print server %1 does not cancel the job: %2"));
 }

@@ -25,7 +25,7 @@ auto WithinLimit(milliseconds limit, const PrintServer &asked, Work work) {
   using Answer = decltype(work(std::declval<const ServerConnection &>()));
   BackgroundTask<Answer> task([limit, work = std::move(work)]() -> Answer {
     Expected<ServerConnection> server = ServerConnection::Open(limit);
-    if (!server) return Failure{server.message()};
+    if (!server) return server.failure();
     return work(*server);
   });
   return task.WaitFor(limit) ? task.Take() : Answer(NoAnswer(asked.Address(), limit));
@@ -46,7 +46,9 @@ Expected<bool> FetchPPDInto(const MemoryFile &file, const ServerConnection &serv
       cupsGetFd(server.get(), ("/printers/" + queue + ".ppd").c_str(), file.get());
   if (status == HTTP_STATUS_NOT_FOUND) {
     if (HasQueue(server, queue)) return false;
-    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return NoSuchQueue(server, name);
+    if (!server.IsBroken() && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+      return NoSuchQueue(server, name);
+    }
     return server.Refused(Localized("the print server %1 does not describe %3: %2"), name);
   }
   // A connection that breaks in the middle of the file is no failure for libcups.
@@ -61,7 +63,7 @@ Expected<bool> FetchPPDInto(const MemoryFile &file, const ServerConnection &serv
 Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const std::string &name) {
   const MemoryFile file;
   Expected<bool> is_there = FetchPPDInto(file, server, name);
-  if (!is_there) return Failure{is_there.message()};
+  if (!is_there) return is_there.failure();
   if (!*is_there) return std::optional<PPDFile>();
   Expected<PPDFile> ppd = PPDFile::Open(file.path());
   if (!ppd) {
@@ -76,13 +78,16 @@ Expected<std::optional<std::string>> FetchPPDText(const ServerConnection &server
   IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES, WithoutInstance(name));
   AskFor(request.get(), {"printer-type"});
   const IppMessage answer = server.Ask(std::move(request));
+  if (server.IsBroken()) {
+    return server.Refused(Localized("the print server %1 does not describe %3: %2"), name);
+  }
   if ((NumberOf(answer.get(), "printer-type") & CUPS_PRINTER_CLASS) != 0) {
     return Failure{Localized("%1 on the print server %2 is a class of printers; name one of them",
                              {name, server.address()})};
   }
   const MemoryFile file;
   Expected<bool> is_there = FetchPPDInto(file, server, name);
-  if (!is_there) return Failure{is_there.message()};
+  if (!is_there) return is_there.failure();
   if (!*is_there) return std::optional<std::string>();
   Expected<std::string> text = ReadPPD(file.path());
   if (!text) {
@@ -103,10 +108,10 @@ std::optional<Failure> SendPPD(const ServerConnection &server, const std::string
   const MemoryFile file;
   if (!FillFile(file, text)) return NoMemoryFile();
   IppMessage request = server.Request(IPP_OP_CUPS_ADD_MODIFY_PRINTER, WithoutInstance(name));
-  const IppMessage answer(
-      cupsDoIORequest(server.get(), request.release(), "/admin/", file.get(), -1));
+  const IppMessage answer =
+      server.Answer(cupsDoIORequest(server.get(), request.release(), "/admin/", file.get(), -1));
   const ipp_status_t status = cupsLastError();
-  if (status < IPP_STATUS_REDIRECTION_OTHER_SITE) return std::nullopt;
+  if (answer != nullptr) return std::nullopt;
   Failure refusal =
       server.Refused(Localized("the print server %1 does not take the PPD file for %3: %2"), name);
   if (!IsNotAllowed(status)) return refusal;
@@ -201,7 +206,7 @@ Expected<std::vector<Queue>> PrintServer::Queues() const {
   return WithinLimit(limit_, *this,
                      [](const ServerConnection &server) -> Expected<std::vector<Queue>> {
                        Expected<QueueList> list = ListQueues(server);
-                       if (!list) return Failure{list.message()};
+                       if (!list) return list.failure();
                        return std::move(list->queues);
                      });
 }
@@ -209,7 +214,7 @@ Expected<std::vector<Queue>> PrintServer::Queues() const {
 Expected<Queue> PrintServer::FindQueue(const std::string &name) const {
   return WithinLimit(limit_, *this, [name](const ServerConnection &server) -> Expected<Queue> {
     Expected<QueueList> list = ListQueues(server);
-    if (!list) return Failure{list.message()};
+    if (!list) return list.failure();
     const auto found = std::ranges::find_if(list->queues, [&name](const Queue &queue) {
       return name.empty() ? queue.is_default : IsSameQueue(queue.name, name);
     });

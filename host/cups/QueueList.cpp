@@ -80,20 +80,22 @@ std::string NameOf(const cups_dest_t &destination) {
   return name;
 }
 
-// The list that libcups makes forgets the default where lpoptions has a line for it.
-void MarkDefault(const ServerConnection &server, QueueList &list) {
+// The list that libcups makes forgets the default where lpoptions has a line for it. False: the
+// server did not say which it is.
+bool MarkDefault(const ServerConnection &server, QueueList &list) {
   const CupsDestination chosen(cupsGetNamedDest(server.get(), nullptr, nullptr));
   if (chosen == nullptr) {
     list.why_no_default = LastWords();
-    return;
+    return !server.IsBroken();
   }
   const std::string name = NameOf(*chosen);
   for (Queue &queue : list.queues) {
     if (!IsSameQueue(queue.name, name)) continue;
     queue.is_default = true;
-    return;
+    return true;
   }
   list.why_no_default = Localized("%1 is not there", {Quoted(name)});
+  return true;
 }
 
 }  // namespace
@@ -124,13 +126,13 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
     list.queues.push_back(std::move(queue));
   }
   if (list.queues.empty()) return refusal();
-  MarkDefault(server, list);
+  if (!MarkDefault(server, list)) return refusal();
   return list;
 }
 
 Failure NoSuchQueue(const ServerConnection &server, const std::string &name) {
   Expected<QueueList> list = ListQueues(server);
-  if (!list) return Failure{list.message()};
+  if (!list) return list.failure();
   return Failure{Localized("the print server %1 has no queue %2; there is %3",
                            {server.address(), Quoted(name), NamesOf(list->queues)})};
 }

@@ -41,8 +41,9 @@ int ErrorOfConnecting(const http_addrlist_t *addresses) {
 }
 
 Failure NotThere(const std::string &address, const std::string &why) {
-  return Failure{Localized("no print server at %1: %2; is it running? CUPS_SERVER names another",
-                           {address, why})};
+  return {Localized("no print server at %1: %2; is it running? CUPS_SERVER names another",
+                    {address, why}),
+          /*is_unanswered=*/true};
 }
 
 }  // namespace
@@ -60,8 +61,8 @@ std::string AddressOfServer() {
 Failure NoAnswer(const std::string &address, std::chrono::milliseconds limit) {
   std::ostringstream seconds;
   seconds << std::chrono::duration<double>(limit).count();
-  return Failure{
-      Localized("the print server %1 does not answer within %2 s", {address, seconds.str()})};
+  return {Localized("the print server %1 does not answer within %2 s", {address, seconds.str()}),
+          /*is_unanswered=*/true};
 }
 
 Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limit) {
@@ -99,16 +100,24 @@ IppMessage ServerConnection::Request(ipp_op_t operation, const std::string &prin
 }
 
 IppMessage ServerConnection::Ask(IppMessage request, const char *resource) const {
-  IppMessage answer(cupsDoRequest(get(), request.release(), resource));
-  if (cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) return nullptr;
-  return answer;
+  return Answer(cupsDoRequest(get(), request.release(), resource));
+}
+
+IppMessage ServerConnection::Answer(ipp_t *answer) const {
+  IppMessage owned(answer);
+  if (IsBroken() || cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) return nullptr;
+  return owned;
 }
 
 Failure ServerConnection::Refused(std::string_view text, const std::string &subject) const {
   const int error = httpError(get());
   if (error == ETIMEDOUT || error == EWOULDBLOCK) return NoAnswer(address_, limit_);
-  return Failure{
-      Filled(text, {address_, error != 0 ? std::strerror(error) : LastWords(), subject})};
+  if (error == 0) return Failure{Filled(text, {address_, LastWords(), subject})};
+  // libcups takes an answer that ends in the middle for an argument that is not valid.
+  const char *why = std::strerror(error == EINVAL ? EPROTO : error);
+  return {Localized("the connection to the print server %1 broke off: %2; is it still running?",
+                    {address_, why}),
+          /*is_unanswered=*/true};
 }
 
 void AskFor(ipp_t *request, std::initializer_list<const char *> attributes) {

@@ -34,9 +34,14 @@ class ServerConnection {
   IppMessage Request(ipp_op_t operation, const std::string &printer = "") const;
   // The server's answer, if it does what it is asked; otherwise null, and Refused says why not.
   IppMessage Ask(IppMessage request, const char *resource = "/") const;
+  // The same of an answer, or none, that libcups has got in another way. Where the connection has
+  // broken off, libcups may still tell the status of the request before.
+  IppMessage Answer(ipp_t *answer) const;
+  // Whether the last request was not answered: the connection has broken off.
+  bool IsBroken() const { return httpError(get()) != 0; }
 
-  // This text with its parts: %1 is the server's address, %2 its words about the last request, %3
-  // the subject.
+  // That there is no answer; or, if there was one, this text with its parts: %1 is the server's
+  // address, %2 its words about the last request, %3 the subject.
   Failure Refused(std::string_view text, const std::string &subject = "") const;
 
  private:

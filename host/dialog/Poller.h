@@ -22,7 +22,7 @@ class Poller {
   ~Poller();
 
  private:
-  Retained<NSTimer *> timer_;
+  Retained<id> target_;
 };
 
 #endif

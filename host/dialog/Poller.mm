@@ -4,13 +4,17 @@
 
 #include <utility>
 
+// The run loop drops a timer in those modes alone that are run again after its end, and questions
+// and open menus are rare: so timers are kept, and rest until they are needed again.
 @interface PollerTarget : NSObject {
- @public
+  NSTimer *_timer;  // both live as long as the program
   std::function<bool()> _hasEnded;
   BOOL _isAsking;
   BOOL _isOver;
 }
-- (void)poll:(NSTimer *)timer;
+/// One that asks; to be ended.
++ (instancetype)asking:(std::function<bool()>)hasEnded;
+- (void)end;
 @end
 
 namespace {
@@ -35,20 +39,59 @@ void PostEmptyEvent() {
 
 @implementation PollerTarget
 
-- (void)poll:(NSTimer *)timer {
-  // What ends the waiting may drop the poller, and with it this object and the timer.
-  [[self retain] autorelease];
-  [[timer retain] autorelease];
++ (NSMutableArray *)resting {
+  static NSMutableArray *const resting = [[NSMutableArray alloc] init];
+  return resting;
+}
+
++ (instancetype)asking:(std::function<bool()>)hasEnded {
+  PollerTarget *target = [[[[self resting] lastObject] retain] autorelease];
+  if (target == nil) {
+    target = [[[self alloc] init] autorelease];
+  } else {
+    [[self resting] removeLastObject];
+  }
+  target->_hasEnded = std::move(hasEnded);
+  target->_isOver = NO;
+  [target->_timer setFireDate:[NSDate dateWithTimeIntervalSinceNow:kInterval]];
+  return target;
+}
+
+- (instancetype)init {
+  self = [super init];
+  if (self == nil) return nil;
+  _timer = [NSTimer timerWithTimeInterval:kInterval
+                                   target:self
+                                 selector:@selector(poll)
+                                 userInfo:nil
+                                  repeats:YES];
+  for (NSString *mode in
+       @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
+    [[NSRunLoop currentRunLoop] addTimer:_timer forMode:mode];
+  }
+  return self;
+}
+
+- (void)end {
+  _hasEnded = nullptr;
+  [_timer setFireDate:[NSDate distantFuture]];
+  // Otherwise its question is still being asked.
+  if (!_isAsking) [[PollerTarget resting] addObject:self];
+}
+
+- (void)poll {
+  // What is done at the end may ask the user, and events are handled until the answer.
+  if (_isAsking || !_hasEnded) return;
   if (_isOver) {
-    [timer invalidate];
+    [_timer setFireDate:[NSDate distantFuture]];
     return;
   }
-  // What is done at the end may ask the user, and events are handled until the answer.
-  if (_isAsking) return;
+  // The question may end this object's work.
   const std::function<bool()> hasEnded = _hasEnded;
   _isAsking = YES;
   const bool ended = hasEnded();
   _isAsking = NO;
+  if (!_hasEnded) [[PollerTarget resting] addObject:self];
   if (!ended) return;
   // The platform looks for events when a timer is due, but not after it: the next time finds it.
   _isOver = YES;
@@ -57,25 +100,14 @@ void PostEmptyEvent() {
 
 @end
 
-Poller::Poller(std::function<bool()> has_ended) {
-  PollerTarget *target = [[[PollerTarget alloc] init] autorelease];
-  target->_hasEnded = std::move(has_ended);
-  NSTimer *timer = [NSTimer timerWithTimeInterval:kInterval
-                                           target:target
-                                         selector:@selector(poll:)
-                                         userInfo:nil
-                                          repeats:YES];
-  for (NSString *mode in
-       @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
-    [[NSRunLoop currentRunLoop] addTimer:timer forMode:mode];
-  }
-  timer_ = Retained<NSTimer *>::Share(timer);
-}
+Poller::Poller(std::function<bool()> has_ended)
+    : target_(Retained<id>::Share([PollerTarget asking:std::move(has_ended)])) {}
 
 Poller &Poller::operator=(Poller &&other) noexcept {
-  [timer_.get() invalidate];
-  timer_ = std::move(other.timer_);
+  // The end of this one may be the end of the other's question, too.
+  const Retained<id> before = std::exchange(target_, std::move(other.target_));
+  [(PollerTarget *)before.get() end];
   return *this;
 }
 
-Poller::~Poller() { [timer_.get() invalidate]; }
+Poller::~Poller() { [(PollerTarget *)target_.get() end]; }

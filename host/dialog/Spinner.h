@@ -5,9 +5,13 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include "host/dialog/Poller.h"
+
 /// Turns while it is in a window and not hidden.
 @interface Spinner : NSView {
-  NSTimer *_timer;
+  Poller _turning;
+  BOOL _turns;
+  int _polls;
   int _step;
 }
 @end

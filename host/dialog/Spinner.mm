@@ -6,7 +6,7 @@
 namespace {
 
 const int kSpokes = 12;
-const NSTimeInterval kStep = 0.08;
+const int kPollsPerStep = 4;
 const CGFloat kInnerRadius = 0.5;  // of the outer one
 const CGFloat kSpokeWidth = 2.5;
 
@@ -14,32 +14,21 @@ const CGFloat kSpokeWidth = 2.5;
 
 @implementation Spinner
 
-- (void)dealloc {
-  [_timer invalidate];
-  [super dealloc];
-}
-
-// The timer holds the view: it must be stopped by what takes the view away.
 - (void)turnOrStop {
   const BOOL turns = [self window] != nil && ![self isHidden];
-  if (turns == (_timer != nil)) return;
+  if (turns == _turns) return;
+  _turns = turns;
   if (!turns) {
-    [_timer invalidate];
-    _timer = nil;
+    _turning = Poller();
     return;
   }
-  _timer = [NSTimer timerWithTimeInterval:kStep
-                                   target:self
-                                 selector:@selector(turn:)
-                                 userInfo:nil
-                                  repeats:YES];
-  for (NSString *mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode ]) {
-    [[NSRunLoop currentRunLoop] addTimer:_timer forMode:mode];
-  }
+  _turning = Poller([self] {
+    if (++_polls % kPollsPerStep == 0) [self turn];
+    return false;
+  });
 }
 
-- (void)turn:(NSTimer *)timer {
-  (void)timer;
+- (void)turn {
   _step = (_step + 1) % kSpokes;
   [self setNeedsDisplay:YES];
 }

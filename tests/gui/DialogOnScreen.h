@@ -15,6 +15,7 @@ inline constexpr char kBuiltBundle[] = BINARY_DIRECTORY "/BackgroundNumbering.pl
 
 struct DialogOptions {
   std::string queue = "Color";
+  std::filesystem::path ppd;  // instead of a queue's; empty: a queue
   std::string bundle = kBuiltBundle;
   std::string server;  // empty: the tests' own
   std::map<std::string, std::string> settings;

@@ -60,6 +60,7 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
   if (!options.server.empty()) variables_.emplace_back("CUPS_SERVER", options.server);
   PrintDialogJob job;
   job.queue = options.queue;
+  if (!options.ppd.empty()) job.ppd = std::move(*PPDFile::Open(options.ppd));
   job.settings = Settings(options.settings);
   if (!options.damaged_preset.empty()) {
     folder_.Write("presets/" + options.damaged_preset + ".plist", "<plist><dict><key>copies");

@@ -1,6 +1,7 @@
 #include "host/dialog/Poller.h"
 
 #import "tests/gui/Screen.h"
+#import "tests/support/LiveInstances.h"
 #import "tests/support/ObjCTest.h"
 
 OBJC_TEST(Poller, AsksUntilTheAnswerIsYes) {
@@ -55,4 +56,40 @@ OBJC_TEST(Poller, ItsEndWakesWhoeverWaitsForAnEvent) {
                                         dequeue:YES];
   EXPECT_TRUE(ended);
   EXPECT_NE(nil, event);
+}
+
+// The run loop would keep them for the modes that are not run.
+OBJC_TEST(Poller, ManyOneAfterTheOtherLeaveNoTimers) {
+  const auto run = [] {
+    @autoreleasepool {
+      bool ended = false;
+      Poller poller([&ended] { return ended = true; });
+      HandleEventsUntil([&ended] { return ended; });
+    }
+  };
+  run();
+  const long timers = LiveInstances([NSTimer class]);
+  for (int i = 0; i < 10; ++i) run();
+  EXPECT_EQ(timers, LiveInstances([NSTimer class]));
+}
+
+OBJC_TEST(Poller, OneThatIsReplacedByItsQuestionDoesNotAskForAnother) {
+  int first = 0;
+  int second = 0;
+  int third = 0;
+  Poller poller;
+  Poller other;
+  poller = Poller([&] {
+    ++first;
+    poller = Poller();
+    other = Poller([&second] { return ++second == 3; });
+    return true;
+  });
+  HandleEventsUntil([&second] { return second == 3; });
+  poller = Poller([&third] { return ++third == 2; });
+  HandleEventsUntil([&third] { return third == 2; });
+  HandleEventsUntilSettled();
+  EXPECT_EQ(1, first);
+  EXPECT_EQ(3, second);
+  EXPECT_EQ(2, third);
 }
