@@ -109,14 +109,21 @@ IppMessage ServerConnection::Answer(ipp_t *answer) const {
   return owned;
 }
 
+bool ServerConnection::IsBroken() const {
+  if (httpError(get()) != 0) return true;
+  // What cannot be sent to its end is no error of the connection for libcups.
+  return cupsLastError() == IPP_STATUS_ERROR_INTERNAL && httpGetState(get()) != HTTP_STATE_WAITING;
+}
+
 Failure ServerConnection::Refused(std::string_view text, const std::string &subject) const {
   const int error = httpError(get());
   if (error == ETIMEDOUT || error == EWOULDBLOCK) return NoAnswer(address_, limit_);
-  if (error == 0) return Failure{Filled(text, {address_, LastWords(), subject})};
-  // libcups takes an answer that ends in the middle for an argument that is not valid.
-  const char *why = std::strerror(error == EINVAL ? EPROTO : error);
+  if (!IsBroken()) return Failure{Filled(text, {address_, LastWords(), subject})};
+  // libcups takes an answer that ends in the middle for an argument that is not valid, and has no
+  // reason, or "Success", for what it cannot send.
+  const int reason = error == 0 ? EPIPE : error == EINVAL ? EPROTO : error;
   return {Localized("the connection to the print server %1 broke off: %2; is it still running?",
-                    {address_, why}),
+                    {address_, std::strerror(reason)}),
           /*is_unanswered=*/true};
 }
 

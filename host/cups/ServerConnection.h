@@ -38,7 +38,7 @@ class ServerConnection {
   // broken off, libcups may still tell the status of the request before.
   IppMessage Answer(ipp_t *answer) const;
   // Whether the last request was not answered: the connection has broken off.
-  bool IsBroken() const { return httpError(get()) != 0; }
+  bool IsBroken() const;
 
   // That there is no answer; or, if there was one, this text with its parts: %1 is the server's
   // address, %2 its words about the last request, %3 the subject.
