@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -25,6 +26,7 @@ bool IsText(const char *bytes) {
 }  // namespace
 
 void PrepareProcess() {
+  signal(SIGXFSZ, SIG_IGN);
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) < 0)
       open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY);

@@ -79,8 +79,13 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 }  // namespace
 
 std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
-  const auto failure = [&path](const std::string &why) {
-    return Failure{Localized("cannot write %1: %2", {path.string(), why})};
+  return WriteWholeFile(path, bytes, path);
+}
+
+std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
+                                      const std::filesystem::path &named) {
+  const auto failure = [&named](const std::string &why) {
+    return Failure{Localized("cannot write %1: %2", {named.string(), why})};
   };
   std::error_code error;
   const std::filesystem::path destination = Destination(path, error);

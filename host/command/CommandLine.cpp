@@ -1,9 +1,11 @@
 #include "host/command/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <sstream>
 
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
+#include "host/base/Process.h"
 #include "host/base/Text.h"
 #include "host/command/Commands.h"
 
@@ -190,7 +192,9 @@ int RunCommandLine(int argc, char **argv) {
       Complain(Localized("there is no verb %1; `pdeprint --help` lists them", {Quoted(argv[1])}));
       return kWrongUsage;
     }
-    return app.exit(error) == 0 ? kDone : kWrongUsage;
+    std::ostringstream help;
+    if (app.exit(error, help) != 0) return kWrongUsage;
+    return PrintResults(help.str()) ? kDone : kFailed;
   }
   if (show->parsed()) return Show(show_options);
   if (print->parsed()) return Print(print_options);

@@ -4,6 +4,7 @@
 #include "host/base/Text.h"
 #include "host/job/JobTicket.h"
 #include "host/job/PresetStore.h"
+#include "host/job/SettingValues.h"
 
 namespace {
 
@@ -26,13 +27,15 @@ Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
   return Failure{Localized("there is no preset %1; there are: %2", {Quoted(name), names})};
 }
 
-void Overlay(PMPrintSettings settings, PMPrintSettings over) {
-  CFDictionaryRef values = nullptr;
-  PMPrintSettingsCopyAsDictionary(over, &values);
-  const auto dictionary = Retained<NSDictionary *>::Adopt((NSDictionary *)values);
-  for (NSString *key in dictionary.get()) {
-    PMPrintSettingsSetValue(settings, (CFStringRef)key, [dictionary.get() objectForKey:key], false);
+std::optional<Failure> Overlay(PMPrintSettings settings, PMPrintSettings over) {
+  Expected<Retained<NSDictionary *>> values = ValuesOf(over);
+  if (!values) return Failure{values.message()};
+  for (NSString *key in values->get()) {
+    Expected<Change> change = SetValue(settings, key, [values->get() objectForKey:key]);
+    if (!change) return Failure{change.message()};
+    if (*change == Change::kLocked) return IsLocked(key);
   }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -41,6 +44,7 @@ Expected<PrintSettings> SettingsToBeginWith(const JobSource &source) {
   Expected<PrintSettings> ticket = ReadTicket(source.ticket);
   if (!ticket || source.preset.empty() || source.preset == kDefaultSettings) return ticket;
   Expected<PrintSettings> preset = SettingsOfPreset(source.preset);
-  if (preset) Overlay(preset->get(), ticket->get());
+  if (!preset) return preset;
+  if (auto failure = Overlay(preset->get(), ticket->get())) return *failure;
   return preset;
 }

@@ -61,7 +61,7 @@ std::optional<Failure> WriteNewFile(const fs::path &path, const std::string &byt
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) return in_the_way;
   const fs::path temporary = path.parent_path() / (".pdeprint." + std::to_string(getpid()));
-  if (auto failure = WriteWholeFile(temporary, bytes)) return failure;
+  if (auto failure = WriteWholeFile(temporary, bytes, path)) return failure;
   error = MoveWithoutReplacing(temporary, path);
   if (!error) return std::nullopt;
   unlink(temporary.c_str());

@@ -65,6 +65,7 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   request.title = options.title.empty() ? TitleOfJob(options.files) : options.title;
   request.options = job.session.Options();
   request.files = options.files;
+  if (job.session.fault()) return Refuse(job.session.fault()->message, kFailed);
   Expected<int> number = SendInterruptibly(server, request);
   if (!number) return Refuse(number.message(), kFailed);
   const std::string id = RequestId(request.queue, *number);

@@ -10,6 +10,7 @@
 #include "host/command/SettingChanges.h"
 #include "host/job/OptionFit.h"
 #include "host/job/PageRanges.h"
+#include "host/job/SettingValues.h"
 
 namespace {
 
@@ -18,34 +19,43 @@ struct Refusal {
   std::string message;
 };
 
-void Store(PMPrintSettings settings, const std::string &keyword, const std::string &value) {
-  PMPrintSettingsSetValue(settings, (CFStringRef)[NSString stringWithUTF8String:keyword.c_str()],
-                          (CFTypeRef)[NSString stringWithUTF8String:value.c_str()], false);
-}
-
-void Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
-  for (const SettingChange &change : changes) Store(settings, change.key, change.value);
+std::optional<Failure> Store(PMPrintSettings settings, const std::string &keyword,
+                             const std::string &value) {
+  NSString *key = [NSString stringWithUTF8String:keyword.c_str()];
+  Expected<Change> change = SetValue(settings, key, [NSString stringWithUTF8String:value.c_str()]);
+  if (!change) return Failure{change.message()};
+  if (*change == Change::kLocked) return IsLocked(key);
+  return std::nullopt;
 }
 
 // As the server takes page ranges: in rising order, without blanks.
-void SortPages(PMPrintSettings settings) {
-  const JobOptions options = JobOptionsFromSettings(settings);
-  const auto pages = options.find("page-ranges");
-  if (pages == options.end()) return;
-  Expected<std::string> sorted = ParsePageRanges(pages->second);
-  if (sorted && *sorted != pages->second) Store(settings, "page-ranges", *sorted);
+std::optional<Failure> SortPages(PMPrintSettings settings) {
+  Expected<std::optional<std::string>> pages = JobOptionFromSettings(settings, "page-ranges");
+  if (!pages) return Failure{pages.message()};
+  if (!*pages) return std::nullopt;
+  Expected<std::string> sorted = ParsePageRanges(**pages);
+  if (!sorted || *sorted == **pages) return std::nullopt;
+  return Store(settings, "page-ranges", *sorted);
+}
+
+std::optional<Failure> Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
+  for (const SettingChange &change : changes) {
+    if (auto failure = Store(settings, change.key, change.value)) return failure;
+  }
+  return SortPages(settings);
 }
 
 // Panels take what is stored under their keys for strings. The name of a key whose value is none.
-std::optional<std::string> KeyWithoutString(const std::vector<Setting> &settings,
-                                            PMPrintSettings values) {
+Expected<std::optional<std::string>> KeyWithoutString(const std::vector<Setting> &settings,
+                                                      PMPrintSettings values) {
   for (const Setting &setting : settings) {
-    CFTypeRef value = nullptr;
-    NSString *key = [NSString stringWithUTF8String:setting.key.c_str()];
-    PMPrintSettingsGetValue(values, (CFStringRef)key, &value);
-    if (value != nullptr && ![(id)value isKindOfClass:[NSString class]]) return setting.key;
+    Expected<Retained<id>> value =
+        ValueOf(values, [NSString stringWithUTF8String:setting.key.c_str()]);
+    if (!value) return Failure{value.message()};
+    if (value->get() == nil || [value->get() isKindOfClass:[NSString class]]) continue;
+    return std::optional(setting.key);
   }
-  return std::nullopt;
+  return std::optional<std::string>();
 }
 
 // The preset, the ticket.
@@ -77,14 +87,16 @@ std::optional<Refusal> ReasonAgainstValues(const JobOptions &options,
 }
 
 // A setting that the printer does not have is taken away from a ticket, which may be another
-// printer's. Asking for it here is wrong usage.
+// printer's. Asking for it here is wrong usage, as it is for one that a panel has locked.
 std::optional<Refusal> ReasonAgainstChanges(const std::vector<SettingChange> &changes,
-                                            const JobSession &session) {
+                                            const JobOptions &asked, const JobSession &session) {
   for (const SettingChange &change : changes) {
-    if (!session.Value(change.key).empty()) continue;
-    return Refusal{kWrongUsage, Localized("%1 cannot be %2: %3",
-                                          {change.name, Quoted(change.value),
-                                           Localized("this printer has no %1", {change.key})})};
+    const std::string now = session.Value(change.key);
+    if (now == asked.at(change.key)) continue;
+    const std::string reason = now.empty() ? Localized("this printer has no %1", {change.key})
+                                           : Localized("it must be %1", {now});
+    return Refusal{kWrongUsage,
+                   Localized("%1 cannot be %2: %3", {change.name, Quoted(change.value), reason})};
   }
   return std::nullopt;
 }
@@ -138,22 +150,28 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (printer->ppd) extensions->LoadNamedBy(*printer->ppd);
 
   const std::vector<Setting> known = extensions->Settings();
-  if (const auto key = KeyWithoutString(known, settings->get())) {
+  Expected<std::optional<std::string>> key = KeyWithoutString(known, settings->get());
+  if (!key) return Refuse({kFailed, key.message()});
+  if (*key) {
     return Refuse({kFailed, Localized("cannot use %1: the value of %2 is not a string",
-                                      {NameOfBeginning(source), *key})});
+                                      {NameOfBeginning(source), **key})});
   }
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
   if (!changes) return Refuse({kWrongUsage, changes.message()});
-  Apply(*changes, settings->get());
-  SortPages(settings->get());
-  const JobOptions asked = JobOptionsFromSettings(settings->get());
-  if (const auto refusal = ReasonAgainstValues(asked, known, ppd)) return Refuse(*refusal);
+  if (const auto failure = Apply(*changes, settings->get())) {
+    return Refuse({kFailed, failure->message});
+  }
+  Expected<JobOptions> asked = JobOptionsFromSettings(settings->get());
+  if (!asked) return Refuse({kFailed, asked.message()});
+  if (const auto refusal = ReasonAgainstValues(*asked, known, ppd)) return Refuse(*refusal);
 
   JobSession session(*extensions);
-  session.UsePrinter(std::move(printer->ppd), printer->queue.defaults);
-  const Notes notes = session.UseSettings(std::move(*settings));
-  if (const auto refusal = ReasonAgainstChanges(*changes, session)) return Refuse(*refusal);
+  Notes notes = session.UsePrinter(std::move(printer->ppd), printer->queue.defaults);
+  std::ranges::move(session.UseSettings(std::move(*settings)), std::back_inserter(notes));
+  const auto refused_change = ReasonAgainstChanges(*changes, *asked, session);
+  if (session.fault()) return Refuse({kFailed, session.fault()->message});
+  if (refused_change) return Refuse(*refused_change);
   for (const std::string &note : notes) Note(note);
   if (session.ppd() != nullptr) {
     for (const PPDConflict &conflict : session.ppd()->Conflicts(session.Options())) {
@@ -161,14 +179,13 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
                      {Described(conflict.first), Described(conflict.second)}));
     }
   }
-  const JobOptions before = JobOptionsFromSettings(session.settings());
+  const JobOptions before = session.OwnOptions();
   const std::optional<Failure> reason = session.ReasonNotToPrint();
   session.DropFaultyPanels();
   ComplainOfLeftOut(*extensions);
-  if (const auto refusal =
-          ExplainCorrections(before, JobOptionsFromSettings(session.settings()), *changes)) {
-    return Refuse(*refusal);
-  }
+  const JobOptions after = session.OwnOptions();
+  if (session.fault()) return Refuse({kFailed, session.fault()->message});
+  if (const auto refusal = ExplainCorrections(before, after, *changes)) return Refuse(*refusal);
   if (reason) return Refuse({kFailed, reason->message});
   return work({printer->name, printer->queue, session});
 }
@@ -188,6 +205,6 @@ PanelReport ReportOn(JobSession &session) {
     report.panel += (report.panel.empty() ? "" : ", ") + panel;
     report.summary.insert(report.summary.end(), lines.begin(), lines.end());
   }
-  report.options = JobOptionsFromSettings(session.settings());
+  report.options = session.OwnOptions();
   return report;
 }

@@ -14,6 +14,10 @@ int Run(const SettingsOptions &options, const ScriptedJob &job) {
     return kFailed;
   }
   PanelReport report = ReportOn(session);
+  if (session.fault()) {
+    Complain(session.fault()->message);
+    return kFailed;
+  }
   if (!options.ticket.empty()) {
     if (auto failure = WriteTicket(options.ticket, session.settings())) {
       Complain(failure->message);

@@ -60,6 +60,10 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
   std::vector<Failure> failures;
   PanelReport report;
   if (end == DialogEnd::kAccepted) report = ReportOn(dialog.session());
+  if (dialog.session().fault()) {
+    Complain(dialog.session().fault()->message);
+    return kFailed;
+  }
   if (!options.ticket.empty()) {
     if (auto failure = WriteTicket(options.ticket, dialog.session().settings())) {
       failures.push_back(*failure);

@@ -45,16 +45,20 @@ class CupsOptions {
       count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &options_);
     }
   }
+  // As libcups reads them: "NAME=VALUE ...", also in braces.
+  explicit CupsOptions(const std::string &text)
+      : count_(cupsParseOptions(text.c_str(), 0, &options_)) {}
   ~CupsOptions() { cupsFreeOptions(count_, options_); }
   CupsOptions(const CupsOptions &) = delete;
   CupsOptions &operator=(const CupsOptions &) = delete;
 
   int count() const { return count_; }
   cups_option_t *get() const { return options_; }
+  std::span<const cups_option_t> all() const { return {options_, static_cast<size_t>(count_)}; }
 
  private:
-  int count_ = 0;
   cups_option_t *options_ = nullptr;
+  int count_ = 0;
 };
 
 #endif

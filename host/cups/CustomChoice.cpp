@@ -1,10 +1,14 @@
 #include "host/cups/CustomChoice.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
 #include <string>
+
+#include "host/cups/CupsHandles.h"
 
 namespace {
 
@@ -82,7 +86,33 @@ bool IsPasscode(std::string_view value, int shortest, int longest) {
          value.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-bool FitsParameter(const ppd_cparam_t &parameter, std::string_view value) {
+// Whether custom values of the option are sent outside of the PostScript. Files may give them
+// another place than the option's other choices.
+bool IsOutsideOfPostScript(const ppd_file_t &ppd, const ppd_option_t &option) {
+  if (option.section == PPD_ORDER_JCL || option.section == PPD_ORDER_EXIT) return true;
+  auto *file = const_cast<ppd_file_t *>(&ppd);  // nothing in it is changed
+  const std::string keyword = std::string("Custom") + option.keyword;
+  for (const ppd_attr_t *order = ppdFindAttr(file, "NonUIOrderDependency", nullptr);
+       order != nullptr; order = ppdFindNextAttr(file, "NonUIOrderDependency", nullptr)) {
+    const std::string_view place = order->value == nullptr ? "" : order->value;
+    const auto names = [place](std::string_view name) { return place.find(name) != place.npos; };
+    if (names(keyword) && (names("JCLSetup") || names("ExitServer"))) return true;
+  }
+  return false;
+}
+
+// libcups sends a text as a string of PostScript, in which it escapes everything but the backslash;
+// outside of the PostScript it sends the text as it is, in a language that it does not know.
+bool IsSentAsText(std::string_view value, bool outside) {
+  if (!outside) return value.find('\\') == std::string_view::npos;
+  constexpr std::string_view kMarks = "\\\"()<>[]{}/%";
+  return std::ranges::none_of(value, [&](unsigned char character) {
+    return character < ' ' || character == 0x7f ||
+           kMarks.find(static_cast<char>(character)) != std::string_view::npos;
+  });
+}
+
+bool FitsParameter(const ppd_cparam_t &parameter, std::string_view value, bool outside) {
   const ppd_cplimit_t &least = parameter.minimum;
   const ppd_cplimit_t &most = parameter.maximum;
   switch (parameter.type) {
@@ -97,9 +127,11 @@ bool FitsParameter(const ppd_cparam_t &parameter, std::string_view value) {
     case PPD_CUSTOM_POINTS:
       return IsLength(value, least.custom_points, most.custom_points);
     case PPD_CUSTOM_STRING:
-      return IsString(value, least.custom_string, most.custom_string);
+      return IsString(value, least.custom_string, most.custom_string) &&
+             IsSentAsText(value, outside);
     case PPD_CUSTOM_PASSWORD:
-      return IsString(value, least.custom_password, most.custom_password);
+      return IsString(value, least.custom_password, most.custom_password) &&
+             IsSentAsText(value, outside);
     case PPD_CUSTOM_PASSCODE:
       return IsPasscode(value, least.custom_passcode, most.custom_passcode);
     case PPD_CUSTOM_UNKNOWN:
@@ -108,10 +140,27 @@ bool FitsParameter(const ppd_cparam_t &parameter, std::string_view value) {
   return true;
 }
 
+// Values by the names of their parameters.
+bool AreParameters(ppd_coption_t *custom, std::string_view choice, bool outside) {
+  if (custom == nullptr || !choice.ends_with('}')) return false;
+  const CupsOptions values(std::string{choice});
+  if (values.count() == 0) return false;
+  return std::ranges::all_of(values.all(), [&](const cups_option_t &value) {
+    const ppd_cparam_t *parameter = ppdFindCustomParam(custom, value.name);
+    return parameter != nullptr && FitsParameter(*parameter, value.value, outside);
+  });
+}
+
 }  // namespace
 
 bool IsCustomChoice(std::string_view choice) {
   return choice.starts_with(kPrefix) || choice.starts_with('{');
+}
+
+bool MayBeTakenForCustomChoice(std::string_view choice) {
+  return choice.starts_with('{') ||
+         (choice.size() >= kPrefix.size() &&
+          strncasecmp(choice.data(), kPrefix.data(), kPrefix.size()) == 0);
 }
 
 bool AllowsCustomChoice(const ppd_file_t &ppd, const ppd_option_t &option,
@@ -119,13 +168,14 @@ bool AllowsCustomChoice(const ppd_file_t &ppd, const ppd_option_t &option,
   if (!IsCustomChoice(choice)) return false;
   // Neither call changes anything, whatever its declaration says.
   if (ppdFindChoice(const_cast<ppd_option_t *>(&option), kCustomChoice) == nullptr) return false;
-  if (choice.starts_with('{')) return choice.size() > 2 && choice.ends_with('}');
+  ppd_coption_t *custom = ppdFindCustomOption(const_cast<ppd_file_t *>(&ppd), option.keyword);
+  const bool outside = IsOutsideOfPostScript(ppd, option);
+  if (choice.starts_with('{')) return AreParameters(custom, choice, outside);
 
   const std::string_view value = choice.substr(kPrefix.size());
   if (value.empty()) return false;
   const std::string_view keyword = option.keyword;
   if (keyword == "PageSize" || keyword == "PageRegion") return IsPageSize(ppd, value);
-  ppd_coption_t *custom = ppdFindCustomOption(const_cast<ppd_file_t *>(&ppd), option.keyword);
   const ppd_cparam_t *parameter = custom == nullptr ? nullptr : ppdFirstCustomParam(custom);
-  return parameter == nullptr || FitsParameter(*parameter, value);
+  return parameter == nullptr || FitsParameter(*parameter, value, outside);
 }

@@ -13,10 +13,15 @@ inline constexpr char kCustomChoice[] = "Custom";
 
 // Whether it is written as a custom value: Custom.VALUE, or {NAME=VALUE ...}.
 bool IsCustomChoice(std::string_view choice);
+// Whether libcups takes it for one; it does not look at the case of letters.
+bool MayBeTakenForCustomChoice(std::string_view choice);
 
 // Whether the option takes this choice, if it is written as a custom value: for page sizes
 // Custom.WIDTHxHEIGHT with a unit or in points, for other options what the type of the first
-// parameter asks for, within the limits. What is in braces is not looked into.
+// parameter asks for, within the limits; in braces what its parameters ask for, by their names. A
+// text must be one that libcups can send so that it stays a text: without backslashes, and, where
+// it is not sent as PostScript, without control characters, quotation marks, brackets, slashes and
+// percent signs.
 bool AllowsCustomChoice(const ppd_file_t &ppd, const ppd_option_t &option, std::string_view choice);
 
 #endif

@@ -13,6 +13,7 @@
 
 #include "host/base/Localized.h"
 #include "host/base/OneLine.h"
+#include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/cups/QueueList.h"
 #include "host/cups/ServerConnection.h"
@@ -23,6 +24,9 @@ using Clock = std::chrono::steady_clock;
 
 // Small, so that also over a slow line something moves all the time.
 constexpr size_t kPiece = 8192;
+
+// The protocol has no room for more; libcups would send half of the request.
+constexpr size_t kLongestText = 32767;
 
 // As the protocol takes names.
 std::string Name(const std::string &text) {
@@ -109,6 +113,12 @@ Expected<int> JobTransfer::Run() {
 }
 
 Expected<int> JobTransfer::Create(const ServerConnection &server) {
+  for (const auto &[name, value] : request_.options) {
+    if (name.size() <= kLongestText && value.size() <= kLongestText) continue;
+    return Failure{
+        Localized("%1 is not sent to the printer: no option can have this name or this value",
+                  {Quoted(name)})};
+  }
   IppMessage request = server.Request(IPP_OP_CREATE_JOB, queue_);
   if (!request_.title.empty()) {
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,

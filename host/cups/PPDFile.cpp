@@ -199,3 +199,10 @@ bool PPDFile::Allows(const std::string &option, const std::string &choice) const
   if (IsCustomChoice(choice)) return AllowsCustomChoice(*ppd_, *found, choice);
   return !choice.empty() && ListedChoice(*found, choice.c_str()) == choice;
 }
+
+std::string PPDFile::TakesUnfitCustomValue(const std::string &option,
+                                           const std::string &choice) const {
+  if (!MayBeTakenForCustomChoice(choice)) return "";
+  const ppd_option_t *found = ppdFindOption(ppd_.get(), option.c_str());
+  return found == nullptr || Allows(found->keyword, choice) ? "" : found->keyword;
+}

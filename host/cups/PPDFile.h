@@ -83,9 +83,13 @@ class PPDFile {
   std::string DefaultChoice(const std::string &keyword) const;
 
   // Whether a job may ask for this choice of an option: one that is listed, or Custom.VALUE where
-  // the option takes custom values and this one is within its limits, or {NAME=VALUE ...}, which is
-  // not looked into. False for options that are not there.
+  // the option takes custom values and this one is within its limits, or likewise {NAME=VALUE ...}.
+  // False for options that are not there.
   bool Allows(const std::string &option, const std::string &choice) const;
+
+  // The option that libcups, which does not look at the case of letters, gives a custom value to
+  // that is none of those that Allows knows; empty: all is well.
+  std::string TakesUnfitCustomValue(const std::string &option, const std::string &choice) const;
 
   // The choice of an option that these job options, over the file's defaults, come to; also those
   // that mean the same under another name, such as sides. Empty: none, or no such option.

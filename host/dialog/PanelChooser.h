@@ -18,9 +18,10 @@
 class PanelChooser {
  public:
   struct Callbacks {
-    std::function<void()> shown;                              // another panel than before
-    std::function<void()> panels_left_out;                    // some showed a fault
-    std::function<void(const std::string &message)> refused;  // a panel stays, or does not save
+    std::function<void()> shown;            // another panel than before
+    std::function<void()> panels_left_out;  // some showed a fault
+    // A panel stays, or does not save; or an option of the printer cannot be changed.
+    std::function<void(const std::string &message)> refused;
     std::function<void(const std::string &keyword)> option_chosen;  // among the printer's options
     std::function<std::vector<SummarySection>()> job_summary;       // what precedes the panels' own
   };
@@ -49,6 +50,7 @@ class PanelChooser {
 
  private:
   void Show(const std::string &kind);
+  void ShowChoices();
   bool ShowPanel(std::shared_ptr<ExtensionPanel> panel);
   std::optional<Failure> SaveShown();
   void Fill();

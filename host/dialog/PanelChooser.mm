@@ -40,7 +40,10 @@ void PanelChooser::Fill() {
     options_ = Retained<OptionsView *>::Adopt([[OptionsView alloc]
         initWithOptions:options
              whenChosen:[this](const std::string &keyword, const std::string &choice) {
-               session_.ChangeOption(keyword, choice);
+               if (const auto failure = session_.ChangeOption(keyword, choice)) {
+                 ShowChoices();
+                 return callbacks_.refused(failure->message);
+               }
                callbacks_.option_chosen(keyword);
              }]);
     AddItem(pop_up, String(Localized("Printer Options")), String(kOptionsKind));
@@ -57,8 +60,7 @@ void PanelChooser::Show(const std::string &kind) {
   shown_.reset();
   kind_ = wanted;
   if (wanted == kOptionsKind) {
-    [options_.get()
-        showChoices:[this](const std::string &keyword) { return session_.Choice(keyword); }];
+    ShowChoices();
     [view_.get() setPanelView:options_.get()];
     return callbacks_.shown();
   }
@@ -78,6 +80,11 @@ void PanelChooser::Show(const std::string &kind) {
                                   [&wanted](const auto &known) { return known->kind() == wanted; });
   if (!ShowPanel(*panel)) return Show("");
   callbacks_.shown();
+}
+
+void PanelChooser::ShowChoices() {
+  [options_.get()
+      showChoices:[this](const std::string &keyword) { return session_.Choice(keyword); }];
 }
 
 bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {

@@ -281,9 +281,9 @@ std::optional<Failure> PrintDialog::TakeFields() {
     const JobOptions options = session_.Options();
     const auto now = options.find(name);
     if (*value == (now == options.end() ? otherwise : now->second)) return std::nullopt;
-    session_.Set(name, *value);
-    if (value->empty() && session_.Options().contains(name)) session_.Set(name, kAllPages);
-    return std::nullopt;
+    if (auto failure = session_.Set(name, *value)) return failure;
+    if (!value->empty() || !session_.Options().contains(name)) return std::nullopt;
+    return session_.Set(name, kAllPages);
   };
   if (auto failure = take([view copies], kCopies, "1", ParseCopies)) return failure;
   [[view copiesStepper] setIntValue:[[view copies] intValue]];
@@ -312,6 +312,7 @@ PMPrintSettings PrintDialog::SettingsToSave() {
   EndEditing(window_.get());
   std::optional<Failure> failure = TakeFields();
   if (!failure) failure = panels_.Save();
+  if (!failure) failure = session_.fault();
   if (!failure) return session_.settings();
   AddNote(failure->message);
   return nullptr;
@@ -367,7 +368,9 @@ bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
              Localized("Keep Both"))) {
       continue;
     }
-    for (const auto &[keyword, choice] : *changes) session_.ChangeOption(keyword, choice);
+    for (const auto &[keyword, choice] : *changes) {
+      if (const auto failure = session_.ChangeOption(keyword, choice)) AddNote(failure->message);
+    }
     panels_.Restore();
     return false;
   }
@@ -380,6 +383,7 @@ void PrintDialog::Send() {
   request.title = TitleOfJob(job_.files);
   request.options = session_.Options();
   request.files = job_.files;
+  if (session_.fault()) return AddNote(session_.fault()->message);
   has_sent_ = true;
   SetPhase(Phase::kSending);
   [view_.get() setProgressText:String(Localized("Sending…")) fraction:0];

@@ -5,24 +5,35 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "host/base/Expected.h"
 #include "host/base/Retained.h"
 #include "host/cups/JobOptions.h"
 
+// Null where the print system makes none: what is then tried with them fails.
 PrintSettings EmptyPrintSettings();
 
-// New print settings with what the file holds; empty ones where there is no such file, or no path.
+// New print settings, never null, with what the file holds; empty ones where there is no such file,
+// or no path.
 Expected<PrintSettings> ReadTicket(const std::filesystem::path &path);
 
 // Writes all values of the settings, whole or not at all.
 std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings);
 
-// The settings as job options. A value that is neither a string nor a number is none, nor is a text
-// that no server can be sent: with a zero character, or half of a surrogate pair.
-JobOptions JobOptionsFromSettings(PMPrintSettings settings);
+// The settings as job options. A value that is neither a string nor a number is none, nor is one of
+// those below.
+Expected<JobOptions> JobOptionsFromSettings(PMPrintSettings settings);
+
+// The names, in order, of the strings and numbers among these values of settings that are no job
+// options, because no server can be sent them: a text with a zero character or half of a surrogate
+// pair, or a name with blanks, control characters, quotation marks, braces, backslashes or equals
+// signs, with which it would be read as something else, or as several.
+std::vector<std::string> TextsThatAreNoOptions(NSDictionary *values);
 
 // The value of one of them; none: there is no such option.
-std::optional<std::string> JobOptionFromSettings(PMPrintSettings settings, const std::string &name);
+Expected<std::optional<std::string>> JobOptionFromSettings(PMPrintSettings settings,
+                                                           const std::string &name);
 
 #endif

@@ -1,9 +1,10 @@
 #include "host/job/JobTicket.h"
 
-#include <string_view>
+#include <algorithm>
 
 #include "host/base/Localized.h"
 #include "host/base/WholeFile.h"
+#include "host/job/SettingValues.h"
 #include "host/job/TicketText.h"
 
 namespace {
@@ -13,14 +14,8 @@ NSString *String(const std::filesystem::path &path) {
                                                                      length:path.native().size()];
 }
 
-Retained<NSDictionary *> Values(PMPrintSettings settings) {
-  CFDictionaryRef values = nullptr;
-  PMPrintSettingsCopyAsDictionary(settings, &values);
-  return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
-}
-
-// None: it cannot be sent, since half of a surrogate pair has no UTF-8, or since it would end at a
-// zero character, and be another one.
+// None: it cannot be sent, since half of a surrogate pair has no UTF-8, since it would end at a
+// zero character, and be another one, or since the protocol has no room for it.
 std::optional<std::string> OptionText(NSString *text) {
   NSData *data = [text dataUsingEncoding:NSUTF8StringEncoding];
   if (data == nil) return std::nullopt;
@@ -32,6 +27,22 @@ std::optional<std::string> OptionValue(id value) {
   if ([value isKindOfClass:[NSNumber class]]) value = [value stringValue];
   if (![value isKindOfClass:[NSString class]]) return std::nullopt;
   return OptionText(value);
+}
+
+bool IsOptionName(std::string_view name) {
+  static constexpr std::string_view kMarks = " =\"'{}\\";
+  return !name.empty() && std::ranges::none_of(name, [](unsigned char character) {
+    return character < ' ' || character == 0x7f ||
+           kMarks.find(static_cast<char>(character)) != std::string_view::npos;
+  });
+}
+
+// One with a name and a value that can be sent.
+std::optional<std::pair<std::string, std::string>> Option(NSString *name, id value) {
+  std::optional<std::string> key = OptionText(name);
+  std::optional<std::string> text = OptionValue(value);
+  if (!key || !IsOptionName(*key) || !text) return std::nullopt;
+  return std::pair(*std::move(key), *std::move(text));
 }
 
 int HexDigit(char character) {
@@ -77,12 +88,12 @@ std::string WithoutEscapedPairs(std::string_view xml) {
 
 PrintSettings EmptyPrintSettings() {
   PMPrintSettings settings = nullptr;
-  PMCreatePrintSettings(&settings);
-  return PrintSettings(settings);
+  return PrintSettings(PMCreatePrintSettings(&settings) == kPMNoError ? settings : nullptr);
 }
 
 Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
   PrintSettings settings = EmptyPrintSettings();
+  if (auto values = ValuesOf(settings.get()); !values) return Failure{values.message()};
   std::error_code error;
   if (path.empty() ||
       std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
@@ -123,40 +134,60 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
     return failure(Localized("the property list is no dictionary of print settings"));
   }
   for (id key in root) {
-    PMPrintSettingsSetValue(settings.get(), (CFStringRef)key, [root objectForKey:key], false);
+    Expected<Change> change = SetValue(settings.get(), key, [root objectForKey:key]);
+    if (!change) return failure(change.message());
+    if (*change == Change::kLocked) return failure(IsLocked(key).message);
   }
   return settings;
 }
 
 std::optional<Failure> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings) {
+  const auto failure = [&path](const std::string &why) {
+    return Failure{Localized("cannot write %1: %2", {path.string(), why})};
+  };
+  Expected<Retained<NSDictionary *>> values = ValuesOf(settings);
+  if (!values) return failure(values.message());
   NSString *why = nil;
-  NSData *data = [NSPropertyListSerialization dataFromPropertyList:Values(settings).get()
+  NSData *data = [NSPropertyListSerialization dataFromPropertyList:values->get()
                                                             format:NSPropertyListXMLFormat_v1_0
                                                   errorDescription:&why];
   if (data == nil) {
-    return Failure{Localized("cannot write %1: %2",
-                             {path.string(), why == nil ? Localized("a value is no property list")
-                                                        : std::string([why UTF8String])})};
+    return failure(why == nil ? Localized("a value is no property list")
+                              : std::string([why UTF8String]));
   }
   return WriteWholeFile(
       path, WithoutEscapedPairs({static_cast<const char *>([data bytes]), [data length]}));
 }
 
-JobOptions JobOptionsFromSettings(PMPrintSettings settings) {
+Expected<JobOptions> JobOptionsFromSettings(PMPrintSettings settings) {
+  Expected<Retained<NSDictionary *>> values = ValuesOf(settings);
+  if (!values) return Failure{values.message()};
   JobOptions options;
-  Retained<NSDictionary *> values = Values(settings);
-  for (NSString *name in values.get()) {
-    const std::optional<std::string> key = OptionText(name);
-    const std::optional<std::string> value = OptionValue([values.get() objectForKey:name]);
-    if (key && value) options[*key] = *value;
+  for (NSString *name in values->get()) {
+    if (auto option = Option(name, [values->get() objectForKey:name])) {
+      options.insert(*std::move(option));
+    }
   }
   return options;
 }
 
-std::optional<std::string> JobOptionFromSettings(PMPrintSettings settings,
-                                                 const std::string &name) {
-  CFTypeRef value = nullptr;
-  PMPrintSettingsGetValue(settings, (CFStringRef)[NSString stringWithUTF8String:name.c_str()],
-                          &value);
-  return OptionValue((id)value);
+std::vector<std::string> TextsThatAreNoOptions(NSDictionary *values) {
+  std::vector<std::string> names;
+  for (NSString *name in values) {
+    id value = [values objectForKey:name];
+    const bool is_text =
+        [value isKindOfClass:[NSString class]] || [value isKindOfClass:[NSNumber class]];
+    if (!is_text || Option(name, value)) continue;
+    NSData *data = [name dataUsingEncoding:NSUTF8StringEncoding];
+    names.emplace_back(static_cast<const char *>([data bytes]), [data length]);
+  }
+  std::ranges::sort(names);
+  return names;
+}
+
+Expected<std::optional<std::string>> JobOptionFromSettings(PMPrintSettings settings,
+                                                           const std::string &name) {
+  Expected<Retained<id>> value = ValueOf(settings, [NSString stringWithUTF8String:name.c_str()]);
+  if (!value) return Failure{value.message()};
+  return OptionValue(value->get());
 }

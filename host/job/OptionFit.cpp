@@ -66,6 +66,10 @@ std::optional<std::string> ReasonAgainst(const std::string &keyword, const std::
     if (ppd->Allows(keyword, value)) return std::nullopt;
     return ReasonAgainstChoice(*ppd->Option(keyword), value);
   }
+  if (ppd != nullptr) {
+    const std::string meant = ppd->TakesUnfitCustomValue(keyword, value);
+    if (!meant.empty()) return ReasonAgainstChoice(*ppd->Option(meant), value);
+  }
   if (!printer_specific.contains(keyword)) return std::nullopt;
   return Localized("this printer has no %1", {keyword});
 }

@@ -17,10 +17,11 @@ struct UnfitOption {
       reason;  // for people, a clause: "this printer has no PageSize \"A0\"; it has A4, Letter"
 };
 
-// The options among these whose value the PPD file does not list as a choice (long lists of choices
-// are cut short in the reason), and, among the printer-specific keywords, those that the printer
-// does not have at all. Options of every queue (copies, page-ranges...) always fit, page-ranges and
-// copies if they can be parsed. A null PPD file has no options.
+// The options among these whose value the PPD file does not list as a choice, nor allows as a
+// custom one (long lists of choices are cut short in the reason), also where the print system would
+// take another option's name for this one; and, among the printer-specific keywords, those that the
+// printer does not have at all. Options of every queue (copies, page-ranges...) always fit,
+// page-ranges and copies if they can be parsed. A null PPD file has no options.
 std::vector<UnfitOption> UnfitOptions(const JobOptions &options, const PPDFile *ppd,
                                       const std::set<std::string> &printer_specific);
 

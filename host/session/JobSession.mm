@@ -6,6 +6,7 @@
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/job/OptionFit.h"
+#include "host/job/SettingValues.h"
 
 namespace {
 
@@ -13,17 +14,8 @@ NSString *Key(const std::string &keyword) {
   return [NSString stringWithUTF8String:keyword.c_str()];
 }
 
-id Stored(PMPrintSettings settings, const std::string &keyword) {
-  CFTypeRef value = nullptr;
-  PMPrintSettingsGetValue(settings, (CFStringRef)Key(keyword), &value);
-  return (id)value;
-}
-
-Retained<NSDictionary *> Values(PMPrintSettings settings) {
-  CFDictionaryRef values = nullptr;
-  PMPrintSettingsCopyAsDictionary(settings, &values);
-  return Retained<NSDictionary *>::Adopt((NSDictionary *)values);
-}
+// What takes the value away where there is none.
+id ValueToStore(const std::string &value) { return value.empty() ? nil : Key(value); }
 
 const Setting *SettingOfKey(const std::vector<Setting> &settings, const std::string &key) {
   const auto found = std::find_if(settings.begin(), settings.end(),
@@ -38,7 +30,9 @@ constexpr std::pair<const char *, const char *> kTwoNames[] = {
 }  // namespace
 
 JobSession::JobSession(Extensions &extensions)
-    : extensions_(extensions), settings_(EmptyPrintSettings()) {}
+    : extensions_(extensions), settings_(EmptyPrintSettings()) {
+  if (auto values = ValuesOf(settings_.get()); !values) Remember(values.message());
+}
 
 JobSession::~JobSession() { DropPrinter(); }
 
@@ -54,7 +48,7 @@ Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
   @autoreleasepool {
     // Nobody asked for these: they were the printer's before.
     for (const auto &[keyword, value] : std::exchange(defaults_set_, {})) {
-      if (Value(keyword) == value) Set(keyword, "");
+      if (Value(keyword) == value) Put(keyword, "");
     }
     DropPrinter();
     ppd_ = std::move(ppd);
@@ -63,10 +57,11 @@ Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
 
     Notes notes;
     std::set<std::string> unset;
+    LeaveOutUnfitDefaults(notes);
     if (ppd_) {
       extensions_.LoadNamedBy(*ppd_);
       TakeAwayBadValues(notes);
-      const JobOptions before = JobOptionsFromSettings(settings());
+      const JobOptions before = OwnOptions();
       host_ =
           Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings()
                                                                               ppdFile:ppd_->get()]);
@@ -92,19 +87,25 @@ Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
 
 Notes JobSession::UseSettings(PrintSettings settings) {
   @autoreleasepool {
-    const Retained<NSDictionary *> before = Values(settings_.get());
-    const Retained<NSDictionary *> values = Values(settings.get());
-    for (NSString *key in before.get()) {
-      if ([values.get() objectForKey:key] != nil) continue;
-      PMPrintSettingsSetValue(settings_.get(), (CFStringRef)key, nullptr, false);
+    Notes notes;
+    Expected<Retained<NSDictionary *>> before = ValuesOf(settings_.get());
+    Expected<Retained<NSDictionary *>> values = ValuesOf(settings.get());
+    if (!before || !values) {
+      Remember(before ? values.message() : before.message());
+      notes.push_back(fault_->message);
+      return notes;
     }
-    for (NSString *key in values.get()) {
-      PMPrintSettingsSetValue(settings_.get(), (CFStringRef)key, [values.get() objectForKey:key],
-                              false);
+    for (NSString *key in before->get()) {
+      if ([values->get() objectForKey:key] == nil) Replace(key, nil, notes);
+    }
+    for (NSString *key in values->get()) Replace(key, [values->get() objectForKey:key], notes);
+    for (const std::string &name : TextsThatAreNoOptions(values->get())) {
+      notes.push_back(
+          Localized("%1 is not sent to the printer: no option can have this name or this value",
+                    {Quoted(name)}));
     }
     defaults_set_.clear();
 
-    Notes notes;
     if (!has_printer_) return notes;
     TakeAwayBadValues(notes);
     TakeAwayUnfitOptions(notes);
@@ -133,7 +134,7 @@ void JobSession::LearnPrinterSpecificKeywords() {
 
 void JobSession::TakeAway(const std::string &keyword, const std::string &why, Notes &notes) {
   const std::string value = Value(keyword);
-  Set(keyword, "");
+  Put(keyword, "");
   const std::string what = value.empty() ? keyword : keyword + ' ' + Quoted(value);
   notes.push_back(Localized("%1 does not fit: %2", {what, why}));
 }
@@ -145,16 +146,15 @@ void JobSession::TakeAwayBadValues(Notes &notes) {
     for (const std::string &keyword : ppd_->OptionKeywords()) texts.insert(keyword);
   }
   for (const std::string &keyword : texts) {
-    id value = Stored(settings(), keyword);
-    if (value == nil || [value isKindOfClass:[NSString class]]) continue;
-    if ([value isKindOfClass:[NSNumber class]]) {
-      Set(keyword, Value(keyword));
+    const Retained<id> value = Stored(keyword);
+    if (value.get() == nil || [value.get() isKindOfClass:[NSString class]]) continue;
+    if ([value.get() isKindOfClass:[NSNumber class]]) {
+      Put(keyword, Value(keyword));
     } else {
       TakeAway(keyword, Localized("its value is no text"), notes);
     }
   }
-  for (const Setting &setting :
-       SettingsWithBadValues(extensions_.Settings(), JobOptionsFromSettings(settings()))) {
+  for (const Setting &setting : SettingsWithBadValues(extensions_.Settings(), OwnOptions())) {
     TakeAway(setting.key, setting.Demand(), notes);
   }
 }
@@ -162,7 +162,7 @@ void JobSession::TakeAwayBadValues(Notes &notes) {
 void JobSession::TakeAwayUnfitOptions(Notes &notes) {
   std::set<std::string> specific = printer_specific_;
   for (const Setting &setting : extensions_.Settings()) specific.insert(setting.key);
-  JobOptions options = JobOptionsFromSettings(settings());
+  JobOptions options = OwnOptions();
   // What the printer's description does not list is for the panels to correct.
   for (const std::string &keyword : Claimed()) {
     if (!ppd_->HasOption(keyword)) options.erase(keyword);
@@ -170,6 +170,21 @@ void JobSession::TakeAwayUnfitOptions(Notes &notes) {
   for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
     TakeAway(unfit.keyword, unfit.reason, notes);
   }
+}
+
+// Of a choice that the printer does not know it takes its own; a custom value is sent as it is.
+void JobSession::LeaveOutUnfitDefaults(Notes &notes) {
+  if (!ppd_) return;
+  std::erase_if(defaults_, [&](const auto &option) {
+    const auto &[keyword, value] = option;
+    const std::string taken_by = ppd_->TakesUnfitCustomValue(keyword, value);
+    if (taken_by.empty()) return false;
+    notes.push_back(
+        Localized("%1 does not fit: %2",
+                  {keyword + ' ' + Quoted(value),
+                   Localized("this printer has no %1", {taken_by + ' ' + Quoted(value)})}));
+    return true;
+  });
 }
 
 bool JobSession::IsAllowed(const std::string &keyword, const std::string &value) const {
@@ -197,7 +212,7 @@ std::string JobSession::DefaultOf(const std::string &keyword) const {
 
 void JobSession::SetDefaults(const std::set<std::string> &keywords) {
   for (const std::string &keyword : keywords) {
-    if (const std::string value = DefaultOf(keyword); !value.empty()) Set(keyword, value);
+    if (const std::string value = DefaultOf(keyword); !value.empty()) Put(keyword, value);
     if (const std::string value = Value(keyword); !value.empty()) defaults_set_[keyword] = value;
   }
 }
@@ -209,18 +224,55 @@ void JobSession::DropFaultyPanels() {
   std::erase_if(panels_, [](const auto &panel) { return panel->fault().has_value(); });
 }
 
-std::string JobSession::Value(const std::string &keyword) const {
-  return JobOptionFromSettings(settings(), keyword).value_or("");
+void JobSession::Remember(const std::string &failure) const {
+  if (!fault_) fault_ = Failure{failure};
 }
 
-void JobSession::Set(const std::string &keyword, const std::string &value) {
-  PMPrintSettingsSetValue(settings(), (CFStringRef)Key(keyword),
-                          value.empty() ? nullptr : (CFTypeRef)Key(value), false);
+Retained<id> JobSession::Stored(const std::string &keyword) const {
+  Expected<Retained<id>> value = ValueOf(settings(), Key(keyword));
+  if (value) return *value;
+  Remember(value.message());
+  return {};
+}
+
+std::string JobSession::Value(const std::string &keyword) const {
+  Expected<std::optional<std::string>> value = JobOptionFromSettings(settings(), keyword);
+  if (value) return value->value_or("");
+  Remember(value.message());
+  return "";
+}
+
+JobOptions JobSession::OwnOptions() const {
+  Expected<JobOptions> options = JobOptionsFromSettings(settings());
+  if (options) return std::move(*options);
+  Remember(options.message());
+  return {};
+}
+
+std::optional<Failure> JobSession::Set(const std::string &keyword, const std::string &value) {
+  Expected<Change> change = SetValue(settings(), Key(keyword), ValueToStore(value));
+  if (!change) return Failure{change.message()};
+  if (*change == Change::kMade) return std::nullopt;
+  return IsLocked(Key(keyword));
+}
+
+void JobSession::Put(const std::string &keyword, const std::string &value) {
+  Expected<Change> change = SetValue(settings(), Key(keyword), ValueToStore(value));
+  if (!change) Remember(change.message());
+}
+
+void JobSession::Replace(NSString *key, id value, Notes &notes) {
+  Expected<Change> change = SetValue(settings(), key, value);
+  if (!change) return Remember(change.message());
+  if (*change == Change::kMade) return;
+  Expected<Retained<id>> now = ValueOf(settings(), key);
+  if (!now) return Remember(now.message());
+  if (![now->get() isEqual:value]) notes.push_back(IsLocked(key).message);
 }
 
 // A default under one of the names would beat what is set under the other.
 JobOptions JobSession::Options() const {
-  JobOptions options = JobOptionsFromSettings(settings());
+  JobOptions options = OwnOptions();
   JobOptions defaults = defaults_;
   for (const auto &[general, of_printer] : kTwoNames) {
     if (options.contains(general)) {
@@ -254,9 +306,11 @@ std::vector<PPDOption> JobSession::OtherOptions() const {
   return options;
 }
 
-void JobSession::ChangeOption(const std::string &keyword, const std::string &choice) {
-  Set(keyword, choice);
+std::optional<Failure> JobSession::ChangeOption(const std::string &keyword,
+                                                const std::string &choice) {
+  if (auto failure = Set(keyword, choice)) return failure;
   for (const auto &panel : panels_) panel->OptionDidChange(keyword, choice);
+  return std::nullopt;
 }
 
 std::optional<Failure> JobSession::ReasonNotToPrint() {
@@ -265,7 +319,8 @@ std::optional<Failure> JobSession::ReasonNotToPrint() {
       return Failure{Localized("%1 does not allow this job to be printed", {panel->name()})};
     }
   }
-  const JobOptions options = JobOptionsFromSettings(settings());
+  const JobOptions options = OwnOptions();
+  if (fault_) return fault_;
   const auto reason = [](const std::string &keyword, const std::string &value,
                          const std::string &why) {
     return Failure{Localized("the job's %1 is %2: %3", {keyword, Quoted(value), why})};

@@ -71,7 +71,7 @@ std::string Judge(JobSession &session, const Extensions &extensions) {
     if (panel->fault()) return "the panel has a fault: " + *panel->fault();
   }
   if (session.panels().size() != 1) return "there is no panel: " + session.ReasonForNoPanel();
-  const JobOptions options = JobOptionsFromSettings(session.settings());
+  const JobOptions options = session.OwnOptions();
   for (const UnfitOption &unfit : UnfitOptions(options, session.ppd(), {})) {
     return unfit.keyword + " is left with a value that does not fit: " + unfit.reason;
   }

@@ -28,7 +28,7 @@ std::string Run(std::string_view file) {
   const std::filesystem::path path = folder.Write("ticket.plist", file);
   Expected<PrintSettings> settings = ReadTicket(path);
   if (!settings) return settings.message().empty() ? "refused without a reason" : "";
-  JobOptionsFromSettings(settings->get());
+  (void)JobOptionsFromSettings(settings->get());
   if (const int depth = DepthOf(Values(settings->get())); depth > 100) {
     return "it was read with a depth of " + std::to_string(depth);
   }

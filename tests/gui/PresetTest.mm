@@ -15,7 +15,7 @@ id Panel(DialogOnScreen &screen, NSString *outlet) {
 JobOptions Stored(const std::filesystem::path &path) {
   Expected<PrintSettings> settings = ReadTicket(path);
   if (!settings) return {{"failure", settings.message()}};
-  return JobOptionsFromSettings(settings->get());
+  return *JobOptionsFromSettings(settings->get());
 }
 
 // Answers the question for a name while it is asked.

@@ -22,6 +22,14 @@ void Clear();
 void FailReads(int status);
 void FailWrites(int status);
 
+// Of the calls that make, read, list or change print settings: the one with this number, beginning
+// with 1 from here on, answers this status; but for a read it does nothing. 0: none fails.
+void FailCall(int number, int status);
+// How many there have been since then.
+int CallsCounted();
+// The one that has failed, as in Calls, "create" or "copy"; empty: none has.
+std::string FailedCall();
+
 }  // namespace interposed
 
 #endif

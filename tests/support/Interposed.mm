@@ -12,6 +12,10 @@ namespace {
 std::vector<std::string> calls;
 int read_status = 0;
 int write_status = 0;
+int failing_number = 0;
+int failing_status = 0;
+int counted = 0;
+std::string failed_call;
 
 // Half a surrogate pair alone has no UTF-8.
 std::string Described(id object) {
@@ -23,6 +27,13 @@ std::string Described(id object) {
 
 void Record(const char *what, id object) {
   calls.push_back(std::string(what) + ' ' + Described(object));
+}
+
+// The status with which this call is to fail now; 0: it works.
+OSStatus CountedStatus(const std::string &call) {
+  if (++counted != failing_number) return 0;
+  failed_call = call;
+  return failing_status;
 }
 
 template <typename Function>
@@ -48,6 +59,16 @@ void Clear() { calls.clear(); }
 void FailReads(int status) { read_status = status; }
 void FailWrites(int status) { write_status = status; }
 
+void FailCall(int number, int status) {
+  failing_number = number;
+  failing_status = status;
+  counted = 0;
+  failed_call.clear();
+}
+
+int CallsCounted() { return counted; }
+std::string FailedCall() { return failed_call; }
+
 }  // namespace interposed
 
 extern "C" {
@@ -55,8 +76,10 @@ extern "C" {
 // A read that fails leaves the value in its slot all the same: nobody may look there then.
 OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef *value) {
   Record("get", (NSString *)key);
+  const OSStatus failure = CountedStatus(calls.back());
   const OSStatus status =
       Next<decltype(PMPrintSettingsGetValue)>("PMPrintSettingsGetValue")(settings, key, value);
+  if (failure != 0) return failure;
   return read_status != 0 ? read_status : status;
 }
 
@@ -65,9 +88,21 @@ OSStatus PMPrintSettingsSetValue(PMPrintSettings settings, CFStringRef key, CFTy
   Record("set",
          [NSString stringWithFormat:@"%@=%@%@", (id)key, value == nullptr ? @"nil" : (id)value,
                                     locked ? @" locked" : @""]);
+  if (const OSStatus status = CountedStatus(calls.back())) return status;
   if (write_status != 0) return write_status;
   return Next<decltype(PMPrintSettingsSetValue)>("PMPrintSettingsSetValue")(settings, key, value,
                                                                             locked);
+}
+
+OSStatus PMCreatePrintSettings(PMPrintSettings *settings) {
+  if (const OSStatus status = CountedStatus("create")) return status;
+  return Next<decltype(PMCreatePrintSettings)>("PMCreatePrintSettings")(settings);
+}
+
+OSStatus PMPrintSettingsCopyAsDictionary(PMPrintSettings settings, CFDictionaryRef *values) {
+  if (const OSStatus status = CountedStatus("copy")) return status;
+  return Next<decltype(PMPrintSettingsCopyAsDictionary)>("PMPrintSettingsCopyAsDictionary")(
+      settings, values);
 }
 
 ppd_attr_t *ppdFindAttr(ppd_file_t *ppd, const char *name, const char *spec) {

@@ -1,9 +1,5 @@
 // `pdeprint print` on a real print server.
 
-#include <linux/capability.h>
-#include <sys/prctl.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <filesystem>
 
@@ -96,13 +92,6 @@ class PrintVerb : public ServedProgram {
  private:
   static inline int newest_ = 0;
 };
-
-// For a child: permissions hold for the programs that it runs, also where it is root.
-bool LosePrivilegesOfPrograms() {
-  if (geteuid() != 0) return true;
-  return prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) == 0 &&
-         prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH) == 0;
-}
 
 // Shows a difference of jobs that were sent otherwise alike.
 Attributes WhatTheUserAskedFor(Attributes attributes) {

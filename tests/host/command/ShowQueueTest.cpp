@@ -135,3 +135,15 @@ TEST_F(ShowQueue, RefusesAPresetThatIsNotThereAndNamesThoseThatAre) {
   EXPECT_EQ(1, result.status);
   EXPECT_EQ("pdeprint: there is no preset \"dratf\"; there are: draft\n", result.err);
 }
+
+// A convenience: the job is printed.
+TEST_F(ShowQueue, SaysWhereTheSettingsCannotBeKeptAsLastUsed) {
+  config_.Write("pdeprint", "a file where the folder should be");
+  const RunResult result = ShowAndPress({file_}, "Return");
+  EXPECT_EQ(0, result.status);
+  EXPECT_NE(0, JobOf(result)) << result.out;
+  EXPECT_TRUE(result.err.starts_with(
+      "pdeprint: note: the settings are not kept as \"Last Used\": cannot make the folder " +
+      presets().parent_path().string() + ": "))
+      << result.err;
+}

@@ -156,11 +156,59 @@ TEST_F(CustomChoice, WithoutParametersIsAnything) {
              "VQTest", "Custom.abc"));
 }
 
-TEST_F(CustomChoice, InBracesIsNotLookedInto) {
+// libcups sends it as a string of PostScript and leaves backslashes as they are.
+TEST_F(CustomChoice, OfTextsHasNoBackslash) {
+  for (const char *type : {"string 0 99", "password 0 99"}) {
+    EXPECT_TRUE(Allows(type, "Custom.1) showpage (\n%!PS <41> /x")) << type;
+    EXPECT_FALSE(Allows(type, "Custom.a\\")) << type;
+    EXPECT_FALSE(Allows(type, "Custom.a\\b")) << type;
+    EXPECT_FALSE(Allows(type, "{Value='a\\\\'}")) << type;
+  }
+}
+
+// There libcups sends it as it is.
+TEST_F(CustomChoice, OfTextsOutsideOfThePostScriptHasNothingThatCouldEndIt) {
+  const std::string lines = WithParameter("string 0 99");
+  const std::string end = "*CloseUI";
+  std::vector<std::string> files;
+  for (const std::string section : {"JCLSetup", "ExitServer"}) {
+    files.push_back(lines + "*NonUIOrderDependency: 10 " + section + " *CustomVQTest\n");
+    files.push_back(lines);
+    files.back().insert(lines.find(end), "*OrderDependency: 10 " + section + " *VQTest\n");
+  }
+  for (const std::string &file : files) {
+    EXPECT_TRUE(Allows(file, "VQTest", "Custom.Ann's 2nd job, größer: a_b-c.d")) << file;
+    for (const std::string mark : {"\"", "\\", "(", ")", "<", ">", "[", "]", "{", "}", "/", "%",
+                                   "\n", "\r", "\t", "\x1b", "\x7f"}) {
+      EXPECT_FALSE(Allows(file, "VQTest", "Custom.a" + mark + "b")) << file << mark;
+    }
+  }
+}
+
+TEST_F(CustomChoice, InBracesGivesParametersValuesThatFit) {
   EXPECT_TRUE(Allows("int 1 9", "{Value=5}"));
-  EXPECT_FALSE(Allows("int 1 9", "{Value=5"));
-  EXPECT_FALSE(Allows("int 1 9", "{}"));
+  EXPECT_TRUE(Allows("string 1 9", "{Value=\"a b\"}"));
+  for (const char *choice : {"{Value=10}", "{Value=5) showpage}", "{Value=5 Other=5}", "{Other=5}",
+                             "{Value}", "{Value=}", "{5}", "{Value=5", "{}", "{", "{{Value=5}}"}) {
+    EXPECT_FALSE(Allows("int 1 9", choice)) << choice;
+  }
+  EXPECT_FALSE(Allows("int 1 9", "{Value=5 Value=10}"));
   EXPECT_FALSE(Allows(kCustomPageSize, "PageRegionX", "{Value=5}"));
+}
+
+TEST_F(CustomChoice, InBracesGivesSeveralParametersTheirValues) {
+  const std::string lines = WithParameter("int 1 9") + "*ParamCustomVQTest Second: 2 string 1 9\n";
+  EXPECT_TRUE(Allows(lines, "VQTest", "{Value=5 Second=text}"));
+  EXPECT_FALSE(Allows(lines, "VQTest", "{Value=5 Second=\"too long a text\"}"));
+}
+
+TEST_F(CustomChoice, MayBeMeantInAnyCaseOfLetters) {
+  for (const char *choice : {"Custom.5", "custom.5", "CUSTOM.", "{Value=5}", "{"}) {
+    EXPECT_TRUE(MayBeTakenForCustomChoice(choice)) << choice;
+  }
+  for (const char *choice : {"Custom", "5", "", "xCustom.5", "_Custom"}) {
+    EXPECT_FALSE(MayBeTakenForCustomChoice(choice)) << choice;
+  }
 }
 
 // libcups calls it _Custom, and so do jobs.

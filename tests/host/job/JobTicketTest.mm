@@ -174,7 +174,7 @@ OBJC_TEST(JobTicket, ReadsUtf8WhateverTheDeclarationSays) {
                                  "<key>a</key><string>+AOQ-</string></dict></plist>"));
   ASSERT_TRUE(settings) << settings.message();
   const JobOptions expected = {{"a", "+AOQ-"}};
-  EXPECT_EQ(expected, JobOptionsFromSettings(settings->get()));
+  EXPECT_EQ(expected, *JobOptionsFromSettings(settings->get()));
 }
 
 OBJC_TEST(JobTicket, ReadsAPropertyListWithoutADeclaration) {
@@ -215,16 +215,16 @@ OBJC_TEST(JobTicket, StringsAndNumbersBecomeOptions) {
     @"date" : [NSDate date],
   };
   const JobOptions expected = {{"größe", "groß"}, {"number", "7"}, {"fraction", "1.25"}};
-  EXPECT_EQ(expected, JobOptionsFromSettings(SettingsWith(values).get()));
+  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
 }
 
 OBJC_TEST(JobTicket, OneOptionIsAsAmongAll) {
   NSDictionary *values = @{@"größe" : @"groß", @"number" : @7, @"list" : @[ @"a" ]};
   const PrintSettings settings = SettingsWith(values);
-  EXPECT_EQ("groß", JobOptionFromSettings(settings.get(), "größe"));
-  EXPECT_EQ("7", JobOptionFromSettings(settings.get(), "number"));
-  EXPECT_EQ(std::nullopt, JobOptionFromSettings(settings.get(), "list"));
-  EXPECT_EQ(std::nullopt, JobOptionFromSettings(settings.get(), "absent"));
+  EXPECT_EQ("groß", *JobOptionFromSettings(settings.get(), "größe"));
+  EXPECT_EQ("7", *JobOptionFromSettings(settings.get(), "number"));
+  EXPECT_EQ(std::nullopt, *JobOptionFromSettings(settings.get(), "list"));
+  EXPECT_EQ(std::nullopt, *JobOptionFromSettings(settings.get(), "absent"));
 }
 
 OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
@@ -234,5 +234,30 @@ OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
   [half deleteCharactersInRange:NSMakeRange(0, 1)];  // half a surrogate pair
   NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, @"e" : half};
   const JobOptions expected = {{"a", "b"}};
-  EXPECT_EQ(expected, JobOptionsFromSettings(SettingsWith(values).get()));
+  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
+}
+
+OBJC_TEST(JobTicket, NamesThatWouldBeReadAsSomethingElseAreNoOptions) {
+  for (NSString *name in @[ @"a", @"com.other.print-note_2", @"größe", @"a/b", @"a:b" ]) {
+    EXPECT_EQ(1u, JobOptionsFromSettings(SettingsWith(@{name : @"x"}).get())->size());
+    EXPECT_EQ(std::vector<std::string>(), TextsThatAreNoOptions(@{name : @"x"}));
+  }
+  for (NSString *name in @[
+         @"", @"a b", @"a=b", @"a\nb", @"a\tb", @"a\"b", @"a'b", @"a{b", @"a}b", @"a\\b", @"a\x7f"
+       ]) {
+    EXPECT_EQ(0u, JobOptionsFromSettings(SettingsWith(@{name : @"x"}).get())->size());
+    EXPECT_EQ(std::vector<std::string>{[name UTF8String]}, TextsThatAreNoOptions(@{name : @7}));
+  }
+}
+
+OBJC_TEST(JobTicket, SettingsThatCannotBeReadAreNoEmptyTicket) {
+  TemporaryFolder folder;
+  const fs::path file = folder.Write("ticket.plist", "old");
+  const std::optional<Failure> failure = WriteTicket(file, nullptr);
+  ASSERT_TRUE(failure);
+  EXPECT_EQ("cannot write " + file.string() +
+                ": cannot read the settings of the job: error -50 of the print system",
+            failure->message);
+  EXPECT_EQ("old", ContentOf(file));
+  EXPECT_FALSE(JobOptionsFromSettings(nullptr));
 }

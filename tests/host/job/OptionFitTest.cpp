@@ -82,6 +82,15 @@ TEST_F(OptionFit, CustomPageSizesFitWithinTheLimits) {
             Unfit({{"PageSize", "Custom.1x1"}}));
 }
 
+// The print system does not look at the case of letters.
+TEST_F(OptionFit, CustomValuesDoNotFitUnderAnotherSpellingEither) {
+  EXPECT_EQ((Lines{"pagesize=custom.1x1: this printer has no PageSize \"custom.1x1\"; it has A4, "
+                   "Letter, A3"}),
+            Unfit({{"pagesize", "custom.1x1"}}));
+  EXPECT_EQ(Lines{}, Unfit({{"pagesize", "Custom.100x200mm"}, {"pagesize2", "Custom.1x1"}}));
+  EXPECT_EQ(Lines{}, Unfit({{"duplex", "anything"}}));
+}
+
 TEST_F(OptionFit, OptionsOfEveryQueueFit) {
   const JobOptions options = {
       {"media", "anything"}, {"sides", "anything"}, {"fit-to-page", "true"}};

@@ -73,7 +73,7 @@ std::string ReasonOf(JobSession &session) {
 }
 
 JobOptions SettingsOf(const JobSession &session) {
-  return JobOptionsFromSettings(session.settings());
+  return *JobOptionsFromSettings(session.settings());
 }
 
 const JobOptions kDefaults = {{"Duplex", "None"},     {"InputSlot", "Auto"},
@@ -601,4 +601,28 @@ OBJC_TEST(JobSession, LeavesNoClosedPPDFileToWhoeverKeepsTheHost) {
     EXPECT_EQ(session.ppd()->get(), [[HostTestKeepsHost lastHost] ppdFile]);
   }
   EXPECT_EQ(nullptr, [[HostTestKeepsHost lastHost] ppdFile]);
+}
+
+OBJC_TEST(JobSession, NotesWhatNoPrinterCanBeSentAndKeepsIt) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  EXPECT_EQ(
+      Notes{"\"two words\" is not sent to the printer: no option can have this name or this value"},
+      session.UseSettings(SettingsWith(@{@"two words" : @"a", @"word" : @"b"})));
+  EXPECT_EQ((JobOptions{{"word", "b"}}), session.Options());
+  EXPECT_EQ("a", session.Value("two words"));
+}
+
+OBJC_TEST(JobSession, LeavesOutCustomDefaultsOfTheQueueThatDoNotFit) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  const std::string lines =
+      "*CustomPageSize True: \"pop\"\n*ParamCustomPageSize Width: 1 points 100 900\n"
+      "*ParamCustomPageSize Height: 2 points 200 1200\n";
+  EXPECT_EQ((Notes{"PageSize \"Custom.1x1\" does not fit: this printer has no PageSize "
+                   "\"Custom.1x1\""}),
+            session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.1x1"}, {"sides", "any"}}));
+  EXPECT_EQ((JobOptions{{"sides", "any"}}), session.Options());
+  EXPECT_EQ(Notes(), session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.300x400"}}));
+  EXPECT_EQ((JobOptions{{"PageSize", "Custom.300x400"}}), session.Options());
 }

@@ -1,0 +1,303 @@
+// Print-settings calls that fail, each in its turn, while a job is made up, and settings that an
+// extension has locked.
+
+#include "host/session/JobSession.h"
+#include "tests/host/extension/TwoPanelsRun.h"
+#include "tests/support/Interposed.h"
+#include "tests/support/NumberingPPD.h"
+#import "tests/support/ObjCTest.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const OSStatus kOutOfScope = -30871;
+
+const JobOptions kPreset = {
+    {"VQBackgroundNumbering", "On"}, {"VQBNSize", "Large"}, {"VQStartNumber", "25"},
+    {"Duplex", "DuplexTumble"},      {"number-up", "2"},    {"copies", "2"}};
+
+PrintSettings SettingsWith(const JobOptions &options) {
+  PrintSettings settings = EmptyPrintSettings();
+  for (const auto &[key, value] : options) {
+    PMPrintSettingsSetValue(settings.get(),
+                            (CFStringRef)[NSString stringWithUTF8String:key.c_str()],
+                            (CFTypeRef)[NSString stringWithUTF8String:value.c_str()], false);
+  }
+  return settings;
+}
+
+PPDFile ColorPPD() {
+  TemporaryFolder folder;
+  Expected<PPDFile> ppd = PPDFile::Open(folder.Write("test.ppd", NumberingPPDText(true)));
+  if (!ppd) std::abort();
+  return std::move(*ppd);
+}
+
+Extensions &BuiltExtensions() {
+  static Expected<Extensions> extensions =
+      Extensions::Load(BINARY_DIRECTORY "/BackgroundNumbering.plugin");
+  if (!extensions) std::abort();
+  return *extensions;
+}
+
+JobOptions OptionsIn(const fs::path &ticket) {
+  Expected<PrintSettings> settings = ReadTicket(ticket);
+  return settings ? *JobOptionsFromSettings(settings->get())
+                  : JobOptions{{"unreadable", settings.message()}};
+}
+
+// What differs between the two.
+std::set<std::string> Differences(const JobOptions &one, const JobOptions &other) {
+  std::set<std::string> keys;
+  for (const auto &[key, value] : one) {
+    if (const auto found = other.find(key); found == other.end() || found->second != value)
+      keys.insert(key);
+  }
+  for (const auto &[key, value] : other) {
+    if (!one.contains(key)) keys.insert(key);
+  }
+  return keys;
+}
+
+std::string TextOf(const JobOptions &ticket) {
+  std::string text = "<plist><dict>";
+  for (const auto &[key, value] : ticket) {
+    text.append("<key>").append(key).append("</key><string>").append(value).append("</string>");
+  }
+  return text + "</dict></plist>";
+}
+
+struct Outcome {
+  std::string refusal;                    // empty: it can be printed
+  JobOptions printed;                     // if so
+  JobOptions held;                        // what the settings turn out to hold, read afterwards
+  std::optional<JobOptions> ticket;       // as it stands afterwards, where it was to be written
+  std::string told;                       // all notes
+  std::pair<int, int> of_panel = {0, 0};  // the numbers of the calls that the shown panel made
+};
+
+// A whole life of the session behind a dialog.
+class Life {
+ public:
+  explicit Life(OSStatus status = 0, int call = 0) {
+    preset_ = folder_.Write("preset.plist", TextOf(kPreset));
+    ticket_ = folder_.Write("ticket.plist", TextOf({{"old", "ticket"}}));
+    interposed::FailCall(call, status);
+    Run();
+    calls_ = interposed::CallsCounted();
+    failed_ = interposed::FailedCall();
+    interposed::FailCall(0, 0);
+    if (session_ && session_->settings() != nullptr) {
+      outcome.held = *JobOptionsFromSettings(session_->settings());
+    }
+    if (wrote_) outcome.ticket = OptionsIn(ticket_);
+    if (!wrote_ || !write_failure_.empty()) {
+      EXPECT_EQ((JobOptions{{"old", "ticket"}}), OptionsIn(ticket_));
+    }
+  }
+  ~Life() { interposed::FailCall(0, 0); }
+
+  int calls() const { return calls_; }
+  const std::string &failed() const { return failed_; }
+
+  Outcome outcome;
+
+ private:
+  void Run() {
+    Expected<PrintSettings> preset = ReadTicket(preset_);
+    if (!preset) return Refuse(preset.message());
+    session_ = std::make_unique<JobSession>(BuiltExtensions());
+    JobSession &session = *session_;
+    Tell(session.UsePrinter(ColorPPD(), {{"VQBNDensity", "Dark"}, {"InputSlot", "Manual"}}));
+    Tell(session.UseSettings(std::move(*preset)));
+    outcome.of_panel.first = interposed::CallsCounted();
+    for (const auto &panel : session.panels()) {
+      panel->View();
+      panel->Restore();
+      panel->WillShow();
+      panel->Save();
+    }
+    outcome.of_panel.second = interposed::CallsCounted();
+    if (auto failure = session.Set("copies", "3")) return Refuse(failure->message);
+    if (auto failure = session.ChangeOption("InputSlot", "Tray1")) return Refuse(failure->message);
+    if (auto failure = session.ReasonNotToPrint()) return Refuse(failure->message);
+    outcome.printed = session.Options();
+    if (session.fault()) return Refuse(session.fault()->message);
+    const std::optional<Failure> failure = WriteTicket(ticket_, session.settings());
+    if (failure) {
+      write_failure_ = failure->message;
+      EXPECT_NE("", write_failure_);
+    } else {
+      wrote_ = true;
+    }
+  }
+
+  void Refuse(const std::string &why) {
+    EXPECT_NE("", why);
+    outcome.refusal = why;
+  }
+  void Tell(const Notes &notes) {
+    for (const std::string &note : notes) outcome.told += note + '\n';
+  }
+
+  TemporaryFolder folder_;
+  fs::path preset_, ticket_;
+  std::unique_ptr<JobSession> session_;
+  int calls_ = 0;
+  std::string failed_;
+  bool wrote_ = false;
+  std::string write_failure_;
+};
+
+// What is printed and written is always what the settings hold, as panels show it.
+void ExpectToBeAsShown(const Outcome &outcome) {
+  if (!outcome.refusal.empty()) return;
+  for (const auto &[key, value] : outcome.held) {
+    EXPECT_TRUE(outcome.printed.contains(key) && outcome.printed.at(key) == value) << key;
+  }
+  if (outcome.ticket) EXPECT_EQ(outcome.held, *outcome.ticket);
+}
+
+void SetLocked(const JobSession &session, NSString *key, NSString *value) {
+  PMPrintSettingsSetValue(session.settings(), (CFStringRef)key, (CFTypeRef)value, true);
+}
+
+}  // namespace
+
+OBJC_TEST(JobSessionFaults, AWholeLifePrintsAndWritesWhatWasChosen) {
+  const Life life;
+  EXPECT_EQ("", life.outcome.refusal);
+  EXPECT_EQ("", life.outcome.told);
+  const JobOptions expected = {{"VQBackgroundNumbering", "On"},
+                               {"VQBNSize", "Large"},
+                               {"VQStartNumber", "25"},
+                               {"VQBNDensity", "Dark"},
+                               {"VQBNColor", "Black"},
+                               {"Duplex", "DuplexTumble"},
+                               {"number-up", "2"},
+                               {"copies", "3"},
+                               {"InputSlot", "Tray1"}};
+  EXPECT_EQ(expected, life.outcome.printed);
+  EXPECT_EQ(expected, life.outcome.ticket);
+}
+
+// A panel's own call that fails is for the panel to know; but also then what is printed is what the
+// settings hold, from which the panel shows it.
+OBJC_TEST(JobSessionFaults, AFailingCallIsARefusalOrMakesNoDifference) {
+  const Outcome whole = Life().outcome;
+  const int calls = Life().calls();
+  ASSERT_GT(calls, 60);
+  int refused = 0;
+  for (int call = 1; call <= calls; ++call) {
+    @autoreleasepool {
+      const Life life(call % 2 == 0 ? kPMInvalidParameter : kOutOfScope, call);
+      SCOPED_TRACE("call " + std::to_string(call) + ": " + life.failed());
+      ASSERT_NE("", life.failed());
+      ExpectToBeAsShown(life.outcome);
+      refused += life.outcome.refusal.empty() ? 0 : 1;
+      const bool is_panels = call > whole.of_panel.first && call <= whole.of_panel.second;
+      if (!life.outcome.refusal.empty() || is_panels) continue;
+      EXPECT_EQ(whole.printed, life.outcome.printed);
+      if (life.outcome.ticket) EXPECT_EQ(*whole.ticket, *life.outcome.ticket);
+    }
+  }
+  EXPECT_GT(refused, 30);
+}
+
+// A key that is locked is none of the print system's failures. What somebody has chosen for it, and
+// is not done, is told; where nobody has chosen anything it may stay as it is.
+OBJC_TEST(JobSessionFaults, ALockedKeyStaysAsItIsAndChoicesForItAreToldOf) {
+  const Outcome whole = Life().outcome;
+  const int calls = Life().calls();
+  for (int call = 1; call <= calls; ++call) {
+    @autoreleasepool {
+      const Life life(kPMItemIsLocked, call);
+      SCOPED_TRACE("call " + std::to_string(call) + ": " + life.failed());
+      ExpectToBeAsShown(life.outcome);
+      const bool is_panels = call > whole.of_panel.first && call <= whole.of_panel.second;
+      if (!life.outcome.refusal.empty() || is_panels) continue;
+      for (const std::string &key : Differences(whole.printed, life.outcome.printed)) {
+        EXPECT_EQ(0u, life.failed().find("set " + key + "=")) << key;
+        if (kPreset.contains(key)) {
+          EXPECT_NE(std::string::npos, life.outcome.told.find(key)) << life.outcome.told;
+        }
+      }
+    }
+  }
+}
+
+OBJC_TEST(JobSessionFaults, AFaultStaysAndNothingIsPrintedFromThenOn) {
+  JobSession session(BuiltExtensions());
+  session.UsePrinter(ColorPPD(), {});
+  EXPECT_FALSE(session.fault());
+  interposed::FailCall(1, kPMInvalidParameter);
+  session.Options();
+  interposed::FailCall(0, 0);
+  const std::string why = "cannot read the settings of the job: error -50 of the print system";
+  ASSERT_TRUE(session.fault());
+  EXPECT_EQ(why, session.fault()->message);
+  ASSERT_TRUE(session.ReasonNotToPrint());
+  EXPECT_EQ(why, session.ReasonNotToPrint()->message);
+}
+
+OBJC_TEST(JobSessionFaults, ASessionForWhichNoSettingsCanBeMadePrintsNothing) {
+  interposed::FailCall(1, kPMInvalidParameter);
+  JobSession session(BuiltExtensions());
+  ASSERT_EQ("create", interposed::FailedCall());
+  interposed::FailCall(0, 0);
+  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.fault());
+  EXPECT_TRUE(session.ReasonNotToPrint());
+}
+
+OBJC_TEST(JobSessionFaults, SettingsThatAreNoneReplaceNothing) {
+  JobSession session(BuiltExtensions());
+  session.UseSettings(SettingsWith({{"copies", "2"}}));
+  const Notes notes = session.UseSettings(PrintSettings());
+  EXPECT_EQ(Notes{"cannot read the settings of the job: error -50 of the print system"}, notes);
+  EXPECT_EQ("2", session.Value("copies"));
+  EXPECT_TRUE(session.fault());
+}
+
+OBJC_TEST(JobSessionFaults, ATicketThatDoesNotFitALockedSettingIsToldOf) {
+  JobSession session(BuiltExtensions());
+  session.UsePrinter(ColorPPD(), {});
+  SetLocked(session, @"Duplex", @"DuplexTumble");
+  SetLocked(session, @"InputSlot", @"Manual");
+  const Notes notes =
+      session.UseSettings(SettingsWith({{"Duplex", "None"}, {"InputSlot", "Manual"}}));
+  EXPECT_EQ(Notes{"cannot change Duplex of the job: an extension has locked it"}, notes);
+  EXPECT_EQ("DuplexTumble", session.Value("Duplex"));
+  EXPECT_FALSE(session.ReasonNotToPrint());
+}
+
+OBJC_TEST(JobSessionFaults, ALockedSettingCannotBeSetAndThePanelsAreNotTold) {
+  TwoPanelsRun run;
+  Expected<Extensions> extensions = Extensions::Load(TWO_PANELS);
+  ASSERT_TRUE(extensions);
+  JobSession session(*extensions);
+  session.UsePrinter(ColorPPD(), {});
+  SetLocked(session, @"InputSlot", @"Manual");
+  run.Calls();
+  const std::string why = "cannot change InputSlot of the job: an extension has locked it";
+  ASSERT_TRUE(session.Set("InputSlot", "Tray1"));
+  EXPECT_EQ(why, session.Set("InputSlot", "")->message);
+  EXPECT_EQ(why, session.ChangeOption("InputSlot", "Tray1")->message);
+  EXPECT_EQ(std::vector<std::string>(), run.Calls());
+  EXPECT_EQ("Manual", session.Value("InputSlot"));
+  EXPECT_FALSE(session.fault());
+}
+
+OBJC_TEST(JobSessionFaults, WhatIsLockedAndDoesNotFitThePrinterIsNotPrinted) {
+  JobSession session(BuiltExtensions());
+  session.UsePrinter(ColorPPD(), {});
+  SetLocked(session, @"VQBNColor", @"Red");
+  EXPECT_FALSE(session.ReasonNotToPrint());
+  TemporaryFolder folder;
+  Expected<PPDFile> mono = PPDFile::Open(folder.Write("mono.ppd", NumberingPPDText(false)));
+  ASSERT_TRUE(mono);
+  session.UsePrinter(std::move(*mono), {});
+  // The panel would have it Black.
+  ASSERT_TRUE(session.ReasonNotToPrint()) << session.Value("VQBNColor");
+}
