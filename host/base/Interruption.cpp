@@ -20,7 +20,11 @@ Interruption::Interruption(std::atomic<bool> &flag) {
   struct sigaction action = {};
   action.sa_handler = SetFlag;
   action.sa_flags = SA_RESTART;
-  for (int i = 0; i < 3; ++i) sigaction(kSignals[i], &action, &before_[i]);
+  for (int i = 0; i < 3; ++i) {
+    sigaction(kSignals[i], nullptr, &before_[i]);
+    // Who started the program wants it to go on: nohup, or a shell's job in the background.
+    if (before_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &action, nullptr);
+  }
 }
 
 Interruption::~Interruption() {

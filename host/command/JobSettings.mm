@@ -18,6 +18,7 @@ Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
                              {Quoted(name)})};
   }
   if (const std::optional<Preset> preset = store.Find(name)) return ReadTicket(preset->path);
+  if (auto failure = store.ReasonAgainstFolders()) return *failure;
   std::string names;
   for (const Preset &preset : store.List()) names += (names.empty() ? "" : ", ") + preset.name;
   if (names.empty()) {

@@ -69,7 +69,9 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   Expected<int> number = SendInterruptibly(server, request);
   if (!number) return Refuse(number.message(), kFailed);
   const std::string id = RequestId(request.queue, *number);
-  const bool told = PrintResults("request id is " + id + '\n');
+  const std::string result = "request id is " + id;
+  const bool told = PrintResults(result + '\n');
+  if (!told) Complain(result);  // a script that only saw a failure would print again
   const int end = options.wait ? WaitForEnd(server, *number, id) : kDone;
   return told ? end : kFailed;
 }

@@ -158,7 +158,10 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   }
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
-  if (!changes) return Refuse({kWrongUsage, changes.message()});
+  if (!changes) {
+    ComplainOfLeftOut(*extensions);  // a setting that is not there may be theirs
+    return Refuse({kWrongUsage, changes.message()});
+  }
   if (const auto failure = Apply(*changes, settings->get())) {
     return Refuse({kFailed, failure->message});
   }

@@ -73,6 +73,19 @@ std::vector<Preset> PresetStore::List() const {
   return presets;
 }
 
+std::optional<Failure> PresetStore::ReasonAgainstFolders() const {
+  std::vector<fs::path> folders = folders_for_all_;
+  folders.insert(folders.begin(), folder_);
+  for (const fs::path &folder : folders) {
+    std::error_code error;
+    const fs::directory_iterator entries(folder, error);
+    if (error && error != std::errc::no_such_file_or_directory) {
+      return Failure{Localized("cannot read %1: %2", {folder.string(), error.message()})};
+    }
+  }
+  return std::nullopt;
+}
+
 std::optional<Preset> PresetStore::Find(const std::string &name) const {
   for (Preset &preset : List()) {
     if (preset.name == name) return std::move(preset);

@@ -31,6 +31,8 @@ class PresetStore {
   // but the folders; one that cannot be read counts as empty. What else lies in them is left alone.
   std::vector<Preset> List() const;
   std::optional<Preset> Find(const std::string &name) const;
+  // Why presets may be missing from the list: a folder that is there cannot be read.
+  std::optional<Failure> ReasonAgainstFolders() const;
 
   // Why no preset can have this name; see PresetName.h.
   std::optional<Failure> CheckName(const std::string &name) const;

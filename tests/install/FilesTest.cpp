@@ -15,8 +15,8 @@ constexpr const char *kFiles[] = {
     "755 bin/pdeprint",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/BackgroundNumbering",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/BackgroundNumbering.xib",
-    "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/"
-    "BackgroundNumberingRV2-SettingInfo.plist",
+    ("644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/"
+     "BackgroundNumberingRV2-SettingInfo.plist"),
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/ColorPrinter.ppdpart",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/Info.plist",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",

@@ -184,6 +184,17 @@ TEST_F(NoRoom, ResultsThatCannotBeWrittenAreAFailureOfEveryVerb) {
   }
 }
 
+// A script that only saw a failure would print again.
+TEST_F(NoRoom, AJobWhoseNumberCannotBeWrittenIsToldAsSent) {
+  RunOptions options = Options();
+  options.out = "/dev/full";
+  const RunResult result = RunProgram({program_.path().string(), "print", "--plugin", plugin_,
+                                       folder_.Write("page.ps", "%!PS\nshowpage\n").string()},
+                                      options);
+  EXPECT_EQ(1, result.status);
+  EXPECT_TRUE(Holds(result.err, "pdeprint: request id is Office-")) << result.err;
+}
+
 TEST_F(NoRoom, NoVerbNeedsAFolderForTemporaryFiles) {
   const TemporaryFolder empty;
   const std::string locked = empty.path() / "locked";

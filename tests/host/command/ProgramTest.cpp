@@ -415,6 +415,28 @@ TEST(SettingsVerb, NamesTheBundleThatFails) {
   EXPECT_TRUE(Contains(result.err, bundle.string())) << result.err;
 }
 
+TEST(Program, MessagesNeitherControlTheTerminalNorBreakOff) {
+  const RunResult result =
+      RunPdeprint({"settings", "--ppd", kColorPPD, "--set", "Fo\x1b[2Jo\nbar=Red"});
+  EXPECT_EQ(2, result.status);
+  EXPECT_EQ(1, std::ranges::count(result.err, '\n')) << result.err;
+  EXPECT_TRUE(Contains(result.err, "--set Fo [2Jo bar=Red: ")) << result.err;
+}
+
+// Its settings are not known then.
+TEST(Program, NamesTheBundleThatIsLeftOutWhereASettingIsNotThere) {
+  TemporaryFolder folder;
+  CopyPdeprint(folder.path());
+  const fs::path bundle = folder.path() / "BackgroundNumbering.plugin";
+  fs::copy(BINARY_DIRECTORY "/BackgroundNumbering.plugin", bundle, fs::copy_options::recursive);
+  fs::resize_file(bundle / "BackgroundNumbering", 1000);
+  const RunResult result = RunProgram(
+      {(folder.path() / "pdeprint").string(), "settings", "--ppd", kColorPPD, "--set", "Valid=On"});
+  EXPECT_EQ(2, result.status);
+  EXPECT_TRUE(Contains(result.err, "BackgroundNumbering is left out: ")) << result.err;
+  EXPECT_TRUE(Contains(result.err, "there is no setting \"Valid\"")) << result.err;
+}
+
 // Results that reach nobody are no success.
 TEST(Program, FailsIfItsResultsCannotBeWritten) {
   for (const char *out : {"/dev/full", "-"}) {

@@ -238,6 +238,18 @@ TEST_F(PresetStoreTest, RenameSaysWhatFailed) {
   EXPECT_EQ(Names{"a"}, NamesIn(store()));
 }
 
+TEST_F(PresetStoreTest, TellsWhichFolderCannotBeRead) {
+  EXPECT_EQ("", Message(store().ReasonAgainstFolders())) << "there is none";
+  Save("a");
+  EXPECT_EQ("", Message(store().ReasonAgainstFolders()));
+  EXPECT_EQ(0, chmod(users().c_str(), 0));
+  const std::string message = InChild([this]() -> std::string {
+    return LosePrivileges() ? Message(store().ReasonAgainstFolders()) : "(still privileged)";
+  });
+  EXPECT_EQ(0, chmod(users().c_str(), 0755));
+  EXPECT_EQ("cannot read " + users().string() + ": Permission denied", message);
+}
+
 TEST_F(PresetStoreTest, DeleteRemovesThePresetAndNoOther) {
   Save("a");
   Save("b");
