@@ -9,6 +9,13 @@ namespace {
 id<PDEPanel> panel = nil;
 BareOwner *owner = nil;
 
+void Fill(NSPopUpButton *pop_up, int items) {
+  [pop_up removeAllItems];
+  for (int item = 0; item < items; ++item) {
+    [pop_up addItemWithTitle:[NSString stringWithFormat:@"Item %d", item]];
+  }
+}
+
 const bool registered = [] {
   MeasureAlone(
       "panel-view/ours", [] { panel = [NewPanel(NewJob()) retain]; }, [] { [panel panelView]; },
@@ -19,6 +26,19 @@ const bool registered = [] {
   MeasureAlone(
       "panel-view/platform", [] { owner = [[BareOwner alloc] init]; },
       [] { [owner loadLayoutOfBundle:BuiltBundle()]; },
+      [] {
+        GiveBackLayout(owner);
+        [owner release];
+      });
+  // The part of it that the platform's menus take: as many items as the panel has.
+  MeasureAlone(
+      "panel-view/menus-filled", [] { owner = [[BareOwner alloc] init]; },
+      [] {
+        [owner loadLayoutOfBundle:BuiltBundle()];
+        Fill(owner.popUpSize, 3);
+        Fill(owner.popUpDensity, 3);
+        Fill(owner.popUpColor, 7);
+      },
       [] {
         GiveBackLayout(owner);
         [owner release];

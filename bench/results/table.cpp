@@ -51,6 +51,8 @@ constexpr Row kRows[] = {
     {"check", "ours", "platform", "pdeprint check, generic PPD files / opened by libcups alone",
      Unit::kTime, 1.2},
     {"print", "ours", "platform", "pdeprint print / lp, the same job", Unit::kTime, 1.5},
+    {"panel-view", "menus-filled", "platform",
+     "none of ours: the layout with its menus filled / alone", Unit::kTime, 0},
     {"window", "bare-quick", "qt5-first", "none of ours: the quickest bare window / Qt 5, as above",
      Unit::kTime, 0},
     {"print", "bundle-loaded", "platform", "none of ours: a program that loads the bundle / lp",

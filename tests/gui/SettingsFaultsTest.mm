@@ -82,7 +82,14 @@ OBJC_TEST(DialogSettingsFaults, NoPresetIsSavedOfSettingsThatCouldNotBeRead) {
   interposed::FailCall(1, kPMInvalidParameter);
   screen.session().Options();
   interposed::FailCall(0, 0);
+  // A question for a name, which must not come, is answered.
+  NSTask *answer = [NSTask launchedTaskWithLaunchPath:@"/bin/sh"
+                                            arguments:@[ @"-c", @"sleep 3; xdotool key Escape" ]];
   screen.Choose([screen.view() presets], @"Save Settings as Preset…");
-  screen.AwaitText("Cannot read the settings of the job: error -50 of the print system");
+  const std::string texts = screen.Texts();
+  [answer terminate];
+  EXPECT_NE(std::string::npos,
+            texts.find("Cannot read the settings of the job: error -50 of the print system"))
+      << texts;
   EXPECT_TRUE(screen.store().List().empty());
 }

@@ -60,6 +60,8 @@ class FolderWatch {
   int queue_;
 };
 
+const char kBundle[] = BINARY_DIRECTORY "/BackgroundNumbering.plugin";
+
 // What nobody but this program's user would miss, in every version.
 const std::string kText(30'000, 'x');
 
@@ -72,8 +74,7 @@ class KilledWriter {
 
   std::unique_ptr<RunningProgram> Start(const std::string &size) const {
     return std::make_unique<RunningProgram>(
-        std::vector<std::string>{kPdeprint, "settings", "--plugin",
-                                 BINARY_DIRECTORY "/BackgroundNumbering.plugin", "--ppd", ppd_,
+        std::vector<std::string>{kPdeprint, "settings", "--plugin", kBundle, "--ppd", ppd_,
                                  "--ticket", path_, "--set", "Size=" + size},
         RunOptions{.environment = {{"DISPLAY", std::nullopt}, {"LANGUAGE", "en"}},
                    .folder = {},
