@@ -159,7 +159,7 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   const PPDFile *ppd = printer->ppd ? &*printer->ppd : nullptr;
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, known, ppd);
   if (!changes) {
-    ComplainOfLeftOut(*extensions);  // a setting that is not there may be theirs
+    if (known.empty()) ComplainOfLeftOut(*extensions);  // the setting may be theirs
     return Refuse({kWrongUsage, changes.message()});
   }
   if (const auto failure = Apply(*changes, settings->get())) {
