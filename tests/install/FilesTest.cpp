@@ -20,8 +20,8 @@ constexpr const char *kFiles[] = {
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/ColorPrinter.ppdpart",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/Info.plist",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",
-    "644 "
-    "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings",
+    ("644 "
+     "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
     "777 lib/libPrintCore.so.1",
     "644 lib/libPrintCore.so." VERSION,
     "644 share/applications/pdeprint.desktop",
