@@ -23,7 +23,7 @@ constexpr const char *kFiles[] = {
     ("644 "
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
     "777 lib/libPrintCore.so.1",
-    "644 lib/libPrintCore.so." VERSION,
+    ("644 lib/libPrintCore.so." VERSION),
     "644 share/applications/pdeprint.desktop",
     "644 share/bash-completion/completions/pdeprint",
     "644 share/icons/hicolor/scalable/apps/pdeprint.svg",
