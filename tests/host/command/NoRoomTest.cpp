@@ -49,23 +49,6 @@ class NoRoom : public ServedProgram {
     const RunResult result = RunHere(arguments);
     return std::to_string(result.status) + ": " + result.err;
   }
-  // On a full disk on which there is nothing else than the one file.
-  std::string OnAFullDisk(const std::string &name, const std::string &content,
-                          const Arguments &arguments) const {
-    return InChild([&]() -> std::string {
-      if (!MountSmallDisk(folder_.path())) return kNoDisk;
-      if (!name.empty()) folder_.Write(name, content);
-      FillDisk(folder_.path());
-      std::string message = MessageOf(arguments);
-      Names names = NamesIn(folder_.path());
-      std::erase(names, "filler");
-      const Names expected = name.empty() ? Names{} : Names{name};
-      if (names != expected) message += "something else is there\n";
-      if (!name.empty() && ContentOf(folder_.path() / name) != content)
-        message += "it is changed\n";
-      return message;
-    });
-  }
   std::string MessageInAReadOnlyFolder(const Arguments &arguments) const {
     if (chmod(folder_.path().c_str(), 0555) != 0) return "(the folder can be written)";
     std::string message = InChild([&]() -> std::string {
@@ -87,15 +70,43 @@ class NoRoom : public ServedProgram {
   const std::string plugin_ = BINARY_DIRECTORY "/BackgroundNumbering.plugin";
 };
 
+// Only a disk of the test's own can be filled without harm. Containers may forbid to mount one,
+// even to root: what a write does that fails is seen there by the limit of a file's size.
+class FullDisk : public NoRoom {
+ protected:
+  void SetUp() override {
+    const std::string allowed =
+        InChild([this]() -> std::string { return MountSmallDisk(folder_.path()) ? "yes" : "no"; });
+    if (allowed != "yes") GTEST_SKIP() << kNoDisk;
+  }
+
+  // On a full disk on which there is nothing else than the one file.
+  std::string OnAFullDisk(const std::string &name, const std::string &content,
+                          const Arguments &arguments) const {
+    return InChild([&]() -> std::string {
+      if (!MountSmallDisk(folder_.path())) return kNoDisk;
+      if (!name.empty()) folder_.Write(name, content);
+      FillDisk(folder_.path());
+      std::string message = MessageOf(arguments);
+      Names names = NamesIn(folder_.path());
+      std::erase(names, "filler");
+      const Names expected = name.empty() ? Names{} : Names{name};
+      if (names != expected) message += "something else is there\n";
+      if (!name.empty() && ContentOf(folder_.path() / name) != content)
+        message += "it is changed\n";
+      return message;
+    });
+  }
+};
+
 }  // namespace
 
-TEST_F(NoRoom, TheOldTicketStaysOnAFullDisk) {
+TEST_F(FullDisk, TheOldTicketStays) {
   const std::string ticket = folder_.path() / "ticket.plist";
   const std::string message =
       OnAFullDisk("ticket.plist", kTicket,
                   {"settings", "--plugin", plugin_, "--ppd", PPDWithNumbering(), "--ticket", ticket,
                    "--set", "Size=Large"});
-  if (message == kNoDisk) GTEST_SKIP() << message;
   EXPECT_EQ("1: pdeprint: cannot write " + ticket + ": No space left on device\n", message);
 }
 
@@ -121,11 +132,10 @@ TEST_F(NoRoom, AFileThatGetsLargerThanItMayIsAFailure) {
   EXPECT_EQ(Names{"ticket.plist"}, NamesIn(folder_.path()));
 }
 
-TEST_F(NoRoom, TheOldPPDFileStaysOnAFullDisk) {
+TEST_F(FullDisk, TheOldPPDFileStays) {
   const std::string out = folder_.path() / "out.ppd";
   for (const char *verb : {"enable", "disable"}) {
     const std::string message = OnAFullDisk("out.ppd", "earlier", {verb, PPDToEnable(), "-o", out});
-    if (message == kNoDisk) GTEST_SKIP() << message;
     EXPECT_TRUE(message.ends_with("pdeprint: cannot write " + out + ": No space left on device\n"))
         << message;
   }
@@ -144,9 +154,11 @@ TEST_F(NoRoom, AQueuesPPDFileThatCannotBeWrittenHereIsNamedAndLeavesNothing) {
   EXPECT_EQ("1: pdeprint: cannot write Laser.ppd: Permission denied\n",
             MessageInAReadOnlyFolder({"enable", "-d", "Laser"}));
   EXPECT_EQ(Names{}, NamesIn(folder_.path()));
-  const std::string message = OnAFullDisk("", "", {"enable", "-d", "Laser"});
-  if (message == kNoDisk) GTEST_SKIP() << message;
-  EXPECT_EQ("1: pdeprint: cannot write Laser.ppd: No space left on device\n", message);
+}
+
+TEST_F(FullDisk, AQueuesPPDFileIsNamedAndLeavesNothing) {
+  EXPECT_EQ("1: pdeprint: cannot write Laser.ppd: No space left on device\n",
+            OnAFullDisk("", "", {"enable", "-d", "Laser"}));
 }
 
 // Results that reach nobody are no success.
