@@ -1,6 +1,6 @@
 #include <dlfcn.h>
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {
