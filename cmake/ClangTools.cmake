@@ -16,14 +16,16 @@
 set(OLDEST_CLANG 14)
 set(NEWEST_CLANG 19)
 
-# The major version of a tool, nothing if it tells none. Those few that do not know --version are in a
-# folder of their version, behind a link.
+# The major version of a tool, 0 if it tells none. Those few that do not know --version are in a folder of
+# their version, behind a link.
 function(clang_tool_version result program)
   execute_process(COMMAND ${program} --version OUTPUT_VARIABLE output ERROR_VARIABLE output)
   file(REAL_PATH ${program} path)
-  set(version)
-  if(output MATCHES "(version|LLD) ([0-9]+)\\." OR path MATCHES "(/llvm-)([0-9]+)/")
+  set(version 0)
+  if(output MATCHES "(version|LLD) ([0-9]+)\\.")
     set(version ${CMAKE_MATCH_2})
+  elseif(path MATCHES "/llvm-([0-9]+)/")
+    set(version ${CMAKE_MATCH_1})
   endif()
   set(${result} ${version} PARENT_SCOPE)
 endfunction()
@@ -31,7 +33,7 @@ endfunction()
 # For find_program, in find_clang_tool.
 function(is_wanted_clang_tool result program)
   clang_tool_version(version ${program})
-  if(NOT version MATCHES "." OR version LESS oldest OR version GREATER newest)
+  if(version LESS oldest OR version GREATER newest)
     set(${result} FALSE PARENT_SCOPE)
   endif()
 endfunction()
