@@ -3,6 +3,8 @@
 #ifndef TESTS_HOST_SESSION_SESSIONOFJOB_H
 #define TESTS_HOST_SESSION_SESSIONOFJOB_H
 
+#include <algorithm>
+
 #include "host/session/JobSession.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
