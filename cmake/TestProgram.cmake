@@ -9,10 +9,10 @@ endif()
 # add_test_program(<name> SOURCES <files> [LIBRARIES <targets>] [DEPENDS <targets>] [LABELS <labels>]
 #                  [VIEWS <suites>|ALL] [GUI <suites>|ALL] [PRINTING <suites>|ALL] [SLOW <suites>|ALL])
 #
-# The tests are called FOLDER/SUITE.TEST. What their suites need is said by the suites' names: VIEWS, the
-# application object, and so a display where the platform takes one; GUI, a screen on which nothing else
-# happens, keys and the mouse; PRINTING, a print server; SLOW, time. Tests that need none of the last
-# three are labeled fast, unless all have another label.
+# The tests are called FOLDER/SUITE.TEST. What their suites need is said by the suites' names, and labels
+# them: VIEWS, the application object, and so a display where the platform takes one; GUI, a screen on
+# which nothing else happens, keys and the mouse; PRINTING, a print server; SLOW, time. Tests that need
+# nothing are labeled fast, unless all have another label.
 function(add_test_program name)
   set(needs VIEWS GUI PRINTING SLOW)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES;DEPENDS;LABELS;${needs}" ${ARGN})

@@ -140,7 +140,7 @@ OBJC_TEST(ExtensionInDialog, APanelMayShowHelpOfItsOwn) {
   EXPECT_EQ((Calls{"First help"}), Doings(run));
   EXPECT_EQ(nil, [NSApp modalWindow]);
   run.SetFaults("");
-  PressKeysInNextWindow("Print", {"Return"});
+  const AnswerToQuestion answer({"Return"});
   PressKeys({"space"});
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   EXPECT_EQ((Calls{"First help"}), Doings(run));

@@ -252,7 +252,7 @@ OBJC_TEST(PrintDialog, ChoicesThatTheirPrinterForbidsAreShownOnceWithAProposal) 
   screen.AwaitReady();
   screen.ShowPanel(@"Printer Options");
   KeepPicture(screen.view(), "printer-options");
-  PressKeysInNextWindow("Print", {"Escape"});
+  const AnswerToQuestion answer({"Escape"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   HandleEventsUntilSettled();
@@ -267,7 +267,7 @@ OBJC_TEST(PrintDialog, TheProposalEndsTheConflict) {
   DialogOnScreen screen({.settings = {{"MediaType", "Transparency"}}});
   screen.AwaitReady();
   screen.ShowPanel(@"Printer Options");
-  PressKeysInNextWindow("Print", {"Return"});
+  const AnswerToQuestion answer({"Return"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([&screen] { return screen.session().Value("MediaType") == "Plain"; });
   EXPECT_EQ("DuplexNoTumble", screen.session().Value("Duplex"));

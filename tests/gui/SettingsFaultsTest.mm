@@ -87,11 +87,9 @@ OBJC_TEST(DialogSettingsFaults, NoPresetIsSavedOfSettingsThatCouldNotBeRead) {
   screen.session().Options();
   interposed::FailCall(0, 0);
   // A question for a name, which must not come, is answered.
-  NSTask *answer = [NSTask launchedTaskWithLaunchPath:@"/bin/sh"
-                                            arguments:@[ @"-c", @"sleep 3; xdotool key Escape" ]];
+  const AnswerToQuestion answer({"Escape"});
   screen.Choose([screen.view() presets], @"Save Settings as Preset…");
   const std::string texts = screen.Texts();
-  [answer terminate];
   EXPECT_THAT(texts,
               HasSubstr("Cannot read the settings of the job: error -50 of the print system"));
   EXPECT_TRUE(screen.store().List().empty());
