@@ -1,7 +1,7 @@
 #include <dlfcn.h>
 
-#import "tests/bundle/BuiltBundle.h"
 #include "tests/bundle/ExportedConstants.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 
 OBJC_TEST(ExportedConstants, EachIsAVisibleSymbolWithItsValue) {

@@ -4,9 +4,9 @@
 #include <sstream>
 #include <string>
 
-#import "tests/bundle/BuiltBundle.h"
-#include "tests/bundle/ClassTable.h"
 #include "tests/bundle/ExportedConstants.h"
+#import "tests/support/BuiltBundle.h"
+#include "tests/support/ClassTable.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/RunProgram.h"
 

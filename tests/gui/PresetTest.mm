@@ -1,7 +1,7 @@
 #include "host/dialog/PresetChooser.h"
 
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

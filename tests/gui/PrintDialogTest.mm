@@ -1,15 +1,15 @@
 #include "host/dialog/PrintDialog.h"
 
-#import "tests/bundle/BuiltBundle.h"
+#include <gmock/gmock.h>
+
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/SilentServer.h"
 
-namespace {
+using testing::HasSubstr;
 
-bool Contains(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
-}
+namespace {
 
 id Outlet(DialogOnScreen &screen, NSString *name) {
   return ::Outlet(screen.session().panels().front()->panel(), name);
@@ -283,7 +283,7 @@ OBJC_TEST(PrintDialog, TheSummarySaysWhatTheJobIs) {
   const std::string texts = screen.Texts();
   for (const char *text : {"page.ps", "Copies:\n3\n", "Paper Type:\nTransparency\n",
                            "Background Numbering\n", "Start Number:\n1\n"}) {
-    EXPECT_TRUE(Contains(texts, text)) << text << texts;
+    EXPECT_THAT(texts, HasSubstr(text));
   }
   KeepPicture(screen.view(), "summary");
 }

@@ -8,7 +8,7 @@
 #import "host/dialog/DialogWindow.h"
 #include "tests/support/LeakCheckingPause.h"
 #import "tests/support/ObjCTest.h"
-#include "tests/support/Slowdown.h"
+#include "tests/support/Patience.h"
 
 namespace {
 
@@ -23,7 +23,6 @@ class LightAppearance : public testing::Environment {
 testing::Environment *const appearance = testing::AddGlobalTestEnvironment(new LightAppearance);
 
 const double kSettled = 0.12;  // how long no event may come before the last one counts as handled
-const double kPatience = 10 * kSlowdown;
 
 double Now() { return [NSDate timeIntervalSinceReferenceDate]; }
 
@@ -81,7 +80,7 @@ void HandleEventsUntil(const std::function<bool()> &done) {
   const double start = Now();
   while (!done()) {
     HandleEvent();
-    if (Now() - start > kPatience) {
+    if (Now() - start > kPatience.count()) {
       ADD_FAILURE() << "what was waited for did not happen";
       return;
     }

@@ -6,8 +6,9 @@
 #include <stdexcept>
 #include <tuple>
 
-#include "tests/host/command/ServedProgram.h"
+#include "tests/support/Arguments.h"
 #include "tests/support/NumberingPPD.h"
+#include "tests/support/Patience.h"
 
 namespace fs = std::filesystem;
 

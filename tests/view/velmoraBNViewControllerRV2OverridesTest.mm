@@ -5,7 +5,7 @@
 #include <vector>
 
 #import "tests/support/ObjCTest.h"
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 
 /// Takes vowels for digits.
 @interface VowelController : velmoraBNViewControllerRV2

@@ -1,7 +1,7 @@
 // How the extension with two panels is to behave, and what it was asked.
 
-#ifndef TESTS_HOST_EXTENSION_TWOPANELSRUN_H
-#define TESTS_HOST_EXTENSION_TWOPANELSRUN_H
+#ifndef TESTS_SUPPORT_TWOPANELSRUN_H
+#define TESTS_SUPPORT_TWOPANELSRUN_H
 
 #include <string>
 #include <vector>

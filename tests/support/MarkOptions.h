@@ -1,7 +1,7 @@
 // Printer options of an extension bundle for tests: a mark, and its size.
 
-#ifndef TESTS_HOST_ENABLING_MARKOPTIONS_H
-#define TESTS_HOST_ENABLING_MARKOPTIONS_H
+#ifndef TESTS_SUPPORT_MARKOPTIONS_H
+#define TESTS_SUPPORT_MARKOPTIONS_H
 
 #include <string>
 

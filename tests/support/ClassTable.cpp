@@ -1,4 +1,4 @@
-#include "tests/bundle/ClassTable.h"
+#include "tests/support/ClassTable.h"
 
 #include <fstream>
 #include <iterator>

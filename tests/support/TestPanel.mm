@@ -1,4 +1,4 @@
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 
 #include <objc/runtime.h>
 

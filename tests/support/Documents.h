@@ -1,7 +1,7 @@
 // Documents to print, all of black text on white paper unless they say otherwise.
 
-#ifndef TESTS_PRINTING_DOCUMENTS_H
-#define TESTS_PRINTING_DOCUMENTS_H
+#ifndef TESTS_SUPPORT_DOCUMENTS_H
+#define TESTS_SUPPORT_DOCUMENTS_H
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "tests/host/extension/TwoPanelsRun.h"
+#include "tests/support/TwoPanelsRun.h"
 
 #include <cstdlib>
 #include <sstream>

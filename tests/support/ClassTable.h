@@ -1,7 +1,7 @@
 // The classes of a bundle as text, to be compared with classes.txt.
 
-#ifndef TESTS_BUNDLE_CLASSTABLE_H
-#define TESTS_BUNDLE_CLASSTABLE_H
+#ifndef TESTS_SUPPORT_CLASSTABLE_H
+#define TESTS_SUPPORT_CLASSTABLE_H
 
 #include <map>
 #include <set>

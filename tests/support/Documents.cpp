@@ -1,4 +1,4 @@
-#include "tests/printing/Documents.h"
+#include "tests/support/Documents.h"
 
 #include <map>
 

@@ -1,8 +1,8 @@
 // A view controller with everything under it real: common information, tickets, print settings, PPD
 // file and, once loaded, the controls of a layout.
 
-#ifndef TESTS_VIEW_TESTPANEL_H
-#define TESTS_VIEW_TESTPANEL_H
+#ifndef TESTS_SUPPORT_TESTPANEL_H
+#define TESTS_SUPPORT_TESTPANEL_H
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // The bundle as it was built, loaded as the print dialog loads it.
 
-#ifndef TESTS_BUNDLE_BUILTBUNDLE_H
-#define TESTS_BUNDLE_BUILTBUNDLE_H
+#ifndef TESTS_SUPPORT_BUILTBUNDLE_H
+#define TESTS_SUPPORT_BUILTBUNDLE_H
 
 #import <PrintCore/PrintCore.h>
 
