@@ -75,6 +75,15 @@ function(add_layout variable xib folder)
   set(${variable} ${${variable}} PARENT_SCOPE)
 endfunction()
 
+# Without it the runtime's names of selectors and of the platform's classes would be visible too.
+function(limit_visible_symbols name constants)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${name}.version)
+  file(CONFIGURE OUTPUT ${script} CONTENT
+       "{ global: ${constants}; _OBJC_CLASS_*; _OBJC_METACLASS_*; __objc_class_name_*; local: *; };\n")
+  target_link_options(${name} PRIVATE LINKER:--version-script=${script})
+  set_target_properties(${name} PROPERTIES LINK_DEPENDS ${script})
+endfunction()
+
 # What bundles link with lies above them, in the build tree and where they are installed.
 function(complete_bundle name bundle)
   set_target_properties(${name} PROPERTIES BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/../../..")

@@ -9,34 +9,7 @@
 #import "tests/support/ObjCTest.h"
 #import "tests/support/TestPanel.h"
 
-@interface NSString (NullRefusal)
-+ (instancetype)stringWithNonnullCharacters:(const unichar *)characters length:(NSUInteger)length;
-@end
-
-@implementation NSString (NullRefusal)
-
-+ (instancetype)stringWithNonnullCharacters:(const unichar *)characters length:(NSUInteger)length {
-  if (characters == nullptr) [NSException raise:NSInvalidArgumentException format:@"NULL"];
-  return [self stringWithNonnullCharacters:characters length:length];  // the original, see below
-}
-
-@end
-
 namespace {
-
-// While it lives, no string is made of NULL.
-class NullRefusal {
- public:
-  NullRefusal() { Exchange(); }
-  ~NullRefusal() { Exchange(); }
-
- private:
-  static void Exchange() {
-    method_exchangeImplementations(
-        class_getClassMethod([NSString class], @selector(stringWithCharacters:length:)),
-        class_getClassMethod([NSString class], @selector(stringWithNonnullCharacters:length:)));
-  }
-};
 
 NSMutableArray *switched = nil;  // controls, each followed by the number that it got
 int texts_written = 0;
@@ -473,14 +446,6 @@ OBJC_TEST(DigitString, IsEmptyWithoutDigits) {
   EXPECT_EQUAL_OBJECTS(@"", Filtered(nil));
   EXPECT_EQUAL_OBJECTS(@"", Filtered(@""));
   EXPECT_EQUAL_OBJECTS(@"", Filtered(@"abc :/+-.,"));
-}
-
-// Some platforms raise on NULL, whatever the length.
-OBJC_TEST(DigitString, MakesNoStringOfNULL) {
-  TestPanel panel;
-  NullRefusal refusal;
-  EXPECT_EQUAL_OBJECTS(@"", [panel.controller() BNVCDigitString:@""]);
-  EXPECT_EQUAL_OBJECTS(@"", [panel.controller() BNVCDigitString:nil]);
 }
 
 OBJC_TEST(DigitString, DropsTheDigitsOfOtherScripts) {
