@@ -4,7 +4,7 @@
 
 #include <cstdarg>
 
-#import "tests/settinginfo/Job.h"
+#import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // A print job on a queue of a test's own, as the objects of a panel see it.
 
-#ifndef TESTS_SETTINGINFO_JOB_H
-#define TESTS_SETTINGINFO_JOB_H
+#ifndef TESTS_SUPPORT_JOB_H
+#define TESTS_SUPPORT_JOB_H
 
 #import "settinginfo/velmoraBNCommonInfoRV2.h"
 #include "tests/support/Interposed.h"

@@ -1,7 +1,7 @@
 // What the runtime knows of a class.
 
-#ifndef TESTS_SETTINGINFO_CLASSSHAPE_H
-#define TESTS_SETTINGINFO_CLASSSHAPE_H
+#ifndef TESTS_SUPPORT_CLASSSHAPE_H
+#define TESTS_SUPPORT_CLASSSHAPE_H
 
 #import <Foundation/Foundation.h>
 

@@ -1,4 +1,4 @@
-#import "tests/settinginfo/ClassShape.h"
+#import "tests/support/ClassShape.h"
 
 #import <objc/runtime.h>
 

@@ -1,7 +1,7 @@
 // Exceptions raised while an object is made.
 
-#ifndef TESTS_SETTINGINFO_HALFMADE_H
-#define TESTS_SETTINGINFO_HALFMADE_H
+#ifndef TESTS_SUPPORT_HALFMADE_H
+#define TESTS_SUPPORT_HALFMADE_H
 
 #include "tests/support/LeakCheckingPause.h"
 #import "tests/support/ObjCTest.h"

@@ -1,4 +1,4 @@
-#import "tests/settinginfo/Job.h"
+#import "tests/support/Job.h"
 
 Job::Job(const std::string &ppd_lines, id setting_info, const std::string &strings)
     : ppd_(ppd_lines),
