@@ -32,7 +32,9 @@ class IdentifierTable {
   std::unordered_map<NSView *, NSString *> identifiers_;
 };
 
+// What an IMP really is says its method; compilers take the detour for meant.
 using Dealloc = void (*)(id, SEL);
+using Function = void (*)();
 Dealloc viewDealloc;
 
 IdentifierTable &Identifiers();
@@ -44,8 +46,9 @@ void ForgetIdentifierAndDealloc(id view, SEL selector) {
 
 IdentifierTable *MakeTableAndWatchViews() {
   Method dealloc = class_getInstanceMethod([NSView class], @selector(dealloc));
+  auto forgetting = reinterpret_cast<IMP>(reinterpret_cast<Function>(ForgetIdentifierAndDealloc));
   viewDealloc = reinterpret_cast<Dealloc>(
-      method_setImplementation(dealloc, reinterpret_cast<IMP>(ForgetIdentifierAndDealloc)));
+      reinterpret_cast<Function>(method_setImplementation(dealloc, forgetting)));
   return new IdentifierTable;
 }
 
