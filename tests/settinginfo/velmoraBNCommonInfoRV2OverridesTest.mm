@@ -4,6 +4,7 @@
 
 #include <cstdarg>
 
+#include "platform/Implementation.h"
 #import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 
@@ -16,7 +17,7 @@ class RecordedFormats {
  public:
   RecordedFormats()
       : method_(class_getClassMethod([NSString class], @selector(stringWithFormat:))) {
-    original_ = method_setImplementation(method_, reinterpret_cast<IMP>(Format));
+    original_ = method_setImplementation(method_, ImplementationBy(Format));
     events.clear();
   }
   ~RecordedFormats() { method_setImplementation(method_, original_); }
