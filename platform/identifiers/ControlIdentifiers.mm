@@ -6,6 +6,8 @@
 #include <mutex>
 #include <unordered_map>
 
+#include "Implementation.h"
+
 // The runtime has no associated objects and a category adds no field, so the identifiers stand
 // beside the views, and -[NSView dealloc] takes a view's entry away.
 namespace {
@@ -32,9 +34,7 @@ class IdentifierTable {
   std::unordered_map<NSView *, NSString *> identifiers_;
 };
 
-// What an IMP really is says its method; compilers take the detour for meant.
 using Dealloc = void (*)(id, SEL);
-using Function = void (*)();
 Dealloc viewDealloc;
 
 IdentifierTable &Identifiers();
@@ -46,9 +46,8 @@ void ForgetIdentifierAndDealloc(id view, SEL selector) {
 
 IdentifierTable *MakeTableAndWatchViews() {
   Method dealloc = class_getInstanceMethod([NSView class], @selector(dealloc));
-  auto forgetting = reinterpret_cast<IMP>(reinterpret_cast<Function>(ForgetIdentifierAndDealloc));
-  viewDealloc = reinterpret_cast<Dealloc>(
-      reinterpret_cast<Function>(method_setImplementation(dealloc, forgetting)));
+  viewDealloc = FunctionOf<Dealloc>(
+      method_setImplementation(dealloc, ImplementationBy(ForgetIdentifierAndDealloc)));
   return new IdentifierTable;
 }
 
