@@ -6,6 +6,7 @@
 #   make_system FOLDER-TO-KEEP-THINGS ROOT
 make_system() {
   local suite mirror base sources kept=$1/archives
+  # shellcheck source=/dev/null
   suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
   sources=$(debian_sources)
   [[ -n $sources ]] || { apt-get -q update >"$1/update.log" 2>&1; sources=$(debian_sources); }
