@@ -1,7 +1,7 @@
 # Names for the workflows of CMakePresets.json and the scripts; all work is done there.
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test build fmt lint asan tsan coverage fuzz macos-check sweep soak bench packages packages-test clean
+.PHONY: help demo test build fmt lint asan tsan coverage fuzz macos-check sweep soak bench packages packages-test systems-test clean
 
 help: ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 24
@@ -50,6 +50,9 @@ packages: ## make the packages, in build/packages
 
 packages-test: ## make the packages, and try them on a clean Debian system (as root)
 	@scripts/packages-test
+
+systems-test: ## demo, tests and packages on bare Debian systems (as root): make systems-test ONLY="trixie demo"
+	@scripts/systems-test $(ONLY)
 
 clean: ## remove everything that was built
 	@rm -rf build

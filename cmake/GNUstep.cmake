@@ -4,6 +4,7 @@
 # The headers become system headers, so that our own warnings can be errors; optimization, debugging
 # and warning flags stay with the presets.
 
+include(CheckSourceCompiles)
 include(${CMAKE_CURRENT_LIST_DIR}/ObjectiveCxxLinking.cmake)
 
 find_program(GNUSTEP_CONFIG gnustep-config REQUIRED)
@@ -50,6 +51,14 @@ function(add_gnustep_target name libraries_option)
 endfunction()
 
 add_gnustep_target(Platform::Cocoa --gui-libs)
+
+# Newer ones have control identifiers of their own.
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+set(CMAKE_REQUIRED_LIBRARIES Platform::Cocoa)
+check_source_compiles(OBJCXX "#import <AppKit/NSView.h>
+NSString *Identifier(NSView *view) { return view.identifier; }" VIEWS_HAVE_IDENTIFIERS)
+unset(CMAKE_REQUIRED_LIBRARIES)
+unset(CMAKE_TRY_COMPILE_TARGET_TYPE)
 
 # The executable beside the folder Resources, which also holds Info.plist.
 set(BUNDLE_EXECUTABLES .)

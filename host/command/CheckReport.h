@@ -9,9 +9,9 @@
 struct CheckResult {
   std::string file;
   bool readable = false;
-  bool color = false;               // only where readable
-  std::vector<std::string> panels;  // names; empty: not offered
-  std::string reason;               // why not, or why it cannot be read
+  bool color = false;                    // only where readable
+  std::vector<std::string> panels = {};  // names; empty: not offered
+  std::string reason = {};               // why not, or why it cannot be read
 };
 
 // One line a file.

@@ -10,8 +10,8 @@
 
 struct QueueResult {
   Queue queue;
-  std::vector<std::string> panels;  // names; empty: none is offered
-  std::string reason;               // why not
+  std::vector<std::string> panels = {};  // names; empty: none is offered
+  std::string reason = {};               // why not
 };
 
 // One line a queue: "* NAME: panels, or why there are none"; the default queue has the star.

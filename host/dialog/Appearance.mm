@@ -3,6 +3,7 @@
 #import <objc/runtime.h>
 
 #include "host/dialog/ControlImages.h"
+#include "platform/Implementation.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ void UseLightAppearance() {
   UseLightControlImages();
   // No default names this color. Panels choose it themselves, at any time, and compare with it.
   method_setImplementation(class_getClassMethod([NSColor class], @selector(lightGrayColor)),
-                           reinterpret_cast<IMP>(GrayForGreyedTexts));
+                           ImplementationBy(GrayForGreyedTexts));
 }
 
 void StraightenButtons(NSView *view) {

@@ -4,8 +4,10 @@
 #include "host/base/Messages.h"
 
 #include <cmath>
+#include <optional>
 #include <string>
 
+#include "host/dialog/Clipboard.h"
 #import "host/dialog/FocusRing.h"
 
 namespace {
@@ -38,6 +40,21 @@ SEL EditingAction(NSString *character) {
   if ([character isEqualToString:@"v"]) return @selector(paste:);
   if ([character isEqualToString:@"a"]) return @selector(selectAll:);
   return nullptr;
+}
+
+// The platform's pasteboard server may have started before anything was copied. That of GNUstep
+// 0.32 then never learns what other programs copy, and tells of no text. True if this was the case,
+// and the text stands where the user is typing.
+bool PasteUnknownToThePlatform(NSResponder *focus) {
+  if (![focus isKindOfClass:[NSTextView class]] || ![(NSTextView *)focus isEditable]) return false;
+  if ([[NSPasteboard generalPasteboard] availableTypeFromArray:@[ NSStringPboardType ]] != nil) {
+    return false;
+  }
+  const std::optional<std::string> text = ClipboardText();
+  NSString *string = text ? [NSString stringWithUTF8String:text->c_str()] : nil;
+  if (string == nil) return false;
+  [(NSTextView *)focus insertText:string];
+  return true;
 }
 
 void ComplainOfEvent(NSException *exception) {
@@ -147,7 +164,8 @@ void ComplainOfEvent(NSException *exception) {
   }
   SEL action = EditingAction(character);
   if (action != nullptr && ([event modifierFlags] & (NSControlKeyMask | NSCommandKeyMask)) != 0) {
-    return [NSApp sendAction:action to:nil from:self];
+    return (action == @selector(paste:) && PasteUnknownToThePlatform([self firstResponder])) ||
+           [NSApp sendAction:action to:nil from:self];
   }
   return [super performKeyEquivalent:event];
 }

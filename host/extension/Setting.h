@@ -15,7 +15,7 @@
 struct Setting {
   std::string name;
   std::string key;
-  std::vector<std::string> choices;
+  std::vector<std::string> choices = {};
   long min = 0;
   long max = 0;
 

@@ -1,23 +1,26 @@
-# Sourced by scripts/packages-test: a clean Debian system in a folder, of the version that runs here, with
-# packages from where this machine has its own. What runs there has processes and mounts of its own,
-# which go with it.
+# Sourced by the scripts that need a clean Debian system: one in a folder, with packages from where this
+# machine has its own. What runs there has processes, mounts and terminals of its own, which go with it.
 
-# The first call takes about a minute, later ones unpack what it has kept.
-#   make_system FOLDER-TO-KEEP-THINGS ROOT
+# The release that runs here, or another one. The first call takes about a minute, later ones unpack what
+# it has kept.
+#   make_system FOLDER-TO-KEEP-THINGS ROOT [RELEASE]
 make_system() {
-  local suite mirror base sources kept=$1/archives
+  local here suite mirror base sources kept
   # shellcheck source=/dev/null
-  suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+  here=$(. /etc/os-release && echo "$VERSION_CODENAME")
+  suite=${3:-$here}
   sources=$(debian_sources)
   [[ -n $sources ]] || { apt-get -q update >"$1/update.log" 2>&1; sources=$(debian_sources); }
+  sources=${sources// $here/ $suite}
   mirror=$(awk -v suite="$suite" '$3 == suite { print $2; exit }' <<<"$sources")
   [[ -n $mirror ]] || fail "apt knows no source of Debian's packages for $suite"
   base=$1/$suite.tar
+  kept=$1/archives/$suite
   if [[ ! -e $base ]]; then
     remove_system "$2"
     debootstrap --variant=minbase "$suite" "$2" "$mirror" >"$1/debootstrap.log" 2>&1 || {
       tail -n 20 "$1/debootstrap.log" >&2
-      fail "debootstrap failed; its last messages are above, all are in $1/debootstrap.log"
+      fail "debootstrap could not make $suite from $mirror; its last messages are above, all are in $1/debootstrap.log"
     }
     rm -f "$2"/var/cache/apt/archives/*.deb
     tar -C "$2" --numeric-owner -cf "$base.part" .
@@ -48,7 +51,10 @@ debian_sources() {
 # Keeps the packages that have been fetched for the next time.
 #   keep_archives FOLDER-TO-KEEP-THINGS ROOT
 keep_archives() {
-  find "$2/var/cache/apt/archives" -name '*.deb' -links 1 -exec cp -lf -t "$1/archives" {} +
+  local suite
+  # shellcheck source=/dev/null
+  suite=$(. "$2/etc/os-release" && echo "$VERSION_CODENAME")
+  find "$2/var/cache/apt/archives" -name '*.deb' -links 1 -exec cp -lf -t "$1/archives/$suite" {} +
 }
 
 # Runs a command there, as root; its output is the command's.
@@ -56,7 +62,8 @@ keep_archives() {
 on_system() {
   unshare --mount --pid --fork --kill-child --mount-proc --root="$1" --wd=/ \
     env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 LANGUAGE=en \
-    DISPLAY="${DISPLAY:-}" DEBIAN_FRONTEND=noninteractive "${@:2}"
+    DISPLAY="${DISPLAY:-}" DEBIAN_FRONTEND=noninteractive \
+    sh -c 'mount -t devpts -o newinstance,ptmxmode=0666 devpts /dev/pts && exec "$@"' - "${@:2}"
 }
 
 # The same as a user without rights, whose home is in /tmp.

@@ -9,12 +9,24 @@ fail() {
   exit 1
 }
 
-missing_packages() {
-  local package
-  sed 's/#.*//' "$project/packaging/$1" | while read -r package; do
-    [[ -z $package ]] && continue
-    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+# The releases of Debian that the project is tried on.
+releases=(bookworm trixie)
+
+# The packages of sections of packaging/debian-packages, one a line.
+#   packages_of SECTION...
+packages_of() {
+  local section
+  for section; do
+    sed -n "/^\[$section\]/,/^\[/{s/#.*//;/^\[/d;/./p}" "$project/packaging/debian-packages"
   done
+}
+
+# Those of them that are not installed, nor provided by another one that is.
+missing_packages() {
+  local installed
+  installed=$(dpkg-query -W -f='${db:Status-Status}:${Package},${Provides}\n' |
+    sed -n 's/([^)]*)//g;s/^installed://p' | tr -s ', ' '\n')
+  comm -23 <(packages_of "$@" | sort -u) <(sort -u <<<"$installed")
 }
 
 # Installs the packages of packaging/Brewfile that are missing.
@@ -26,8 +38,17 @@ install_formulae() {
     fail "brew could not install what $brewfile names; its messages are above"
 }
 
-# Installs the packages of a list in packaging/ that are missing; needs root only then.
-#   install_packages [LIST]
+# What there is to say where the names of packages are not known to be right; nothing elsewhere.
+word_on_unknown_release() {
+  local codename name
+  codename=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
+  name=$(sed -n 's/^PRETTY_NAME="\(.*\)"$/\1/p' /etc/os-release)
+  [[ " ${releases[*]} " == *" $codename "* ]] ||
+    echo "This is ${name:-an unknown system}; trying the packages of Debian's ${releases[*]}, and clang as it comes."
+}
+
+# Installs the packages of sections of packaging/debian-packages that are missing; needs root only then.
+#   install_packages SECTION...
 install_packages() {
   if [[ $(uname) == Darwin ]]; then
     install_formulae
@@ -35,23 +56,28 @@ install_packages() {
   fi
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
     fail "this is not a Debian system; install what packaging/debian-packages names and build with cmake --workflow --preset dev"
-  local list=${1:-debian-packages} missing as_root=()
-  mapfile -t missing < <(missing_packages "$list")
+  local section missing as_root=()
+  for section in "${@:?which sections}"; do
+    grep -qxF "[$section]" "$project/packaging/debian-packages" || fail "packaging/debian-packages has no section $section"
+  done
+  mapfile -t missing < <(missing_packages "$@")
   ((${#missing[@]})) || return 0
   if ((EUID != 0)); then
     command -v sudo >/dev/null ||
       fail "these packages are missing, and there is no sudo to install them; as root run: apt-get install ${missing[*]}"
     as_root=(sudo)
   fi
-  local log=$project/build/packages.log
+  local log=$project/build/packages.log word
   mkdir -p "$project/build" 2>/dev/null || fail "cannot write to $project"
+  word=$(word_on_unknown_release)
+  [[ -z $word ]] || echo "$word"
   echo "Installing ${#missing[@]} Debian packages, which takes a few minutes: ${missing[*]}"
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
   # A fresh system knows no packages, an old list may name versions that are gone.
   { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } \
     >"$log" 2>&1 </dev/null || {
     tail -n 30 "$log" >&2
-    fail "apt-get could not install the packages; its last messages are above, all are in $log"
+    fail "apt-get could not install the packages; its last messages are above, all are in $log${word:+. $word}"
   }
 }
 
@@ -69,14 +95,17 @@ use_build_folder() {
   fi
 }
 
-# Builds a preset, or only some targets of it, quietly unless it fails.
+# Builds a preset, or only some targets of it, quietly unless it fails. The tests are left out where what
+# they are built with is not installed.
 #   build PRESET [TARGET...]
 build() {
-  local preset=$1
+  local preset=$1 tests=ON
   use_build_folder "$preset"
   local log=$project/build/$preset.log
+  [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || tests=OFF
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" && cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
+  (cd "$project" && cmake --preset "$preset" -D BUILD_TESTING="$tests" &&
+    cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"
   }

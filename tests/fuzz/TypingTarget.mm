@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Implementation.h"
 #include "tests/fuzz/Outcome.h"
 #import "tests/fuzz/Panel.h"
 #include "tests/fuzz/Targets.h"
@@ -60,7 +61,7 @@ id NoPasteboard(id, SEL, NSString *) { return nil; }
 void OfferNoSelections() {
   method_setImplementation(
       class_getClassMethod([NSPasteboard class], @selector(pasteboardWithName:)),
-      reinterpret_cast<IMP>(NoPasteboard));
+      ImplementationBy(NoPasteboard));
 }
 
 NSWindow *WindowOfPanel() {

@@ -15,12 +15,12 @@ inline constexpr char kBuiltBundle[] = BINARY_DIRECTORY "/BackgroundNumbering.pl
 
 struct DialogOptions {
   std::string queue = "Color";
-  std::filesystem::path ppd;  // instead of a queue's; empty: a queue
+  std::filesystem::path ppd = {};  // instead of a queue's; empty: a queue
   std::string bundle = kBuiltBundle;
-  std::string server;  // empty: the tests' own
-  std::map<std::string, std::string> settings;
-  std::string damaged_preset;                    // the name of one; empty: none
-  std::map<std::string, std::string> last_used;  // empty: nothing was printed yet
+  std::string server = {};  // empty: the tests' own
+  std::map<std::string, std::string> settings = {};
+  std::string damaged_preset = {};                    // the name of one; empty: none
+  std::map<std::string, std::string> last_used = {};  // empty: nothing was printed yet
   bool waits = false;
   bool has_file = true;
   std::chrono::milliseconds limit{5000};

@@ -63,8 +63,8 @@ void ResetWhenClosed(int socket) {
 struct CuttingRelay::Line {
   int client;
   int server;
-  HttpMessages requests;
-  CutPlan cut;  // of the request that is on its way or was answered last
+  HttpMessages requests = {};
+  CutPlan cut = {};  // of the request that is on its way or was answered last
   int generation = 0;
   size_t passed = 0;  // bytes of the message that is to be cut
   bool is_answer_due = false;

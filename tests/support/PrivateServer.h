@@ -17,12 +17,12 @@
 
 struct TestQueue {
   std::string name;
-  std::filesystem::path ppd;  // empty: none
-  std::string description;
-  std::string location;
-  std::map<std::string, std::string> options;  // the server's defaults
-  std::string stopped;                         // why; empty: it is not
-  std::string rejecting;                       // why; empty: it accepts jobs
+  std::filesystem::path ppd = {};  // empty: none
+  std::string description = {};
+  std::string location = {};
+  std::map<std::string, std::string> options = {};  // the server's defaults
+  std::string stopped = {};                         // why; empty: it is not
+  std::string rejecting = {};                       // why; empty: it accepts jobs
   bool is_default = false;
   bool broken = false;  // the printer says so and takes nothing
 };

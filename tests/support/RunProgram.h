@@ -20,9 +20,9 @@ inline constexpr char kPdeprint[] = BINARY_DIRECTORY "/pdeprint";
 using EnvironmentChanges = std::map<std::string, std::optional<std::string>>;
 
 struct RunOptions {
-  EnvironmentChanges environment;
-  std::string folder;  // where it runs; empty: here
-  std::string out;     // where its standard output goes; empty: it is captured, "-": closed
+  EnvironmentChanges environment = {};
+  std::string folder = {};  // where it runs; empty: here
+  std::string out = {};     // where its standard output goes; empty: it is captured, "-": closed
 };
 
 struct RunResult {

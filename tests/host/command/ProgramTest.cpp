@@ -233,7 +233,7 @@ TEST(SettingsVerb, AnswersInJson) {
                 "VQBackgroundNumbering": "On", "VQStartNumber": "1"}
   })");
   Json json = Parsed(result.out);
-  EXPECT_EQ(ticket, json["ticket"]);
+  EXPECT_EQ(Json(ticket), json["ticket"]);
   json.erase("ticket");
   EXPECT_EQ(expected, json);
   EXPECT_TRUE(Parsed(Settings(kColorPPD, {"--json"}).out)["ticket"].is_null());

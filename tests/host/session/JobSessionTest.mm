@@ -1,5 +1,7 @@
 #include "host/session/JobSession.h"
 
+#include <algorithm>
+
 #include "tests/host/extension/BundleFolder.h"
 #include "tests/host/extension/TwoPanelsRun.h"
 #include "tests/support/NumberingPPD.h"

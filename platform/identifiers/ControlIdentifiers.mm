@@ -6,6 +6,8 @@
 #include <mutex>
 #include <unordered_map>
 
+#include "Implementation.h"
+
 // The runtime has no associated objects and a category adds no field, so the identifiers stand
 // beside the views, and -[NSView dealloc] takes a view's entry away.
 namespace {
@@ -44,8 +46,8 @@ void ForgetIdentifierAndDealloc(id view, SEL selector) {
 
 IdentifierTable *MakeTableAndWatchViews() {
   Method dealloc = class_getInstanceMethod([NSView class], @selector(dealloc));
-  viewDealloc = reinterpret_cast<Dealloc>(
-      method_setImplementation(dealloc, reinterpret_cast<IMP>(ForgetIdentifierAndDealloc)));
+  viewDealloc = FunctionOf<Dealloc>(
+      method_setImplementation(dealloc, ImplementationBy(ForgetIdentifierAndDealloc)));
   return new IdentifierTable;
 }
 

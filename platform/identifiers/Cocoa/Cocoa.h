@@ -1,4 +1,4 @@
-// GNUstep's Cocoa umbrella, with the AppKit operations that it lacks.
+// GNUstep's Cocoa umbrella, with the AppKit operations that older ones lack.
 
 #ifndef PLATFORM_COCOA_H
 #define PLATFORM_COCOA_H

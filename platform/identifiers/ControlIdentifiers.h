@@ -1,4 +1,4 @@
-// NSUserInterfaceItemIdentification for views, which GNUstep's NSView lacks.
+// NSUserInterfaceItemIdentification for views, which NSView of older GNUsteps lacks.
 
 #ifndef PLATFORM_CONTROLIDENTIFIERS_H
 #define PLATFORM_CONTROLIDENTIFIERS_H
