@@ -47,6 +47,14 @@ function(add_layout variable xib folder)
   set(${variable} ${${variable}} PARENT_SCOPE)
 endfunction()
 
+function(limit_visible_symbols name constants)
+  set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}.symbols)
+  file(CONFIGURE OUTPUT ${list} CONTENT
+       "_${constants}\n_OBJC_CLASS_$_*\n_OBJC_METACLASS_$_*\n_OBJC_IVAR_$_*\n")
+  target_link_options(${name} PRIVATE LINKER:-exported_symbols_list,${list})
+  set_target_properties(${name} PROPERTIES LINK_DEPENDS ${list})
+endfunction()
+
 # A signature covers the executable and all resources: it comes last.
 function(complete_bundle name bundle)
   if(CODESIGN)

@@ -75,10 +75,22 @@ function(add_layout variable xib folder)
   set(${variable} ${${variable}} PARENT_SCOPE)
 endfunction()
 
-# What bundles link with lies above them, in the build tree and where they are installed.
+# Without it the runtime's names of selectors and of the platform's classes would be visible too.
+function(limit_visible_symbols name constants)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${name}.version)
+  file(CONFIGURE OUTPUT ${script} CONTENT
+       "{ global: ${constants}; _OBJC_CLASS_*; _OBJC_METACLASS_*; __objc_class_name_*; local: *; };\n")
+  target_link_options(${name} PRIVATE LINKER:--version-script=${script})
+  set_target_properties(${name} PROPERTIES LINK_DEPENDS ${script})
+endfunction()
+
+# What bundles link with lies above them in the build tree. Where they are installed the way leads from
+# the folder that GNUstep and pdeprint look in to the folder of libraries, which may be called otherwise.
 function(complete_bundle name bundle)
-  set_target_properties(${name} PROPERTIES BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/../../..")
-  set(installed ${CMAKE_INSTALL_LIBDIR}/GNUstep/Bundles/${name}.plugin)
+  set(installed lib/GNUstep/Bundles/${name}.plugin)
+  set(libraries ${CMAKE_INSTALL_FULL_LIBDIR})
+  cmake_path(RELATIVE_PATH libraries BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}/${installed})
+  set_target_properties(${name} PROPERTIES BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/${libraries}")
   install(TARGETS ${name} LIBRARY DESTINATION ${installed} COMPONENT bundle)
   install(DIRECTORY ${bundle}/${BUNDLE_RESOURCES} DESTINATION ${installed} COMPONENT bundle)
 endfunction()

@@ -1,7 +1,13 @@
-# The real platform's installer package, for CPack: the bundle where its PPD file says, the PPD files
-# where the print system looks for them.
+# The installer package of macOS; `cpack` makes it: the bundle where its PPD file says, the PPD files where
+# the print system looks for them. Its version is the project's. Include it after all rules for
+# installing.
 
 set(CPACK_GENERATOR productbuild)
+set(CPACK_PACKAGE_NAME background-numbering)
+set(CPACK_PACKAGE_VENDOR "Background Numbering maintainers")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /)
 set(CPACK_MONOLITHIC_INSTALL ON)
 set(CPACK_PRODUCTBUILD_IDENTIFIER com.velmora.print.pde.BackgroundNumbering)
@@ -24,3 +30,5 @@ foreach(text IN ITEMS Welcome ReadMe)
                  ${PROJECT_BINARY_DIR}/installer/${text}.txt @ONLY)
   set(CPACK_RESOURCE_FILE_${variable} ${PROJECT_BINARY_DIR}/installer/${text}.txt)
 endforeach()
+
+include(CPack)

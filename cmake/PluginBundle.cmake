@@ -1,9 +1,10 @@
-# add_plugin_bundle(<name> OBJECTS <object libraries> INFO_PLIST <template> LAYOUT <.xib>
-#                   RESOURCES <files> STRINGS_DIRECTORY <folder of <code>.lproj folders>
+# add_plugin_bundle(<name> OBJECTS <object libraries> CONSTANTS <pattern of names> INFO_PLIST <template>
+#                   LAYOUT <.xib> RESOURCES <files> STRINGS_DIRECTORY <folder of <code>.lproj folders>
 #                   DEPENDS <targets that make resources>)
 #
 # Builds <name>.plugin at the top of the build tree, in the platform's own layout, and installs it where
-# the platform looks for it.
+# the platform looks for it. Its classes and the constants that the pattern names are visible to others,
+# nothing else.
 
 include(${CMAKE_CURRENT_LIST_DIR}/StringsTables.cmake)
 
@@ -19,7 +20,7 @@ function(add_copied_resource variable file folder)
 endfunction()
 
 function(add_plugin_bundle name)
-  cmake_parse_arguments(ARG "" "INFO_PLIST;LAYOUT;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "CONSTANTS;INFO_PLIST;LAYOUT;STRINGS_DIRECTORY" "OBJECTS;RESOURCES;DEPENDS" ${ARGN})
 
   set(bundle ${PROJECT_BINARY_DIR}/${name}.plugin)
   set(resources ${bundle}/${BUNDLE_RESOURCES})
@@ -28,6 +29,8 @@ function(add_plugin_bundle name)
   target_link_libraries(${name} PRIVATE ${ARG_OBJECTS})
   set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ""
                                            LIBRARY_OUTPUT_DIRECTORY ${bundle}/${BUNDLE_EXECUTABLES})
+
+  limit_visible_symbols(${name} ${ARG_CONSTANTS})
 
   configure_file(${ARG_INFO_PLIST} ${bundle}/${BUNDLE_INFO_PLIST} @ONLY)
 

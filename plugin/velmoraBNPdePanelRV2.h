@@ -12,6 +12,8 @@
 @interface velmoraBNPdePanelRV2 : NSObject <PDEPanel> {
   velmoraBNViewControllerRV2 *_viewController;
   velmoraBNCommonInfoRV2 *_commonInfo;
+
+ @private
   NSMutableArray *supportedOptions;
 }
 

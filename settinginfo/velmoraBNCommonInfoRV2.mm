@@ -48,6 +48,10 @@ NSDictionary *DictionaryFromPropertyList(NSString *path) {
   return [root isKindOfClass:[NSDictionary class]] ? root : nil;
 }
 
+NSString *KeyPath(NSString *section, NSString *entry) {
+  return [NSString stringWithFormat:@"%@.%@", section, entry];
+}
+
 }  // namespace
 
 @implementation velmoraBNCommonInfoRV2
@@ -85,97 +89,108 @@ NSDictionary *DictionaryFromPropertyList(NSString *path) {
   return [self.bundle localizedStringForKey:key value:@"" table:nil];
 }
 
-- (id)BNCIValueInSection:(NSString *)section entry:(NSString *)entry {
-  NSDictionary *values = [self.settingInfoDictionary objectForKey:section];
-  return [values isKindOfClass:[NSDictionary class]] ? [values objectForKey:entry] : nil;
+// Strings raise for a key that they do not know, and arrays answer an array: only a dictionary is a
+// section.
+- (id)BNCIValueForKeyPath:(NSString *)keyPath {
+  NSDictionary *sections = self.settingInfoDictionary;
+  NSString *name = [[keyPath componentsSeparatedByString:@"."] objectAtIndex:0];
+  id section = [sections objectForKey:name];
+  if (section != nil && ![section isKindOfClass:[NSDictionary class]]) return nil;
+  return [sections valueForKeyPath:keyPath];
 }
 
 - (id)defaultValid {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyValid];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyValid)];
 }
 
 - (id)defaultSize {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeySize];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeySize)];
 }
 
 - (id)defaultDensity {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyDensity];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyDensity)];
 }
 
 - (id)defaultColor {
+  NSString *keyPath = KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyColor);
   if (![self isColorPrinter]) return BNCIMonoDefaultColor;
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyColor];
+  return [self BNCIValueForKeyPath:keyPath];
 }
 
 - (id)defaultStartNumber {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyStartNumber];
+  return
+      [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyStartNumber)];
 }
 
 - (id)startNumberMin {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyStartNumberMin];
+  return [self
+      BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyStartNumberMin)];
 }
 
 - (id)startNumberMax {
-  return [self BNCIValueInSection:BNCIPlistMainKeyDefaultValue entry:BNCIPlistSubKeyStartNumberMax];
+  return [self
+      BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyDefaultValue, BNCIPlistSubKeyStartNumberMax)];
 }
 
 - (id)popUpItemsForSize {
-  return [self BNCIValueInSection:BNCIPlistMainKeyPopUpItem entry:BNCIPlistSubKeySize];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyPopUpItem, BNCIPlistSubKeySize)];
 }
 
 - (id)popUpItemsForDensity {
-  return [self BNCIValueInSection:BNCIPlistMainKeyPopUpItem entry:BNCIPlistSubKeyDensity];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyPopUpItem, BNCIPlistSubKeyDensity)];
 }
 
 - (id)popUpItemsForColor {
+  NSString *keyPath = KeyPath(BNCIPlistMainKeyPopUpItem, BNCIPlistSubKeyColor);
   if (![self isColorPrinter]) return [NSArray arrayWithObject:BNCIMonoDefaultColor];
-  return [self BNCIValueInSection:BNCIPlistMainKeyPopUpItem entry:BNCIPlistSubKeyColor];
+  return [self BNCIValueForKeyPath:keyPath];
 }
 
 - (id)panelKindID {
-  return [self BNCIValueInSection:BNCIPlistMainKeyId entry:BNCIPlistSubKeyPanelKind];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyId, BNCIPlistSubKeyPanelKind)];
 }
 
 - (id)ticketKeyValid {
-  return [self BNCIValueInSection:BNCIPlistMainKeyTicketKey entry:BNCIPlistSubKeyValid];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyTicketKey, BNCIPlistSubKeyValid)];
 }
 
 - (id)ticketKeySize {
-  return [self BNCIValueInSection:BNCIPlistMainKeyTicketKey entry:BNCIPlistSubKeySize];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyTicketKey, BNCIPlistSubKeySize)];
 }
 
 - (id)ticketKeyDensity {
-  return [self BNCIValueInSection:BNCIPlistMainKeyTicketKey entry:BNCIPlistSubKeyDensity];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyTicketKey, BNCIPlistSubKeyDensity)];
 }
 
 - (id)ticketKeyColor {
-  return [self BNCIValueInSection:BNCIPlistMainKeyTicketKey entry:BNCIPlistSubKeyColor];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyTicketKey, BNCIPlistSubKeyColor)];
 }
 
 - (id)ticketKeyStartNumber {
-  return [self BNCIValueInSection:BNCIPlistMainKeyTicketKey entry:BNCIPlistSubKeyStartNumber];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyTicketKey, BNCIPlistSubKeyStartNumber)];
 }
 
 - (id)minLabelForIntegerValueRange {
-  return [self BNCIValueInSection:BNCIPlistMainKeyWording
-                            entry:BNCIPlistSubKeyMinLabelForValueRange];
+  return [self
+      BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyWording, BNCIPlistSubKeyMinLabelForValueRange)];
 }
 
 - (id)maxLabelForIntegerValueRange {
-  return [self BNCIValueInSection:BNCIPlistMainKeyWording
-                            entry:BNCIPlistSubKeyMaxLabelForValueRange];
+  return [self
+      BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyWording, BNCIPlistSubKeyMaxLabelForValueRange)];
 }
 
 - (id)prefixForLocalizeSize {
-  return [self BNCIValueInSection:BNCIPlistMainKeyWording entry:BNCIPlistSubKeyPrefixForSize];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyWording, BNCIPlistSubKeyPrefixForSize)];
 }
 
 - (id)prefixForLocalizeDensity {
-  return [self BNCIValueInSection:BNCIPlistMainKeyWording entry:BNCIPlistSubKeyPrefixForDensity];
+  return
+      [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyWording, BNCIPlistSubKeyPrefixForDensity)];
 }
 
 - (id)prefixForLocalizeColor {
-  return [self BNCIValueInSection:BNCIPlistMainKeyWording entry:BNCIPlistSubKeyPrefixForColor];
+  return [self BNCIValueForKeyPath:KeyPath(BNCIPlistMainKeyWording, BNCIPlistSubKeyPrefixForColor)];
 }
 
 - (BOOL)isColorPrinter {

@@ -1,7 +1,5 @@
 #import "tickets/velmoraBNPrintTicketManagerRV2.h"
 
-#include <array>
-
 NSString *const BNPTMNameValid = @"Valid";
 NSString *const BNPTMNameSize = @"Size";
 NSString *const BNPTMNameDensity = @"Density";
@@ -35,29 +33,6 @@ id MakeTicket(NSDictionary *info, velmoraBNCommonInfoRV2 *commonInfo) {
   return [[ticketClass alloc] initWithDefaultValue:defaultValue
                                          ticketKey:ticketKey
                                         commonInfo:commonInfo];
-}
-
-struct NamedTicket {
-  NSString *name;
-  velmoraBNPrintTicketRV2 *ticket;
-};
-
-// In the order of all operations.
-std::array<NamedTicket, 5> NamedTickets(velmoraBNPrintTicketManagerRV2 *manager) {
-  return {{
-      {BNPTMNameValid, manager.ticketValid},
-      {BNPTMNameSize, manager.ticketSize},
-      {BNPTMNameDensity, manager.ticketDensity},
-      {BNPTMNameColor, manager.ticketColor},
-      {BNPTMNameStartNumber, manager.ticketStartNumber},
-  }};
-}
-
-velmoraBNPrintTicketRV2 *TicketNamed(velmoraBNPrintTicketManagerRV2 *manager, NSString *name) {
-  for (const auto &[ticketName, ticket] : NamedTickets(manager)) {
-    if ([ticketName isEqual:name]) return ticket;
-  }
-  return nil;
 }
 
 }  // namespace
@@ -138,7 +113,8 @@ velmoraBNPrintTicketRV2 *TicketNamed(velmoraBNPrintTicketManagerRV2 *manager, NS
 }
 
 - (void)registerTargetInstances:(NSArray *)targets ticketName:(NSString *)ticketName {
-  [TicketNamed(self, ticketName) registerTargetInstances:targets];
+  velmoraBNPrintTicketRV2 *ticket = [[self BNPTMAllTicketsDictionary] objectForKey:ticketName];
+  [ticket registerTargetInstances:targets];
 }
 
 - (void)setTitleToValid:(NSString *)title {
@@ -146,25 +122,28 @@ velmoraBNPrintTicketRV2 *TicketNamed(velmoraBNPrintTicketManagerRV2 *manager, NS
 }
 
 - (void)restoreAllTicketsFailSafe {
-  for (const NamedTicket &named : NamedTickets(self)) [named.ticket restoreTicketFailSafe];
+  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) {
+    [ticket restoreTicketFailSafe];
+  }
 }
 
 - (NSString *)restoreTicketFailSafe:(NSString *)ticketName {
-  return [TicketNamed(self, ticketName) restoreTicketFailSafe];
+  velmoraBNPrintTicketRV2 *ticket = [[self BNPTMAllTicketsDictionary] objectForKey:ticketName];
+  return [ticket restoreTicketFailSafe];
 }
 
 - (void)saveAllTickets {
-  for (const NamedTicket &named : NamedTickets(self)) [named.ticket saveTicket];
+  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) [ticket saveTicket];
 }
 
 - (void)restoreDefaultsExceptValid {
-  for (const NamedTicket &named : NamedTickets(self)) {
-    if (named.ticket != self.ticketValid) [named.ticket restoreDefaults];
+  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) {
+    if (ticket != self.ticketValid) [ticket restoreDefaults];
   }
 }
 
 - (void)verifyAllTickets {
-  for (const NamedTicket &named : NamedTickets(self)) [named.ticket verifyTicket];
+  for (velmoraBNPrintTicketRV2 *ticket in [self BNPTMAllTicketsArray]) [ticket verifyTicket];
 }
 
 - (void)changeValue:(id)sender ticketName:(NSString *)ticketName {
@@ -173,16 +152,19 @@ velmoraBNPrintTicketRV2 *TicketNamed(velmoraBNPrintTicketManagerRV2 *manager, NS
 }
 
 - (NSArray *)BNPTMAllTicketsArray {
-  NSMutableArray *all = [NSMutableArray array];
-  for (const NamedTicket &named : NamedTickets(self)) [all addObject:named.ticket];
-  return all;
+  return @[
+    self.ticketValid, self.ticketSize, self.ticketDensity, self.ticketColor, self.ticketStartNumber
+  ];
 }
 
 - (NSDictionary *)BNPTMAllTicketsDictionary {
-  NSMutableDictionary *all = [NSMutableDictionary dictionary];
-  for (const NamedTicket &named : NamedTickets(self))
-    [all setObject:named.ticket forKey:named.name];
-  return all;
+  return @{
+    BNPTMNameValid : self.ticketValid,
+    BNPTMNameSize : self.ticketSize,
+    BNPTMNameDensity : self.ticketDensity,
+    BNPTMNameColor : self.ticketColor,
+    BNPTMNameStartNumber : self.ticketStartNumber,
+  };
 }
 
 @end

@@ -42,11 +42,13 @@
 }
 
 - (void)registerTargetInstances:(NSArray *)targets {
-  [self.targetInstances setArray:targets];
+  // A copy: the ticket's own list would be emptied before it is read.
+  [self.targetInstances setArray:[NSArray arrayWithArray:targets]];
 }
 
 - (void)restoreDefaults {
-  for (id target in self.targetInstances) [target setStringValue:self.defaultValue];
+  NSString *value = self.defaultValue;
+  for (id target in self.targetInstances) [target setStringValue:value];
 }
 
 - (void)saveTicket {

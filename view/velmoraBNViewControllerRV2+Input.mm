@@ -1,24 +1,5 @@
 #import "view/velmoraBNViewControllerRV2+Input.h"
 
-#include <algorithm>
-#include <span>
-
-namespace {
-
-bool IsDigit(unichar character) { return character >= u'0' && character <= u'9'; }
-
-// A copy of the string's UTF-16 code units, alive for the current autorelease scope. Never NULL: an
-// empty buffer may be, and the platform makes no string of NULL, not even an empty one.
-std::span<unichar> Characters(NSString *string) {
-  NSUInteger length = [string length];
-  NSMutableData *buffer = [NSMutableData dataWithLength:(length + 1) * sizeof(unichar)];
-  auto *characters = static_cast<unichar *>([buffer mutableBytes]);
-  [string getCharacters:characters range:NSMakeRange(0, length)];
-  return {characters, length};
-}
-
-}  // namespace
-
 @implementation velmoraBNViewControllerRV2 (Input)
 
 - (void)updateView {
@@ -63,16 +44,23 @@ std::span<unichar> Characters(NSString *string) {
 }
 
 - (NSString *)BNVCDigitString:(NSString *)string {
-  std::span<unichar> characters = Characters(string);
-  auto end = std::remove_if(characters.begin(), characters.end(),
-                            [](unichar character) { return !IsDigit(character); });
-  return [NSString stringWithCharacters:characters.data()
-                                 length:static_cast<NSUInteger>(end - characters.begin())];
+  NSMutableString *digits = [NSMutableString string];
+  for (NSUInteger index = 0; index < [string length]; ++index) {
+    @autoreleasepool {  // what is pasted may be long
+      NSString *character = [string substringWithRange:NSMakeRange(index, 1)];
+      if ([self BNVCIsDigitChar:character]) [digits appendString:character];
+    }
+  }
+  return digits;
 }
 
 - (BOOL)BNVCIsDigitChar:(NSString *)character {
-  std::span<unichar> characters = Characters(character);
-  return std::all_of(characters.begin(), characters.end(), IsDigit);
+  static NSCharacterSet *const digits =
+      [[NSCharacterSet characterSetWithCharactersInString:@"0123456789"] retain];
+  NSScanner *scanner = [NSScanner localizedScannerWithString:character];
+  [scanner setCharactersToBeSkipped:nil];
+  [scanner scanCharactersFromSet:digits intoString:nullptr];
+  return [scanner isAtEnd];
 }
 
 @end

@@ -11,7 +11,7 @@
 /// size, density, colour, start number, and under dispOrderKey (not nil) an array of the four
 /// titles in this order. Otherwise the on/off value alone, and no order. What is asked is also
 /// shown in the controls.
-- (NSDictionary *)summaryInfoWithDispOrderKey:(NSString *)dispOrderKey;
+- (NSMutableDictionary *)summaryInfoWithDispOrderKey:(NSString *)dispOrderKey;
 
 @end
 

@@ -2,7 +2,7 @@
 
 @implementation velmoraBNViewControllerRV2 (Summary)
 
-- (NSDictionary *)summaryInfoWithDispOrderKey:(NSString *)dispOrderKey {
+- (NSMutableDictionary *)summaryInfoWithDispOrderKey:(NSString *)dispOrderKey {
   NSMutableDictionary *summary = [NSMutableDictionary dictionary];
   NSString *valid = [self.ticket restoreTicketFailSafe:BNPTMNameValid];
   if (![valid isEqualToString:BNCIFunctionOn]) {

@@ -88,7 +88,8 @@ extern NSString *const BNVCIdentifierStartNumber;
 /// The panel's view. The first call loads the layout of this name from the bundle of this class and
 /// sets the view up; once there is a view, any call answers it. nil: the layout connects no view.
 /// Raises NSInvalidArgumentException where the layout lacks a control, or the setting information a
-/// prefix, an item list, a placeholder or a bound.
+/// prefix, an item list, a placeholder or a bound; where only the restore-defaults button or the
+/// range caption is lacking, updateView does.
 - (NSView *)panelViewWithNibName:(NSString *)nibName;
 
 /// Shows the print settings in the controls; nothing before the view is set up. Always YES.

@@ -166,17 +166,19 @@ NSString *const BNVCIdentifierStartNumber = @"StartNumber";
 }
 
 - (void)BNVCInitializeNumberValue {
+  velmoraBNTextBoxRV2 *textBox = self.textBoxStartNumber;
+  velmoraBNStepperRV2 *stepper = self.stepperStartNumber;
   NSNumber *min = [self.commonInfo startNumberMin];
   NSNumber *max = [self.commonInfo startNumberMax];
-  [self.textBoxStartNumber setIdentifier:BNVCIdentifierStartNumber];
-  [self.textBoxStartNumber setValueRange:min max:max];
-  [self.stepperStartNumber setIdentifier:BNVCIdentifierStartNumber];
-  [self.stepperStartNumber setMinValue:static_cast<double>([min integerValue])];
-  [self.stepperStartNumber setMaxValue:static_cast<double>([max integerValue])];
+  [textBox setIdentifier:BNVCIdentifierStartNumber];
+  [textBox setValueRange:min max:max];
+  [stepper setIdentifier:BNVCIdentifierStartNumber];
+  [stepper setMinValue:static_cast<double>([min integerValue])];
+  [stepper setMaxValue:static_cast<double>([max integerValue])];
   [[NSNotificationCenter defaultCenter] addObserver:self
                                            selector:@selector(controlTextDidChange:)
                                                name:NSControlTextDidChangeNotification
-                                             object:self.textBoxStartNumber];
+                                             object:textBox];
 }
 
 @end

@@ -3,7 +3,7 @@
 #ifndef BENCH_PANEL_JOB_H
 #define BENCH_PANEL_JOB_H
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #import "view/velmoraBNViewControllerRV2+Input.h"
 #import "view/velmoraBNViewControllerRV2+Summary.h"
 

@@ -50,7 +50,7 @@ build_libraries() {
   cp -R /usr/share/cmake/nlohmann_json "$out/share/cmake/"
   { cmake -S /usr/src/googletest -B "$out/googletest" -G Ninja --toolchain "$1" -DMACOS_SDK="$2" \
       -DCMAKE_OSX_ARCHITECTURES='arm64;x86_64' -DCMAKE_OSX_DEPLOYMENT_TARGET=12.0 \
-      -DBUILD_GMOCK=OFF -DCMAKE_INSTALL_PREFIX="$out" &&
+      -DBUILD_GMOCK=ON -DCMAKE_INSTALL_PREFIX="$out" &&
       cmake --build "$out/googletest" --target install; } >"$out/log" 2>&1 ||
     { cat "$out/log" >&2; fail "GoogleTest could not be built for the real platform"; }
   touch "$out/.complete"

@@ -1,7 +1,7 @@
 // What the layout says to assistive technology. GNUstep has none and reads over it, so it is read
 // from the file.
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 

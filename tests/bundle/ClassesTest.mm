@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#import "tests/bundle/BuiltBundle.h"
-#include "tests/bundle/ClassTable.h"
+#import "tests/support/BuiltBundle.h"
+#include "tests/support/ClassTable.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

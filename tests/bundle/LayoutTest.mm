@@ -1,4 +1,4 @@
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

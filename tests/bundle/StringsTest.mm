@@ -1,4 +1,4 @@
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

@@ -6,11 +6,10 @@
 #include <chrono>
 #include <fstream>
 #include <regex>
-#include <thread>
 
-#include "tests/host/enabling/MarkOptions.h"
-#include "tests/printing/Documents.h"
-#include "tests/support/Slowdown.h"
+#include "tests/support/Documents.h"
+#include "tests/support/MarkOptions.h"
+#include "tests/support/Patience.h"
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -93,18 +92,14 @@ RunResult Workplace::Run(const std::string &command) const {
 
 RunResult Workplace::RunDialog(const std::string &command) const {
   RunningProgram dialog({"sh", "-c", "exec " + InThisPlace(command)}, Options());
-  const auto deadline = std::chrono::steady_clock::now() + kSlowdown * 30s;
-  while (std::chrono::steady_clock::now() < deadline && !dialog.HasEnded(300ms)) {
+  Becomes([&dialog] {
+    if (dialog.HasEnded(300ms)) return true;
     RunProgram({"sh", "-c", kPressReturn});
-  }
+    return false;
+  });
   return dialog.Wait(1ms);
 }
 
 bool Workplace::AwaitJobs() const {
-  const auto deadline = std::chrono::steady_clock::now() + kSlowdown * 30s;
-  while (std::chrono::steady_clock::now() < deadline) {
-    if (server_.LiveJobs().empty()) return true;
-    std::this_thread::sleep_for(100ms);
-  }
-  return false;
+  return Becomes([this] { return server_.LiveJobs().empty(); });
 }

@@ -22,7 +22,7 @@ class Workplace {
   // Likewise, one that opens the dialog: Return is pressed until it ends.
   RunResult RunDialog(const std::string &command) const;
 
-  // Until all jobs have ended, or for half a minute; whether they have.
+  // Until all jobs have ended, or the patience is at its end; whether they have.
   bool AwaitJobs() const;
 
  private:

@@ -10,8 +10,8 @@
 #include "tests/fuzz/InstalledBundle.h"
 #include "tests/fuzz/Lines.h"
 #include "tests/fuzz/Targets.h"
-#include "tests/host/enabling/MarkOptions.h"
 #include "tests/support/EnvironmentVariable.h"
+#include "tests/support/MarkOptions.h"
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -2,7 +2,7 @@
 #include "host/cups/PPDSource.h"
 #include "host/enabling/Enabling.h"
 #include "tests/fuzz/Targets.h"
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
 
 namespace fuzz {
 

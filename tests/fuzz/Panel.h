@@ -3,7 +3,7 @@
 #ifndef TESTS_FUZZ_PANEL_H
 #define TESTS_FUZZ_PANEL_H
 
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 
 namespace fuzz {
 

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/CuttingRelay.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/Slowdown.h"

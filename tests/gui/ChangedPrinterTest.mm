@@ -2,8 +2,8 @@
 
 #include <fstream>
 
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

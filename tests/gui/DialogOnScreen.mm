@@ -1,8 +1,12 @@
 #import "tests/gui/DialogOnScreen.h"
 
+#include <gmock/gmock.h>
+
 #include "host/job/JobTicket.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -100,7 +104,7 @@ std::string DialogOnScreen::Texts() {
 
 void DialogOnScreen::AwaitText(const std::string &text) {
   HandleEventsUntil([&] { return Texts().find(text) != std::string::npos; });
-  EXPECT_NE(std::string::npos, Texts().find(text)) << text << " is not in:\n" << Texts();
+  EXPECT_THAT(Texts(), HasSubstr(text));
 }
 
 void DialogOnScreen::Choose(NSPopUpButton *pop_up, NSString *title) {

@@ -1,7 +1,11 @@
 #import "host/dialog/DialogWindow.h"
 
+#include <gmock/gmock.h>
+
 #import "tests/gui/PanelOnScreen.h"
 #import "tests/support/ObjCTest.h"
+
+using testing::HasSubstr;
 
 // A control that cannot handle what it is sent, as with a pasteboard that does not answer.
 @interface RaisingView : NSView
@@ -29,8 +33,8 @@ OBJC_TEST(DialogWindow, LivesOnWhenAnEventRaises) {
   testing::internal::CaptureStderr();
   panel.Press({"x", "ctrl+v"});
   const std::string complaints = testing::internal::GetCapturedStderr();
-  EXPECT_NE(std::string::npos, complaints.find("no answer to a key")) << complaints;
-  EXPECT_NE(std::string::npos, complaints.find("no answer to a paste")) << complaints;
+  EXPECT_THAT(complaints, HasSubstr("no answer to a key"));
+  EXPECT_THAT(complaints, HasSubstr("no answer to a paste"));
   EXPECT_TRUE([panel.window() isVisible]);
   [panel.window() makeFirstResponder:panel[@"functionValid"]];
   panel.FocusStartNumber();

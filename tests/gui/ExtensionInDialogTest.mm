@@ -1,8 +1,12 @@
 #include "host/dialog/PanelChooser.h"
 
+#include <gmock/gmock.h>
+
 #import "tests/gui/DialogOnScreen.h"
-#include "tests/host/extension/TwoPanelsRun.h"
 #import "tests/support/ObjCTest.h"
+#include "tests/support/TwoPanelsRun.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -97,7 +101,7 @@ OBJC_TEST(ExtensionInDialog, APanelThatRaisesIsLeftOutWithItsReasonAndTheDialogG
     EXPECT_EQUAL_OBJECTS(@"Second", [[screen.view() panels] titleOfSelectedItem]) << fault;
     screen.AwaitText("is left out: ");
     const std::string complaint = testing::internal::GetCapturedStderr();
-    EXPECT_NE(std::string::npos, complaint.find("Two Panels is left out: ")) << complaint;
+    EXPECT_THAT(complaint, HasSubstr("Two Panels is left out: "));
     if (std::string(fault) == "First.willShow=raise") KeepPicture(screen.view(), "left-out");
   }
 }
@@ -136,7 +140,7 @@ OBJC_TEST(ExtensionInDialog, APanelMayShowHelpOfItsOwn) {
   EXPECT_EQ((Calls{"First help"}), Doings(run));
   EXPECT_EQ(nil, [NSApp modalWindow]);
   run.SetFaults("");
-  PressKeysInNextWindow("Print", {"Return"});
+  const AnswerToQuestion answer({"Return"});
   PressKeys({"space"});
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   EXPECT_EQ((Calls{"First help"}), Doings(run));

@@ -99,7 +99,7 @@ OBJC_TEST(DialogInOtherLanguages, NoPresetIsNamedLikeAnItemOfEveryList) {
   const TextsOf texts(&german);
   DialogOnScreen screen;
   screen.AwaitReady();
-  PressKeysInNextWindow("Print", {"End", "ctrl+a", "z", "Return", "Escape"});
+  const AnswerToQuestion answer({"End", "ctrl+a", "z", "Return", "Escape"});
   screen.Choose([screen.view() presets], @"Save Settings as Preset…");
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   HandleEventsUntilSettled();

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#import "tests/bundle/BuiltBundle.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/RunProgram.h"
 
 namespace {

@@ -4,9 +4,9 @@
 
 #import "host/dialog/Controls.h"
 #import "host/dialog/DialogWindow.h"
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/PanelInLanguage.h"
 #import "tests/gui/Screen.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TemporaryFolder.h"
 

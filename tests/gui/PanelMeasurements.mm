@@ -10,8 +10,8 @@
 
 #import "host/dialog/Appearance.h"
 #import "host/dialog/DialogWindow.h"
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/TextArea.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/TestPPD.h"
 
 namespace {

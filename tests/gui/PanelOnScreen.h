@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "host/dialog/PrintDialog.h"
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/Screen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 

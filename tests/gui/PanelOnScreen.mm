@@ -61,7 +61,7 @@ void PanelOnScreen::Paste(const std::string &text) {
   // The program that offers the text goes on in the background, perhaps before it offers it.
   RunOnScreen({"sh", "-c",
                "printf %s \"$1\" | xclip -selection clipboard -loops 0 >/dev/null 2>&1\n"
-               "for attempt in $(seq 100); do\n"
+               "for attempt in $(seq 1000); do\n"
                "  [ \"$(timeout 1 xclip -selection clipboard -o 2>/dev/null)\" = \"$1\" ] && exit\n"
                "  sleep 0.05\n"
                "done\n"

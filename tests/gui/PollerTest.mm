@@ -3,6 +3,7 @@
 #import "tests/gui/Screen.h"
 #import "tests/support/LiveInstances.h"
 #import "tests/support/ObjCTest.h"
+#include "tests/support/Patience.h"
 
 OBJC_TEST(Poller, AsksUntilTheAnswerIsYes) {
   int asked = 0;
@@ -50,10 +51,11 @@ OBJC_TEST(Poller, ItsEndWakesWhoeverWaitsForAnEvent) {
   HandleEventsUntilSettled();
   bool ended = false;
   Poller poller([&ended] { return ended = true; });
-  NSEvent *event = [NSApp nextEventMatchingMask:NSAnyEventMask
-                                      untilDate:[NSDate dateWithTimeIntervalSinceNow:5]
-                                         inMode:NSDefaultRunLoopMode
-                                        dequeue:YES];
+  NSEvent *event =
+      [NSApp nextEventMatchingMask:NSAnyEventMask
+                         untilDate:[NSDate dateWithTimeIntervalSinceNow:kPatience.count()]
+                            inMode:NSDefaultRunLoopMode
+                           dequeue:YES];
   EXPECT_TRUE(ended);
   EXPECT_NE(nil, event);
 }

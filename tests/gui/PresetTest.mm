@@ -1,7 +1,7 @@
 #include "host/dialog/PresetChooser.h"
 
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {
@@ -20,7 +20,7 @@ JobOptions Stored(const std::filesystem::path &path) {
 
 // Answers the question for a name while it is asked.
 void ChooseAndType(DialogOnScreen &screen, NSString *command, const std::string &name) {
-  PressKeysInNextWindow("Print", {"End", "ctrl+a", name, "Return"});
+  const AnswerToQuestion answer({"End", "ctrl+a", name, "Return"});
   screen.Choose([screen.view() presets], command);
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   HandleEventsUntilSettled();
@@ -62,13 +62,13 @@ OBJC_TEST(Preset, IsRenamedAndDeleted) {
   EXPECT_TRUE(screen.store().Find("c"));
   EXPECT_EQUAL_OBJECTS(@"c", [[screen.view() presets] titleOfSelectedItem]);
 
-  PressKeysInNextWindow("Print", {"Escape"});
+  const AnswerToQuestion cancel({"Escape"});
   screen.Choose([screen.view() presets], @"Delete “c”…");
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   HandleEventsUntilSettled();
   EXPECT_TRUE(screen.store().Find("c")) << "canceled";
 
-  PressKeysInNextWindow("Print", {"Return"});
+  const AnswerToQuestion confirm({"Return"});
   screen.Choose([screen.view() presets], @"Delete “c”…");
   HandleEventsUntil([&screen] { return !screen.store().Find("c"); });
   HandleEventsUntilSettled();

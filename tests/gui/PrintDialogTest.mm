@@ -1,15 +1,15 @@
 #include "host/dialog/PrintDialog.h"
 
-#import "tests/bundle/BuiltBundle.h"
+#include <gmock/gmock.h>
+
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/SilentServer.h"
 
-namespace {
+using testing::HasSubstr;
 
-bool Contains(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
-}
+namespace {
 
 id Outlet(DialogOnScreen &screen, NSString *name) {
   return ::Outlet(screen.session().panels().front()->panel(), name);
@@ -252,7 +252,7 @@ OBJC_TEST(PrintDialog, ChoicesThatTheirPrinterForbidsAreShownOnceWithAProposal) 
   screen.AwaitReady();
   screen.ShowPanel(@"Printer Options");
   KeepPicture(screen.view(), "printer-options");
-  PressKeysInNextWindow("Print", {"Escape"});
+  const AnswerToQuestion answer({"Escape"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
   HandleEventsUntilSettled();
@@ -267,7 +267,7 @@ OBJC_TEST(PrintDialog, TheProposalEndsTheConflict) {
   DialogOnScreen screen({.settings = {{"MediaType", "Transparency"}}});
   screen.AwaitReady();
   screen.ShowPanel(@"Printer Options");
-  PressKeysInNextWindow("Print", {"Return"});
+  const AnswerToQuestion answer({"Return"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([&screen] { return screen.session().Value("MediaType") == "Plain"; });
   EXPECT_EQ("DuplexNoTumble", screen.session().Value("Duplex"));
@@ -283,7 +283,7 @@ OBJC_TEST(PrintDialog, TheSummarySaysWhatTheJobIs) {
   const std::string texts = screen.Texts();
   for (const char *text : {"page.ps", "Copies:\n3\n", "Paper Type:\nTransparency\n",
                            "Background Numbering\n", "Start Number:\n1\n"}) {
-    EXPECT_TRUE(Contains(texts, text)) << text << texts;
+    EXPECT_THAT(texts, HasSubstr(text));
   }
   KeepPicture(screen.view(), "summary");
 }

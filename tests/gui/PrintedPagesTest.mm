@@ -1,8 +1,8 @@
 // From key events in the dialog to the number on the page.
 
 #include "host/job/JobTicket.h"
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interpreter.h"
 #import "tests/support/ObjCTest.h"
 

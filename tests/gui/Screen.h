@@ -6,6 +6,7 @@
 #import <Cocoa/Cocoa.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,9 +23,19 @@ void Activate(const std::string &title);
 // Key names as xdotool takes them, one after the other.
 void PressKeys(const std::vector<std::string> &keys);
 void TypeText(const std::string &text);
-// Presses the keys when a window with this title has appeared: for questions that are asked in the
-// middle of handling an event.
-void PressKeysInNextWindow(const std::string &title, const std::vector<std::string> &keys);
+// While it lives, a question that is asked in the middle of handling an event is answered with
+// these keys, as soon as it takes any.
+class AnswerToQuestion {
+ public:
+  explicit AnswerToQuestion(const std::vector<std::string> &keys);
+  ~AnswerToQuestion();
+  AnswerToQuestion(const AnswerToQuestion &) = delete;
+  AnswerToQuestion &operator=(const AnswerToQuestion &) = delete;
+
+ private:
+  struct Hand;
+  std::unique_ptr<Hand> hand_;
+};
 
 // A press and release of the mouse in the middle of a part of the view, with a pause between them.
 void HoldMouse(NSView *view, NSRect part, double seconds);

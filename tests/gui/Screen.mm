@@ -1,14 +1,60 @@
 #import "tests/gui/Screen.h"
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <thread>
 
 #import "host/dialog/Appearance.h"
 #import "host/dialog/DialogWindow.h"
 #include "tests/support/LeakCheckingPause.h"
 #import "tests/support/ObjCTest.h"
-#include "tests/support/Slowdown.h"
+#include "tests/support/Patience.h"
+#include "tests/support/RunProgram.h"
+
+using namespace std::chrono_literals;
+
+// Counts how often the run loop turns while the object lives, also where the platform runs it
+// itself: while it follows the mouse, or a question is open.
+@interface LoopTurns : NSObject {
+ @public
+  std::atomic<int> count;
+  std::atomic<bool> isQuestionOpen;  // one that takes keys
+ @private
+  NSTimer *timer;
+}
+- (void)end;
+@end
+
+@implementation LoopTurns
+
+- (instancetype)init {
+  if ((self = [super init]) == nil) return nil;
+  timer = [NSTimer timerWithTimeInterval:0.02
+                                  target:self
+                                selector:@selector(turn:)
+                                userInfo:nil
+                                 repeats:YES];
+  for (NSString *mode in
+       @[ NSDefaultRunLoopMode, NSEventTrackingRunLoopMode, NSModalPanelRunLoopMode ]) {
+    [[NSRunLoop currentRunLoop] addTimer:timer forMode:mode];
+  }
+  return self;
+}
+
+- (void)turn:(NSTimer *)unused {
+  (void)unused;
+  ++count;
+  isQuestionOpen = [[NSApp modalWindow] isKeyWindow];
+}
+
+// The timer retains it.
+- (void)end {
+  [timer invalidate];
+}
+
+@end
 
 namespace {
 
@@ -22,8 +68,11 @@ class LightAppearance : public testing::Environment {
 };
 testing::Environment *const appearance = testing::AddGlobalTestEnvironment(new LightAppearance);
 
-const double kSettled = 0.12;  // how long no event may come before the last one counts as handled
-const double kPatience = 10 * kSlowdown;
+// How often in a row no event may come, each time for a moment, before the last one counts as
+// handled.
+const int kQuietTurns = 6;
+
+std::atomic<bool> is_pressed = false;  // the mouse, as far as the application knows
 
 double Now() { return [NSDate timeIntervalSinceReferenceDate]; }
 
@@ -46,6 +95,7 @@ bool HandleEvent() {
                                            inMode:NSDefaultRunLoopMode
                                           dequeue:YES];
     if (event == nil) return false;
+    if ([event type] == NSLeftMouseDown) is_pressed = true;
     [NSApp sendEvent:event];
     return true;
   }
@@ -62,18 +112,65 @@ NSArray *Arguments(const std::vector<std::string> &words) {
 using Words = std::vector<std::string>;
 
 // Moves the mouse to the middle of a part of the view; the screen coordinates that xdotool takes
-// run downwards. Events that come at once after a move or a press would be taken for no click at
-// all.
+// run downwards.
 Words MoveTo(NSView *view, NSRect part) {
   NSPoint point = NSMakePoint(NSMidX(part), NSMidY(part));
   point = [[view window] convertBaseToScreen:[view convertPoint:point toView:nil]];
   const CGFloat height = [[[view window] screen] frame].size.height;
-  return {"mousemove", std::to_string(static_cast<int>(point.x)),
-          std::to_string(static_cast<int>(height - point.y)), "sleep", "0.2"};
+  return {"xdotool", "mousemove", std::to_string(static_cast<int>(point.x)),
+          std::to_string(static_cast<int>(height - point.y))};
 }
 
-const Words kMouseDown = {"mousedown", "1"};
-const Words kMouseUp = {"mouseup", "1", "sleep", "0.1"};
+// What is done while the application may be in the middle of an event, on a thread of its own.
+class OtherHand {
+ public:
+  explicit OtherHand(std::function<void(OtherHand &)> work)
+      : turns_([[LoopTurns alloc] init]), thread_([this, work = std::move(work)] {
+          work(*this);
+          is_done_ = true;
+        }) {}
+  ~OtherHand() {
+    is_over_ = true;
+    thread_.join();
+    [turns_ end];
+    [turns_ release];
+  }
+  OtherHand(const OtherHand &) = delete;
+  OtherHand &operator=(const OtherHand &) = delete;
+
+  bool is_done() const { return is_done_; }
+
+  // The following are for the work.
+
+  // Runs a command, and waits until the application has had time to handle what came of it.
+  void Do(const Words &command) {
+    const RunResult result = RunProgram(command);
+    EXPECT_EQ(0, result.status) << command[0] << ": " << result.err;
+    AwaitTurns();
+  }
+  void AwaitTurns() {
+    const int before = turns_->count;
+    Becomes([this, before] { return is_over_ || turns_->count > before + kQuietTurns; });
+  }
+  // False: nobody needs it any more.
+  bool AwaitQuestion() {
+    return Becomes([this] { return is_over_ || turns_->isQuestionOpen; }) && !is_over_;
+  }
+
+ private:
+  LoopTurns *const turns_;
+  std::atomic<bool> is_done_ = false;
+  std::atomic<bool> is_over_ = false;
+  std::thread thread_;
+};
+
+void RunWithOtherHand(std::function<void(OtherHand &)> work) {
+  OtherHand hand(std::move(work));
+  HandleEventsUntil([&hand] { return hand.is_done(); });
+}
+
+const Words kMouseDown = {"xdotool", "mousedown", "1"};
+const Words kMouseUp = {"xdotool", "mouseup", "1"};
 
 }  // namespace
 
@@ -81,7 +178,7 @@ void HandleEventsUntil(const std::function<bool()> &done) {
   const double start = Now();
   while (!done()) {
     HandleEvent();
-    if (Now() - start > kPatience) {
+    if (Now() - start > kPatience.count()) {
       ADD_FAILURE() << "what was waited for did not happen";
       return;
     }
@@ -89,11 +186,12 @@ void HandleEventsUntil(const std::function<bool()> &done) {
 }
 
 void HandleEventsUntilSettled() {
-  double last = Now();
-  HandleEventsUntil([&last] {
-    if (HandleEvent()) last = Now();
-    return Now() - last > kSettled;
-  });
+  int quiet = 0;
+  const double start = Now();
+  while (quiet < kQuietTurns && Now() - start < kPatience.count()) {
+    quiet = HandleEvent() ? 0 : quiet + 1;
+  }
+  EXPECT_EQ(kQuietTurns, quiet) << "events do not end";
 }
 
 void RunOnScreen(const std::vector<std::string> &command) {
@@ -102,16 +200,6 @@ void RunOnScreen(const std::vector<std::string> &command) {
   EXPECT_EQ(0, [task terminationStatus]) << command[0] << " failed, or is missing";
   HandleEventsUntilSettled();
 }
-
-namespace {
-
-void RunMouse(std::initializer_list<Words> steps) {
-  Words command = {"xdotool"};
-  for (const Words &step : steps) command.insert(command.end(), step.begin(), step.end());
-  RunOnScreen(command);
-}
-
-}  // namespace
 
 void Activate(const std::string &title) {
   RunOnScreen({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^" + title + "$",
@@ -126,26 +214,42 @@ void TypeText(const std::string &text) {
   for (char character : text) RunOnScreen({"xdotool", "type", std::string(1, character)});
 }
 
-void PressKeysInNextWindow(const std::string &title, const std::vector<std::string> &keys) {
-  std::vector<std::string> words = {
-      "sh", "-c",
-      "for attempt in $(seq 200); do\n"
-      "  [ \"$(xdotool getactivewindow getwindowname 2>/dev/null)\" = \"$0\" ] && break\n"
-      "  sleep 0.05\n"
-      "done\n"
-      "sleep 0.3\n"
-      "exec xdotool key --delay 150 \"$@\"\n",
-      title};
-  words.insert(words.end(), keys.begin(), keys.end());
-  [NSTask launchedTaskWithLaunchPath:@"/usr/bin/env" arguments:Arguments(words)];
-}
+struct AnswerToQuestion::Hand : OtherHand {
+  using OtherHand::OtherHand;
+};
+
+AnswerToQuestion::AnswerToQuestion(const std::vector<std::string> &keys)
+    : hand_(std::make_unique<Hand>([keys](OtherHand &hand) {
+        if (!hand.AwaitQuestion()) return;
+        hand.AwaitTurns();
+        for (const std::string &key : keys) hand.Do({"xdotool", "key", key});
+      })) {}
+
+AnswerToQuestion::~AnswerToQuestion() = default;
 
 void HoldMouse(NSView *view, NSRect part, double seconds) {
-  RunMouse({MoveTo(view, part), kMouseDown, {"sleep", std::to_string(seconds)}, kMouseUp});
+  RunOnScreen(MoveTo(view, part));
+  is_pressed = false;
+  RunWithOtherHand([seconds](OtherHand &hand) {
+    hand.Do(kMouseDown);
+    EXPECT_TRUE(Becomes([] { return is_pressed.load(); })) << "nobody takes the press";
+    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+    hand.Do(kMouseUp);
+  });
+  HandleEventsUntilSettled();
 }
 
 void DragMouse(NSView *view, NSRect from, NSRect to) {
-  RunMouse({MoveTo(view, from), kMouseDown, {"sleep", "0.3"}, MoveTo(view, to), kMouseUp});
+  RunOnScreen(MoveTo(view, from));
+  is_pressed = false;
+  RunWithOtherHand([move = MoveTo(view, to)](OtherHand &hand) {
+    hand.Do(kMouseDown);
+    EXPECT_TRUE(Becomes([] { return is_pressed.load(); })) << "nobody takes the press";
+    hand.AwaitTurns();
+    hand.Do(move);
+    hand.Do(kMouseUp);
+  });
+  HandleEventsUntilSettled();
 }
 
 void KeepPicture(NSView *view, const std::string &name) {

@@ -1,9 +1,13 @@
 // The dialog where the print system, or an extension, keeps the settings from being changed.
 
-#import "tests/bundle/BuiltBundle.h"
+#include <gmock/gmock.h>
+
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -83,13 +87,10 @@ OBJC_TEST(DialogSettingsFaults, NoPresetIsSavedOfSettingsThatCouldNotBeRead) {
   screen.session().Options();
   interposed::FailCall(0, 0);
   // A question for a name, which must not come, is answered.
-  NSTask *answer = [NSTask launchedTaskWithLaunchPath:@"/bin/sh"
-                                            arguments:@[ @"-c", @"sleep 3; xdotool key Escape" ]];
+  const AnswerToQuestion answer({"Escape"});
   screen.Choose([screen.view() presets], @"Save Settings as Preset…");
   const std::string texts = screen.Texts();
-  [answer terminate];
-  EXPECT_NE(std::string::npos,
-            texts.find("Cannot read the settings of the job: error -50 of the print system"))
-      << texts;
+  EXPECT_THAT(texts,
+              HasSubstr("Cannot read the settings of the job: error -50 of the print system"));
   EXPECT_TRUE(screen.store().List().empty());
 }

@@ -8,8 +8,8 @@
 #include <iostream>
 #include <map>
 
-#import "tests/bundle/BuiltBundle.h"
 #import "tests/gui/DialogOnScreen.h"
+#import "tests/support/BuiltBundle.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/LiveInstances.h"
 #include "tests/support/NumberingPPD.h"

@@ -9,6 +9,7 @@
 namespace {
 
 const char kChangelog[] = SOURCE_DIRECTORY "/CHANGELOG.md";
+const char kControl[] = SOURCE_DIRECTORY "/debian/control";
 
 // What the expression's first group matches first.
 std::string Find(const std::string &text, const char *expression) {
@@ -16,10 +17,8 @@ std::string Find(const std::string &text, const char *expression) {
   return std::regex_search(text, match, std::regex(expression)) ? match[1].str() : "nothing";
 }
 
-RunResult DebianChangelog(const std::vector<std::string> &arguments) {
-  std::vector<std::string> command = {SOURCE_DIRECTORY "/packaging/debian/changelog"};
-  command.insert(command.end(), arguments.begin(), arguments.end());
-  return RunProgram(command);
+RunResult DebianChangelog(const std::string &control, const std::string &changelog) {
+  return RunProgram({SOURCE_DIRECTORY "/packaging/debian-changelog", control, changelog});
 }
 
 }  // namespace
@@ -44,36 +43,51 @@ TEST(Version, IsThatOfEverythingInstalled) {
   }
 }
 
-TEST(Version, TheChangelogBecomesOneThatDebiansToolsRead) {
-  const TemporaryFolder folder;
-  const RunResult made =
-      DebianChangelog({"numbering", "Some One <some.one@example.org>", kChangelog});
+TEST(Version, DebiansChangelogIsMadeFromTheOne) {
+  const RunResult made = DebianChangelog(kControl, kChangelog);
   ASSERT_EQ(0, made.status) << made.err;
-  const std::string file = folder.Write("changelog", made.out);
-  const auto field = [&file](const char *name) {
-    const RunResult result = RunProgram({"dpkg-parsechangelog", "-l", file, "-S", name});
+  EXPECT_EQ(made.out, ContentOf(SOURCE_DIRECTORY "/debian/changelog"))
+      << "run: packaging/debian-changelog debian/control CHANGELOG.md >debian/changelog";
+}
+
+TEST(Version, IsThatOfTheDebianPackages) {
+  const auto field = [](const char *name) {
+    const RunResult result = RunProgram(
+        {"dpkg-parsechangelog", "-l", SOURCE_DIRECTORY "/debian/changelog", "-S", name});
     EXPECT_EQ("", result.err);
     return result.out;
   };
   EXPECT_EQ(VERSION "\n", field("Version"));
-  EXPECT_EQ("numbering\n", field("Source"));
-  EXPECT_EQ("Some One <some.one@example.org>\n", field("Maintainer"));
-  EXPECT_EQ(DebianChangelog({"--time", VERSION, kChangelog}).out, field("Timestamp"));
+  const std::string control = ContentOf(kControl);
+  EXPECT_EQ(Find(control, R"(\nMaintainer: (.*))") + '\n', field("Maintainer"));
+  EXPECT_EQ(Find(control, R"(^Source: (.*))") + '\n', field("Source"));
   EXPECT_NE(std::string::npos, field("Changes").find("pdeprint"));
+}
+
+TEST(Version, DebiansChangelogHasTheDayOfTheVersion) {
+  const TemporaryFolder folder;
+  const std::string changelog =
+      folder.Write("CHANGELOG.md", "# Changelog\n\n## [2.1.0] - 2031-02-03\n\n### Fixed\n\n- It.\n");
+  const std::string control =
+      folder.Write("control", "Source: numbering\nMaintainer: Some One <some.one@example.org>\n");
+  EXPECT_EQ(
+      "numbering (2.1.0) unstable; urgency=medium\n\n  [ Fixed ]\n  * It.\n\n"
+      " -- Some One <some.one@example.org>  Mon, 03 Feb 2031 00:00:00 +0000\n",
+      DebianChangelog(control, changelog).out);
 }
 
 TEST(Version, AChangelogThatSaysNoDateIsRefused) {
   const TemporaryFolder folder;
   const std::string file = folder.Write("CHANGELOG.md", "# Changelog\n\n## [1.0.0]\n");
-  const RunResult result = DebianChangelog({"--time", "1.0.0", file});
+  const RunResult result = DebianChangelog(kControl, file);
   EXPECT_NE(0, result.status);
   EXPECT_EQ(file + ":3: \"## [1.0.0]\" must be \"## [VERSION] - YEAR-MONTH-DAY\"\n", result.err);
 }
 
-TEST(Version, OneThatTheChangelogDoesNotBeginWithIsNotPacked) {
-  const RunResult result = DebianChangelog({"--time", "999.0.0", kChangelog});
+TEST(Version, AControlFileWithoutMaintainerIsRefused) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("control", "Source: numbering\n\nMaintainer: no field of it\n");
+  const RunResult result = DebianChangelog(file, kChangelog);
   EXPECT_NE(0, result.status);
-  EXPECT_EQ(std::string(kChangelog) + ": its newest version is " VERSION
-                                      ", and 999.0.0 is being packed; add what has changed\n",
-            result.err);
+  EXPECT_EQ(file + ": there is no field Maintainer\n", result.err);
 }

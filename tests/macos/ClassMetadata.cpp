@@ -4,7 +4,7 @@
 #include <set>
 #include <string_view>
 
-#include "tests/bundle/ClassTable.h"
+#include "tests/support/ClassTable.h"
 
 namespace {
 

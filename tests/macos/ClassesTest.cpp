@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "tests/bundle/ClassTable.h"
 #include "tests/macos/BundleUnderTest.h"
 #include "tests/macos/ClassMetadata.h"
+#include "tests/support/ClassTable.h"
 
 // Names, superclasses, fields in their order, properties' attributes and selectors.
 TEST(Classes, AreThoseOfTheTableForEachProcessor) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/bundle/ExportedConstants.h"
 #include "tests/macos/BundleUnderTest.h"
 
 namespace {
@@ -90,6 +91,25 @@ TEST(Executable, LeavesNothingToBeLookedUpInWhateverIsLoaded) {
     for (const std::string &symbol : Undefined(processor)) {
       EXPECT_EQ(std::string::npos, symbol.find("dynamically looked up")) << symbol;
     }
+  }
+}
+
+TEST(Executable, ShowsItsClassesAndConstantsAlone) {
+  for (const char *processor : kProcessors) {
+    std::set<std::string> others, constants;
+    for (const std::string &line : LinesOf("llvm-nm-14", {"-g", "-U", "-j", For(processor)})) {
+      if (line.starts_with("_BN")) {
+        constants.insert(line.substr(1));
+      } else if (line.starts_with("_") && !line.starts_with("_OBJC_CLASS_$_velmoraBN") &&
+                 !line.starts_with("_OBJC_METACLASS_$_velmoraBN") &&
+                 !line.starts_with("_OBJC_IVAR_$_velmoraBN")) {
+        others.insert(line);
+      }
+    }
+    std::set<std::string> expected;
+    for (const ExportedConstant &constant : kExportedConstants) expected.insert(constant.symbol);
+    EXPECT_EQ(expected, constants) << processor;
+    EXPECT_EQ(std::set<std::string>{}, others) << processor;
   }
 }
 

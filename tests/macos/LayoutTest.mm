@@ -5,9 +5,9 @@
 #include <sstream>
 #include <string>
 
-#include "tests/bundle/ClassTable.h"
 #include "tests/macos/BundleUnderTest.h"
 #include "tests/macos/ClassMetadata.h"
+#include "tests/support/ClassTable.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #import <objc/runtime.h>
 
 #import "tests/plugin/NotReady.h"
-#import "tests/settinginfo/ClassShape.h"
-#import "tests/settinginfo/HalfMade.h"
-#import "tests/settinginfo/Job.h"
+#import "tests/support/ClassShape.h"
+#import "tests/support/HalfMade.h"
+#import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 #import "view/velmoraBNViewControllerRV2+Input.h"
 #import "view/velmoraBNViewControllerRV2+Summary.h"

@@ -2,9 +2,9 @@
 
 #import "plugin/velmoraBNPdePanelRV2.h"
 #import "tests/plugin/NotReady.h"
-#import "tests/settinginfo/ClassShape.h"
-#import "tests/settinginfo/HalfMade.h"
-#import "tests/settinginfo/Job.h"
+#import "tests/support/ClassShape.h"
+#import "tests/support/HalfMade.h"
+#import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 
 /// Counts how often the base object is initialised.

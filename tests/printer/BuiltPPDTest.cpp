@@ -1,13 +1,16 @@
 // The PPD files as they were built, read by libcups and its own conformance test.
 
 #include <cups/ppd.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <memory>
 
 #include "tests/printer/SourceTree.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/RunProgram.h"
+
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -35,8 +38,8 @@ TEST(BuiltPPD, PassesTheConformanceTestWithoutErrorOrWarning) {
   for (const char *file : kFiles) {
     const RunResult result = RunProgram({"cupstestppd", "-v", file});
     EXPECT_EQ(0, result.status);
-    EXPECT_EQ(std::string::npos, result.out.find("WARN")) << result.out;
-    EXPECT_NE(std::string::npos, result.out.find("NO ERRORS FOUND")) << result.out;
+    EXPECT_THAT(result.out, Not(HasSubstr("WARN")));
+    EXPECT_THAT(result.out, HasSubstr("NO ERRORS FOUND"));
   }
 }
 

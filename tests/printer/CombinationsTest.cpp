@@ -1,7 +1,7 @@
 // Every combination of choices, run by the interpreter as one stream of jobs after one another.
 
 #include <cups/ppd.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <memory>
 #include <sstream>
@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "tests/support/RunProgram.h"
+
+using testing::StartsWith;
 
 namespace {
 
@@ -85,7 +87,7 @@ std::vector<Box> BoxesOf(const std::string &program) {
                                &box.bottom, &box.right, &box.top));
       boxes.push_back(box);
     } else {
-      EXPECT_TRUE(line.starts_with("%%BoundingBox:")) << line;
+      EXPECT_THAT(line, StartsWith("%%BoundingBox:"));
     }
   }
   return boxes;

@@ -1,8 +1,10 @@
 #include "printer/generator/Numbering.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/printer/SourceTree.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -58,7 +60,7 @@ TEST(Numbering, SwitchingOnKnowsTheDefaultsOfTheRest) {
        {"/Start /VelmoraStart 5 Chosen def\n", "/Size /VelmoraSize .64 Chosen def\n",
         "/Density /VelmoraDensity .32 Chosen def\n", "/Ink /VelmoraInk [0 0 1 .9] Chosen def\n",
         "/Over /VelmoraOver false Chosen def\n"}) {
-    EXPECT_NE(std::string::npos, on.find(line)) << line;
+    EXPECT_THAT(on, HasSubstr(line)) << line;
   }
 }
 
@@ -69,8 +71,8 @@ TEST(Numbering, APrinterWithoutColorHasBlackOnly) {
   const PrinterOption color = tree.Options(false)[3];
   EXPECT_EQ("Black ", Keywords(color));
   EXPECT_EQ("Black", color.default_choice);
-  EXPECT_NE(std::string::npos,
-            tree.Options(false)[0].choices[1].code.find("/Ink /VelmoraInk [0 1] Chosen def\n"));
+  EXPECT_THAT(tree.Options(false)[0].choices[1].code,
+              HasSubstr("/Ink /VelmoraInk [0 1] Chosen def\n"));
 }
 
 TEST(Numbering, SwitchingOnComesAfterAllThatLeavesAValue) {

@@ -1,8 +1,10 @@
 #include "printer/generator/PostScriptPrinter.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/printer/SourceTree.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -21,10 +23,10 @@ TEST(PostScriptPrinter, ItsNameVersionColorAndLinesAreInTheFile) {
   for (const char *line :
        {"*ModelName: \"A Printer\"\n", "*PCFileName: \"A.PPD\"\n", "*FileVersion: \"1.2\"\n",
         "*ColorDevice: True\n", "*DefaultColorSpace: RGB\n", "*More: \"lines\"\n"}) {
-    EXPECT_NE(std::string::npos, text.find(line)) << line;
+    EXPECT_THAT(text, HasSubstr(line)) << line;
   }
-  EXPECT_NE(std::string::npos, Text(tree, false).find("*ColorDevice: False\n"));
-  EXPECT_NE(std::string::npos, Text(tree, false).find("*DefaultColorSpace: Gray\n"));
+  EXPECT_THAT(Text(tree, false), HasSubstr("*ColorDevice: False\n"));
+  EXPECT_THAT(Text(tree, false), HasSubstr("*DefaultColorSpace: Gray\n"));
 }
 
 TEST(PostScriptPrinter, APlaceOfTheTemplateThatNothingFillsIsTold) {

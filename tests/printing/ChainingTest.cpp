@@ -1,9 +1,11 @@
 // Numbering beside what the printer, other options and earlier jobs set up for the pages.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "tests/printing/Documents.h"
 #include "tests/printing/PrintedJob.h"
+#include "tests/support/Documents.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -161,7 +163,7 @@ TEST(JobsInARow, ThePageDevicesProceduresDoNotGrow) {
     return pages.back().Words();
   };
   const std::string lengths = lengths_after(1);
-  EXPECT_NE(lengths.find("elements"), std::string::npos) << lengths;
+  EXPECT_THAT(lengths, HasSubstr("elements"));
   EXPECT_EQ(lengths_after(12), lengths);
 }
 

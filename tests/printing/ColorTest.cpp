@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "tests/printing/Documents.h"
 #include "tests/printing/PrintedJob.h"
+#include "tests/support/Documents.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/command/ServedProgram.h"
-#include "tests/printing/Documents.h"
 #include "tests/printing/PrintedJob.h"
+#include "tests/support/Arguments.h"
+#include "tests/support/Documents.h"
 
 namespace {
 

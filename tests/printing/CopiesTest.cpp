@@ -1,9 +1,11 @@
 // Copies, and both sides of the paper.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "tests/printing/Documents.h"
 #include "tests/printing/PrintedJob.h"
+#include "tests/support/Documents.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -15,10 +17,6 @@ Settings Copies(const char *handling, const Settings &more = {}) {
   Settings settings = more;
   settings.merge(Settings{{"copies", "2"}, {kHandling, handling}});
   return On(settings);
-}
-
-bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
 }
 
 }  // namespace
@@ -35,7 +33,7 @@ TEST(Copies, CollatedOnesGoOnCounting) {
 TEST(Copies, OnesThatThePrinterMakesHaveTheNumberOfTheirPage) {
   for (const std::string &document : {TextPdf(3), TextDocument(3)}) {
     const PrintedJob job(Copies(kUncollated), document);
-    EXPECT_TRUE(Holds(job.Output(), "NumCopies"));
+    EXPECT_THAT(job.Output(), HasSubstr("NumCopies"));
     EXPECT_EQ(job.Numbers(), "25 26 27");
     for (const PrintedPage &page : job.Pages()) {
       ASSERT_EQ(page.pictures.size(), 2u);
@@ -57,7 +55,7 @@ TEST(BothSides, EachSideHasANumber) {
   for (const char *duplex : {"DuplexNoTumble", "DuplexTumble"}) {
     for (const std::string &document : {TextPdf(3), TextDocument(3)}) {
       const PrintedJob job(On({{"Duplex", duplex}}), document);
-      EXPECT_TRUE(Holds(job.Output(), "Duplex true"));
+      EXPECT_THAT(job.Output(), HasSubstr("Duplex true"));
       EXPECT_EQ(job.Numbers(), "25 26 27");
     }
   }

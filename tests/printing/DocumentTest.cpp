@@ -1,10 +1,12 @@
 // PostScript documents that are not like most.
 
-#include "tests/printing/Documents.h"
+#include "tests/support/Documents.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/printing/PrintedJob.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -161,7 +163,7 @@ TEST(UnusualDocument, ChangingThePageDeviceAmidThePagesDoesNotCount) {
 TEST(UnusualDocument, ItsErrorsAreNotHiddenByTheNumber) {
   const PrintedJob job(On(), "%!\nshowpage\nthis-is-no-operator\nshowpage\n");
   const Interpretation result = Interpret(JobsIn(job.Output()).front());
-  EXPECT_NE(result.complaint.find("undefined"), std::string::npos) << result.complaint;
+  EXPECT_THAT(result.complaint, HasSubstr("undefined"));
 }
 
 TEST(UnusualDocument, AnEmptyPageIsNumbered) {

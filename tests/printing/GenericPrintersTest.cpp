@@ -1,16 +1,17 @@
 // Printers that many people have: the generic descriptions of PostScript printers in the
 // distribution's collection, each given the options and printed on with the filters that it names.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <sstream>
 
-#include "tests/printing/Documents.h"
+#include "tests/support/Documents.h"
 #include "tests/support/Interpreter.h"
 #include "tests/support/RunProgram.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
 
 namespace {
 
@@ -82,8 +83,7 @@ TEST(GenericPrinters, AreEnabledConformAsBeforeNumberTheirPagesAndAreRestored) {
     const RunResult result = RunPdeprint({"enable", ppd, "-o", enabled});
     if (result.status != 0) {
       // An option of its own would change what its filter does with the code.
-      EXPECT_NE(std::string::npos, result.err.find("an option of its changes what its filter"))
-          << result.err;
+      EXPECT_THAT(result.err, HasSubstr("an option of its changes what its filter"));
       continue;
     }
     EXPECT_EQ(Verdict(ppd), Verdict(enabled));

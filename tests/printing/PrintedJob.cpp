@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 #include <tuple>
 
-#include "tests/host/command/ServedProgram.h"
+#include "tests/support/Arguments.h"
 #include "tests/support/NumberingPPD.h"
+#include "tests/support/Patience.h"
 
 namespace fs = std::filesystem;
 
@@ -43,17 +45,27 @@ const char kTwoUp[] =
     "<< /BeginPage { 2 mod 0 eq { 0 421 translate } if .5 .5 scale }\n"
     "/EndPage { 2 ne exch 2 mod 1 eq and } >> setpagedevice";
 
-void AddQueues(const PrivateServer &server) {
+std::map<std::string, TestQueue> Queues() {
   const fs::path color = BuiltPPD("VelmoraNumbering.ppd");
-  server.AddQueue({.name = "Color", .ppd = color});
-  server.AddQueue({.name = "Mono", .ppd = BuiltPPD("VelmoraNumberingMono.ppd")});
-  server.AddQueue({.name = "Plain", .ppd = Folder().Write("plain.ppd", NumberingPPDText(true))});
   const std::string renderer = "pdftops-renderer-default";
-  server.AddQueue({.name = "Pdftops", .ppd = color, .options = {{renderer, "pdftops"}}});
-  server.AddQueue({.name = "Pdftocairo", .ppd = color, .options = {{renderer, "pdftocairo"}}});
-  server.AddQueue({.name = "Hybrid", .ppd = color, .options = {{renderer, "hybrid"}}});
-  server.AddQueue({.name = "Marked", .ppd = PPDWithOption("Marks", kMarks)});
-  server.AddQueue({.name = "TwoUp", .ppd = PPDWithOption("TwoUp", kTwoUp)});
+  const TestQueue queues[] = {
+      {.name = "Color", .ppd = color},
+      {.name = "Mono", .ppd = BuiltPPD("VelmoraNumberingMono.ppd")},
+      {.name = "Plain", .ppd = Folder().Write("plain.ppd", NumberingPPDText(true))},
+      {.name = "Pdftops", .ppd = color, .options = {{renderer, "pdftops"}}},
+      {.name = "Pdftocairo", .ppd = color, .options = {{renderer, "pdftocairo"}}},
+      {.name = "Hybrid", .ppd = color, .options = {{renderer, "hybrid"}}},
+      {.name = "Marked", .ppd = PPDWithOption("Marks", kMarks)},
+      {.name = "TwoUp", .ppd = PPDWithOption("TwoUp", kTwoUp)}};
+  std::map<std::string, TestQueue> by_name;
+  for (const TestQueue &queue : queues) by_name.emplace(queue.name, queue);
+  return by_name;
+}
+
+// Adds one of our queues when it is first needed: most tests need one alone.
+void NeedQueue(const PrivateServer &server, const std::string &name) {
+  static std::map<std::string, TestQueue> left = Queues();
+  if (const auto queue = left.extract(name)) server.AddQueue(queue.mapped());
 }
 
 RunOptions ServersOptions() {
@@ -80,6 +92,7 @@ int SentJob(const std::string &queue, const Settings &settings,
   static std::map<Key, int> jobs;
   int &job = jobs[Key{queue, settings, documents}];
   if (job != 0) return job;
+  NeedQueue(Server(), queue);
   Arguments arguments = {"print", "-d", queue};
   for (const auto &[name, value] : settings)
     arguments = arguments + Arguments{"--set", name + '=' + value};
@@ -100,11 +113,7 @@ Settings On(const Settings &more) {
 
 PrivateServer &Server() {
   static PrivateServer server;
-  static const bool has_queues = [] {
-    AddQueues(server);
-    return true;
-  }();
-  EXPECT_TRUE(has_queues);
+  NeedQueue(server, "Color");
   return server;
 }
 
@@ -116,8 +125,11 @@ PrintedJob::PrintedJob(const Settings &settings, const std::vector<std::string> 
                        const std::string &queue)
     : number_(SentJob(queue, settings, documents)) {}
 
-PrintedJob::PrintedJob(const std::vector<std::string> &command)
-    : number_(RequestedJob(RunProgram(command, ServersOptions()))) {}
+PrintedJob::PrintedJob(const std::vector<std::string> &command) {
+  const auto destination = std::ranges::find(command, "-d");
+  if (destination != command.end()) NeedQueue(Server(), *std::next(destination));
+  number_ = RequestedJob(RunProgram(command, ServersOptions()));
+}
 
 const std::string &PrintedJob::Output() const {
   static std::map<int, std::string> outputs;

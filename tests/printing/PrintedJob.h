@@ -16,7 +16,7 @@ using Settings = std::map<std::string, std::string>;
 // Numbering switched on, beginning with 25, and more.
 Settings On(const Settings &more = {});
 
-// The server of all tests here, with the queues
+// The server of all tests here, with these queues, each once a job needs it
 //   Color, Mono      of the PPD files that are built,
 //   Plain            of one that declares numbering and does nothing for it,
 //   Pdftops, Pdftocairo, Hybrid

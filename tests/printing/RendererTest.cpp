@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/printing/Documents.h"
 #include "tests/printing/PrintedJob.h"
+#include "tests/support/Documents.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #import <objc/runtime.h>
 
-#import "tests/settinginfo/ClassShape.h"
+#import "tests/support/ClassShape.h"
 #import "tests/support/ObjCTest.h"
 
 OBJC_TEST(PdeCallback, OnlyNamesAType) {

@@ -131,7 +131,7 @@ void PrivateServer::Start() {
   program_ = std::make_unique<RunningProgram>(std::vector<std::string>{
       "setpriv", "--pdeathsig", "TERM", AdministratorsProgram("cupsd"), "-f", "-c",
       folder_ / "cupsd.conf", "-s", folder_ / "cups-files.conf"});
-  const auto deadline = std::chrono::steady_clock::now() + 20s;
+  const auto deadline = std::chrono::steady_clock::now() + kPatience;
   while (std::chrono::steady_clock::now() < deadline && !program_->HasEnded(0s)) {
     if (const int connection = port_.Connect(); connection >= 0) {
       close(connection);

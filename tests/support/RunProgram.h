@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/Patience.h"
 #include "tests/support/TemporaryFolder.h"
 
 inline constexpr char kPdeprint[] = BINARY_DIRECTORY "/pdeprint";
@@ -45,7 +46,7 @@ class RunningProgram {
   // Waits at most so long for its end.
   bool HasEnded(std::chrono::milliseconds limit) const;
   // Waits for its end and answers what it wrote; kills it after the limit.
-  RunResult Wait(std::chrono::milliseconds limit = std::chrono::seconds(60));
+  RunResult Wait(std::chrono::milliseconds limit = kPatience);
 
  private:
   TemporaryFolder folder_;

@@ -7,7 +7,8 @@
 /// whatever the language here is. Called first in main with its arguments.
 void SpeakEnglish(char **argv);
 
-/// Makes the application object, which views need. Ends the program where that is not possible.
+/// Makes the application object, which windows and much of views need; where the platform takes a
+/// display for that, only if there is one: tests without views begin sooner.
 void StartApplication();
 
 #endif

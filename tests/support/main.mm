@@ -1,4 +1,4 @@
-// Test programs that need the application object.
+// What test programs do first.
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #ifndef TESTS_TICKETS_TICKETTEST_H
 #define TESTS_TICKETS_TICKETTEST_H
 
-#import "tests/settinginfo/ClassShape.h"
-#import "tests/settinginfo/HalfMade.h"
-#import "tests/settinginfo/Job.h"
+#import "tests/support/ClassShape.h"
+#import "tests/support/HalfMade.h"
+#import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 #import "tests/tickets/RecordingTarget.h"
 #import "tickets/velmoraBNPrintTicketManagerRV2.h"

@@ -239,6 +239,17 @@ OBJC_TEST(PrintTicketTargets, AreReplacedInTheSameLiveList) {
   EXPECT_EQ(Strings{}, interposed::Calls());
 }
 
+OBJC_TEST(PrintTicketTargets, StayWhenTheTicketsOwnListIsRegistered) {
+  Job job(kColorDevice);
+  Ticket *ticket = Made(job);
+  NSArray *targets = @[ TextBox(), Stepper() ];
+  [ticket registerTargetInstances:targets];
+  NSMutableArray *list = ticket.targetInstances;
+  [ticket registerTargetInstances:list];
+  EXPECT_EQUAL_OBJECTS(targets, ticket.targetInstances);
+  EXPECT_TRUE(list == ticket.targetInstances);
+}
+
 OBJC_TEST(PrintTicketTargets, AreKeptUntilReplacedOrTheTicketGoes) {
   Job job(kColorDevice);
   NSTextField *box = TextBox();

@@ -2,7 +2,7 @@
 #include <vector>
 
 #import "tests/support/ObjCTest.h"
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 #import "view/velmoraBNDecimalFormatterRV2.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
-#import "tests/view/TestPanel.h"
+#import "tests/support/TestPanel.h"
 
 // Refuses its tickets, and with them the ticket manager.
 @interface UnreadyCommonInfo : velmoraBNCommonInfoRV2

@@ -1,7 +1,7 @@
 #include "host/base/WholeFile.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -16,6 +16,7 @@
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
+using testing::StartsWith;
 
 namespace {
 
@@ -153,7 +154,7 @@ TEST(WholeFile, RefusesAFolderThatIsAFile) {
 // Not even the system's administrator makes files there.
 TEST(WholeFile, RefusesAFolderThatTakesNoFiles) {
   const std::string message = Write("/proc/a", "new");
-  EXPECT_TRUE(message.starts_with("cannot write /proc/a: ")) << message;
+  EXPECT_THAT(message, StartsWith("cannot write /proc/a: "));
 }
 
 TEST(WholeFile, RefusesAnEmptyPath) { EXPECT_NE("", Write("", "new")); }

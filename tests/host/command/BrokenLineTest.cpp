@@ -1,14 +1,18 @@
 // The print server goes away between any two requests of a verb, or in the middle of one.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/host/command/ServedProgram.h"
-#include "tests/host/enabling/MarkOptions.h"
 #include "tests/support/CuttingRelay.h"
+#include "tests/support/MarkOptions.h"
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/Slowdown.h"
 
 namespace fs = std::filesystem;
+using testing::AnyOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 namespace {
 
@@ -95,11 +99,11 @@ class BrokenLine : public ServedProgram {
     }
     const std::string said = result.out + result.err;
     const std::string server = "print server " + relay_.address();
-    EXPECT_TRUE(Holds(said, "the connection to the " + server + " broke off: ") ||
-                Holds(said, "the " + server + " does not answer within ") ||
-                Holds(said, "no print server at " + relay_.address() + ": Connection refused"))
-        << said;
-    EXPECT_FALSE(Holds(said, "Invalid argument")) << said;
+    EXPECT_THAT(
+        said, AnyOf(HasSubstr("the connection to the " + server + " broke off: "),
+                    HasSubstr("the " + server + " does not answer within "),
+                    HasSubstr("no print server at " + relay_.address() + ": Connection refused")));
+    EXPECT_THAT(said, Not(HasSubstr("Invalid argument")));
   }
 
   // What printing has left on the stopped queue, where jobs stay; takes it away. A job that was
@@ -115,7 +119,7 @@ class BrokenLine : public ServedProgram {
       if (result.status == 0) {
         EXPECT_EQ(attributes["number-of-documents"], documents);
       } else if (attributes["number-of-documents"] != "0") {
-        EXPECT_TRUE(Holds(result.err, "; job " + number + " is still there: ")) << result.err;
+        EXPECT_THAT(result.err, HasSubstr("; job " + number + " is still there: "));
         EXPECT_NE(plan.afterwards, Afterwards::kWhole) << "it could have been taken back";
       }
       server().Run({"cancel", number});
@@ -164,7 +168,7 @@ TEST_F(BrokenLine, CheckDoesNotTakeAQueueWithoutPPDFileForOneThatIsNotThere) {
   BreakEverywhere(verb, kForThePrinter, kBreaks, [&](const RunResult &result, const CutPlan &plan) {
     if (plan.cut == Cut::kNone) return;
     if (result.status == 0) EXPECT_EQ(result.out, whole);
-    EXPECT_FALSE(Holds(result.out, "has no queue")) << result.out;
+    EXPECT_THAT(result.out, Not(HasSubstr("has no queue")));
   });
 }
 
@@ -190,13 +194,13 @@ TEST_F(BrokenLine, QueuesAsksASilentServerOnlyOnce) {
              {.cut = Cut::kSilence, .at = kForThePrinter - 1, .afterwards = Afterwards::kSame});
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(relay_.requests(), kForThePrinter);
-  EXPECT_TRUE(Holds(result.out, "  Stopped: no panel: the print server ")) << result.out;
+  EXPECT_THAT(result.out, HasSubstr("  Stopped: no panel: the print server "));
 }
 
 TEST_F(BrokenLine, PrintOnTheDefaultQueueFailsBeforeThereIsAJobWithoutTheDefault) {
   const RunResult result = RunCut({"print", Page("a.ps")}, {.cut = Cut::kHalfAnswer, .at = 3});
   EXPECT_EQ(result.status, 1);
-  EXPECT_FALSE(Holds(result.err, "no default queue")) << result.err;
+  EXPECT_THAT(result.err, Not(HasSubstr("no default queue")));
 }
 
 TEST_F(BrokenLine, PrintLeavesNoHalfJobAndNoneTwice) {
@@ -243,7 +247,7 @@ TEST_F(BrokenLine, EnableWritesTheWholeFileOrNone) {
   const Arguments verb = {"enable", "-d", "Laser", "-o", file.string()};
   RunWhole(verb);
   const std::string whole = ContentOf(file);
-  ASSERT_TRUE(whole.starts_with(PrinterText()));
+  ASSERT_THAT(whole, StartsWith(PrinterText()));
   BreakEverywhere(verb, kForThePrinter - 1, kSomeBreaks,
                   [&](const RunResult &result, const CutPlan &) {
                     EXPECT_EQ(fs::exists(file), result.status == 0);
@@ -257,7 +261,7 @@ TEST_F(BrokenLine, EnableGivesTheQueueTheWholeFileOrNone) {
   const Arguments verb = {"enable", "-d", "Laser", "--apply"};
   RunWhole(verb);
   const std::string whole = PPDOf("Laser");
-  ASSERT_TRUE(Holds(whole, "VQBackgroundNumbering"));
+  ASSERT_THAT(whole, HasSubstr("VQBackgroundNumbering"));
   const std::string old = ContentOf(before);
   const auto put_back = [&] { server().AddQueue({.name = "Laser", .ppd = before}); };
   put_back();

@@ -1,12 +1,16 @@
 // `pdeprint enable` and `pdeprint disable` on the queues of a real print server.
 
+#include <gmock/gmock.h>
+
 #include <chrono>
 
 #include "tests/host/command/OptionsBundle.h"
 #include "tests/host/command/ServedProgram.h"
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -77,7 +81,7 @@ TEST_F(EnableQueue, WritesTheQueuesNewFileAndSaysTheCommandForIt) {
       "queue:\nlpadmin -h " +
           server().address() + " -p Plain -P " + Here("Plain.ppd").string() + "\n",
       ResultOf({"enable", "-d", "plain"}));
-  EXPECT_TRUE(ContentOf(Here("Plain.ppd")).starts_with(PrinterText()));
+  EXPECT_THAT(ContentOf(Here("Plain.ppd")), StartsWith(PrinterText()));
   EXPECT_EQ(before, ContentOf(FileOf("Plain")));
 }
 
@@ -103,8 +107,8 @@ TEST_F(EnableQueue, AppliesTheChangeItself) {
   EXPECT_EQ("the queue Apply on the print server " + server().address() +
                 " has a new PPD file, with the printer options of Marks\n",
             ResultOf({"enable", "-d", "Apply", "--apply"}));
-  EXPECT_TRUE(Holds(server().Run({"lpoptions", "-p", "Apply", "-l"}), "MarkSize/Size: *Small"));
-  EXPECT_TRUE(Holds(server().Run({"lpstat", "-l", "-p", "Apply"}), "Second floor"));
+  EXPECT_THAT(server().Run({"lpoptions", "-p", "Apply", "-l"}), HasSubstr("MarkSize/Size: *Small"));
+  EXPECT_THAT(server().Run({"lpstat", "-l", "-p", "Apply"}), HasSubstr("Second floor"));
   EXPECT_FALSE(fs::exists(Here("Apply.ppd")));
 }
 
@@ -116,7 +120,7 @@ TEST_F(EnableQueue, KeepsTheQueuesDefaultsForTheOptions) {
   EXPECT_EQ("the queue Kept is as it was, with the printer options of Marks\n",
             ResultOf({"enable", "-d", "Kept", "--apply"}));
   EXPECT_EQ(before, ContentOf(FileOf("Kept")));
-  EXPECT_TRUE(Holds(server().Run({"lpoptions", "-p", "Kept", "-l"}), "*Large"));
+  EXPECT_THAT(server().Run({"lpoptions", "-p", "Kept", "-l"}), HasSubstr("*Large"));
 }
 
 TEST_F(EnableQueue, DisablingGivesTheQueueItsFileBack) {
@@ -144,12 +148,12 @@ TEST_F(EnableQueue, RefusesQueuesThatItCannotChange) {
   AddQueue("Raster", "*cupsFilter: \"application/vnd.cups-raster 50 rastertopcl\"\n");
   for (const char *verb : {"enable", "disable"}) {
     EXPECT_EQ("pdeprint: the queue Raw has no PPD file\n", Refusal({verb, "-d", "Raw"}));
-    EXPECT_TRUE(Holds(Refusal({verb, "-d", "Nobody"}), "has no queue \"Nobody\"; there is "));
-    EXPECT_TRUE(Holds(Refusal({verb, "-d", "Raw"}, {{"CUPS_SERVER", "127.0.0.1:1"}}),
-                      "no print server at 127.0.0.1:1: "));
+    EXPECT_THAT(Refusal({verb, "-d", "Nobody"}), HasSubstr("has no queue \"Nobody\"; there is "));
+    EXPECT_THAT(Refusal({verb, "-d", "Raw"}, {{"CUPS_SERVER", "127.0.0.1:1"}}),
+                HasSubstr("no print server at 127.0.0.1:1: "));
   }
-  EXPECT_TRUE(Holds(Refusal({"enable", "-d", "Raster", "--apply"}),
-                    "cannot enable Raster: no PostScript printer: "));
+  EXPECT_THAT(Refusal({"enable", "-d", "Raster", "--apply"}),
+              HasSubstr("cannot enable Raster: no PostScript printer: "));
   EXPECT_FALSE(fs::exists(Here("Raster.ppd")));
 }
 
@@ -159,7 +163,7 @@ TEST_F(EnableQueue, TheCodeOfTheOptionsArrivesAtThePrinter) {
   const fs::path page = folder_.Write("page.ps", Page());
   const std::string printed = Printed("Code", page, {"-o", "Mark=On", "-o", "MarkSize=Large"});
   EXPECT_LT(printed.find("(mark large) pop"), printed.find("(mark on) pop")) << printed;
-  EXPECT_TRUE(Holds(printed, "(mark on) pop"));
+  EXPECT_THAT(printed, HasSubstr("(mark on) pop"));
 }
 
 TEST_F(EnableQueue, TheCodeOfTheOptionsArrivesThroughFoomatic) {
@@ -171,6 +175,6 @@ TEST_F(EnableQueue, TheCodeOfTheOptionsArrivesThroughFoomatic) {
     const std::string printed =
         Printed("Foomatic", file, {"-o", "Mark=On", "-o", "MarkSize=Large"});
     EXPECT_LT(printed.find("(mark large) pop"), printed.find("(mark on) pop")) << file << printed;
-    EXPECT_TRUE(Holds(printed, "(mark on) pop")) << file;
+    EXPECT_THAT(printed, HasSubstr("(mark on) pop")) << file;
   }
 }

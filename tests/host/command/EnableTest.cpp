@@ -1,18 +1,16 @@
 // `pdeprint enable` and `pdeprint disable` on PPD files.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include "tests/host/command/OptionsBundle.h"
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
-
-bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
-}
 
 class EnableVerb : public testing::Test {
  protected:
@@ -26,7 +24,7 @@ class EnableVerb : public testing::Test {
     const RunResult result = Run({verb, ppd, "-o", out_});
     EXPECT_EQ(0, result.status);
     EXPECT_EQ("", result.err);
-    EXPECT_TRUE(result.out.starts_with("wrote " + out_)) << result.out;
+    EXPECT_THAT(result.out, StartsWith("wrote " + out_));
     return ContentOf(out_);
   }
 
@@ -55,8 +53,8 @@ TEST_F(EnableVerb, AddsTheBundlesOptionsToAFile) {
   EXPECT_EQ(0, result.status);
   EXPECT_EQ("", result.err);
   EXPECT_EQ("wrote " + out_ + ", with the printer options of Marks\n", result.out);
-  EXPECT_TRUE(ContentOf(out_).starts_with(PrinterText()));
-  EXPECT_TRUE(Holds(ContentOf(out_), "*OpenUI *MarkSize/Size: PickOne\n"));
+  EXPECT_THAT(ContentOf(out_), StartsWith(PrinterText()));
+  EXPECT_THAT(ContentOf(out_), HasSubstr("*OpenUI *MarkSize/Size: PickOne\n"));
   EXPECT_EQ(PrinterText(), ContentOf(ppd_));
 }
 
@@ -84,14 +82,14 @@ TEST_F(EnableVerb, KeepsThePermissionsOfTheFileInItsPlace) {
   ASSERT_EQ(0, chmod(ppd_.c_str(), 0640));
   EXPECT_EQ(0, Run({"enable", ppd_, "-o", ppd_}).status);
   EXPECT_EQ(fs::perms(0640), fs::status(ppd_).permissions());
-  EXPECT_TRUE(Holds(ContentOf(ppd_), "*OpenUI *Mark/"));
+  EXPECT_THAT(ContentOf(ppd_), HasSubstr("*OpenUI *Mark/"));
 }
 
 TEST_F(EnableVerb, AddsTheOptionsOfAllBundles) {
   program_.AddSecondBundle();
   const std::string text = Changed("enable", ppd_);
-  EXPECT_TRUE(Holds(text, "*% BEGIN printer options of test.marks, added by pdeprint\n"));
-  EXPECT_TRUE(Holds(text, "*% BEGIN printer options of test.second, added by pdeprint\n"));
+  EXPECT_THAT(text, HasSubstr("*% BEGIN printer options of test.marks, added by pdeprint\n"));
+  EXPECT_THAT(text, HasSubstr("*% BEGIN printer options of test.second, added by pdeprint\n"));
 }
 
 TEST_F(EnableVerb, RefusesWhatIsNotThere) {
@@ -127,13 +125,13 @@ TEST_F(EnableVerb, RefusesANamedBundleWithoutPrinterOptionsThoughOthersHaveThem)
                 "(PDEPrinterOptions, Color)\n",
             Refusal({"enable", ppd_, "--plugin", second}));
   program_.WriteSecondInfo("");
-  EXPECT_TRUE(Holds(Refusal({"enable", ppd_, "--plugin", second}), "and Second has none"));
+  EXPECT_THAT(Refusal({"enable", ppd_, "--plugin", second}), HasSubstr("and Second has none"));
 }
 
 TEST_F(EnableVerb, RefusesToWorkWithoutABundle) {
   program_.RemoveBundle();
-  EXPECT_TRUE(
-      Refusal({"enable", ppd_}).starts_with("pdeprint: no extension bundle (*.plugin) in "));
+  EXPECT_THAT(Refusal({"enable", ppd_}),
+              StartsWith("pdeprint: no extension bundle (*.plugin) in "));
 }
 
 TEST_F(EnableVerb, FailsWhereTheFileCannotBeWritten) {
@@ -141,7 +139,7 @@ TEST_F(EnableVerb, FailsWhereTheFileCannotBeWritten) {
     const std::string absent = (folder_.path() / "absent/a.ppd").string();
     const RunResult result = Run({verb, ppd_, "-o", absent});
     EXPECT_EQ(1, result.status);
-    EXPECT_TRUE(Holds(result.err, "cannot write " + absent + ": No such file")) << result.err;
+    EXPECT_THAT(result.err, HasSubstr("cannot write " + absent + ": No such file"));
     EXPECT_EQ("", result.out);
   }
 }
@@ -194,6 +192,7 @@ TEST_F(EnableVerb, DisablingRefusesABlockThatWasEdited) {
   std::string text = Changed("enable", ppd_);
   text.erase(text.rfind("*% END"));
   const std::string edited = folder_.Write("edited.ppd", text);
-  EXPECT_TRUE(Holds(Refusal({"disable", edited}),
-                    "cannot be told from the others: there is no end to what begins on line 29"));
+  EXPECT_THAT(
+      Refusal({"disable", edited}),
+      HasSubstr("cannot be told from the others: there is no end to what begins on line 29"));
 }

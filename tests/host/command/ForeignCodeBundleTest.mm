@@ -1,10 +1,15 @@
 // What extension bundles store into the settings of a job is looked at as anything else.
 
+#include <gmock/gmock.h>
+
 #include "host/command/Commands.h"
 #include "tests/host/command/ForeignCode.h"
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/host/extension/PlainPanel.h"
 #import "tests/support/ObjCTest.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -76,7 +81,7 @@ TEST_F(ForeignCodeOfBundle, ForAnOptionOfThePrinterIsRefused) {
     for (const std::string &value : HostileCustom()) values.push_back(value);
     for (const std::string &value : values) {
       EXPECT_EQ(1, PrintWith({{option, value}}));
-      EXPECT_TRUE(Holds(err_, "pdeprint: the job's " + option + " is ")) << err_;
+      EXPECT_THAT(err_, HasSubstr("pdeprint: the job's " + option + " is "));
       EXPECT_EQ("", out_);
     }
   }
@@ -86,7 +91,7 @@ TEST_F(ForeignCodeOfBundle, ForAnOptionOfThePrinterIsRefused) {
 TEST_F(ForeignCodeOfBundle, UnderAnotherSpellingOfAnOptionIsRefused) {
   const int before = NewestJob();
   EXPECT_EQ(1, PrintWith({{"vqtext", "custom.a\\"}}));
-  EXPECT_TRUE(err_.starts_with("pdeprint: the job's vqtext is ")) << err_;
+  EXPECT_THAT(err_, StartsWith("pdeprint: the job's vqtext is "));
   EXPECT_EQ(before, NewestJob());
 }
 

@@ -1,9 +1,13 @@
 // Nothing that is chosen reaches a printer as code, in whatever way it is chosen.
 
+#include <gmock/gmock.h>
+
 #include "tests/host/command/ForeignCode.h"
 #include "tests/support/Interpreter.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -27,8 +31,8 @@ std::vector<std::string> HostileFor(const std::string &option) {
 // Refused, with a word about it, by a program that sends nothing.
 void ExpectRefusal(const RunResult &result, const std::string &word) {
   EXPECT_NE(0, result.status);
-  EXPECT_TRUE(result.err.starts_with("pdeprint: ")) << result.err;
-  EXPECT_TRUE(Holds(result.err, word)) << word << ": " << result.err;
+  EXPECT_THAT(result.err, StartsWith("pdeprint: "));
+  EXPECT_THAT(result.err, HasSubstr(word)) << word << ": " << result.err;
   EXPECT_EQ("", result.out);
 }
 
@@ -158,13 +162,11 @@ TEST_F(ForeignCode, AsACustomTextThatFitsIsAnEscapedString) {
   const std::string printed =
       Printed({"--set", "VQText=Custom.a) " + kCode + " (", "--set", "VQNote=Custom.%!PS\n<41>",
                "--set", "JCLNote=Custom.Ann - 2nd floor, by the lift"});
-  EXPECT_TRUE(Holds(printed,
-                    "%%BeginFeature: *CustomVQText True\n"
-                    "(a\\051 /Helvetica findfont 20 scalefont setfont 100 100 moveto "
-                    "\\050MARKED\\051 show showpage \\050)\npop\n"))
-      << printed;
-  EXPECT_TRUE(Holds(printed, "%%BeginFeature: *CustomVQNote True\n(%!PS\\012<41>)\npop\n"));
-  EXPECT_TRUE(Holds(printed, "@PJL SET NOTE=\"Ann - 2nd floor, by the lift\"\n"));
+  EXPECT_THAT(printed, HasSubstr("%%BeginFeature: *CustomVQText True\n"
+                                 "(a\\051 /Helvetica findfont 20 scalefont setfont 100 100 moveto "
+                                 "\\050MARKED\\051 show showpage \\050)\npop\n"));
+  EXPECT_THAT(printed, HasSubstr("%%BeginFeature: *CustomVQNote True\n(%!PS\\012<41>)\npop\n"));
+  EXPECT_THAT(printed, HasSubstr("@PJL SET NOTE=\"Ann - 2nd floor, by the lift\"\n"));
   const std::vector<PrintedPage> pages = PagesOf(printed);
   ASSERT_EQ(1u, pages.size());
   EXPECT_EQ("Hello", pages[0].Words());

@@ -1,5 +1,6 @@
 // The program, killed while it writes a ticket, which lies where presets lie.
 
+#include <gmock/gmock.h>
 #include <poll.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -16,6 +17,7 @@
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using testing::StartsWith;
 
 namespace {
 
@@ -34,7 +36,8 @@ class FolderWatch {
   // Waits for such an event, of those since the last one that was waited for.
   bool Await(uint32_t event) {
     pollfd ready = {queue_, POLLIN, 0};
-    while (!pending_.empty() || poll(&ready, 1, 20'000) == 1) {
+    while (!pending_.empty() ||
+           poll(&ready, 1, std::chrono::milliseconds(kPatience).count()) == 1) {
       if (pending_.empty()) ReadEvents();
       while (!pending_.empty()) {
         const uint32_t came = pending_.front();
@@ -107,7 +110,7 @@ class KilledWriter {
     size_t count = 0;
     for (const fs::directory_entry &entry : fs::directory_iterator(path_.parent_path())) {
       if (entry.path() == path_) continue;
-      EXPECT_TRUE(entry.path().filename().string().starts_with(".pdeprint.")) << entry.path();
+      EXPECT_THAT(entry.path().filename().string(), StartsWith(".pdeprint.")) << entry.path();
       ++count;
     }
     return count;

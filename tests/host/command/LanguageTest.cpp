@@ -1,12 +1,13 @@
 // The program's messages in the user's language, with tables of the tests' own.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/RunProgram.h"
 #include "tests/support/StringsTable.h"
 #include "tests/support/TestPPD.h"
 
 namespace fs = std::filesystem;
+using testing::StartsWith;
 
 namespace {
 
@@ -92,7 +93,7 @@ TEST_F(ProgramWithTables, MessagesAreInTheLanguageOfThePanels) {
         EnvironmentChanges{{"LANG", "fr_CA"}}, EnvironmentChanges{{"LANG", "C"}}}) {
     const std::string message = Run(kReadAbsent, environment).err;
     const RunResult result = Run(settings, environment);
-    EXPECT_TRUE(result.out.starts_with(panels.at(message))) << message << result.out << result.err;
+    EXPECT_THAT(result.out, StartsWith(panels.at(message))) << message << result.out << result.err;
   }
 }
 

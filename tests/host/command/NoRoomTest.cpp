@@ -1,15 +1,18 @@
 // Files and results that there is no room for, or that must not be written.
 
+#include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "tests/host/command/OptionsBundle.h"
 #include "tests/host/command/ServedProgram.h"
-#include "tests/host/enabling/MarkOptions.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/MarkOptions.h"
 #include "tests/support/NumberingPPD.h"
 
 namespace fs = std::filesystem;
+using testing::EndsWith;
+using testing::HasSubstr;
 
 namespace {
 
@@ -136,16 +139,15 @@ TEST_F(FullDisk, TheOldPPDFileStays) {
   const std::string out = folder_.path() / "out.ppd";
   for (const char *verb : {"enable", "disable"}) {
     const std::string message = OnAFullDisk("out.ppd", "earlier", {verb, PPDToEnable(), "-o", out});
-    EXPECT_TRUE(message.ends_with("pdeprint: cannot write " + out + ": No space left on device\n"))
-        << message;
+    EXPECT_THAT(message, EndsWith("pdeprint: cannot write " + out + ": No space left on device\n"));
   }
 }
 
 TEST_F(NoRoom, TheOldPPDFileStaysInAReadOnlyFolder) {
   const std::string out = folder_.Write("out.ppd", "earlier");
   for (const char *verb : {"enable", "disable"}) {
-    EXPECT_TRUE(Holds(MessageInAReadOnlyFolder({verb, PPDToEnable(), "-o", out}),
-                      "pdeprint: cannot write " + out + ": Permission denied\n"));
+    EXPECT_THAT(MessageInAReadOnlyFolder({verb, PPDToEnable(), "-o", out}),
+                HasSubstr("pdeprint: cannot write " + out + ": Permission denied\n"));
     EXPECT_EQ("earlier", ContentOf(out));
   }
 }
@@ -188,9 +190,9 @@ TEST_F(NoRoom, ResultsThatCannotBeWrittenAreAFailureOfEveryVerb) {
       Arguments command = {program_.path().string()};
       const RunResult result = RunProgram(command + arguments, options);
       EXPECT_EQ(1, result.status) << testing::PrintToString(arguments) << " to " << out;
-      EXPECT_TRUE(Holds(
-          result.err,
-          std::string("pdeprint: cannot write the results to standard output: ") + why + '\n'))
+      EXPECT_THAT(result.err,
+                  HasSubstr(std::string("pdeprint: cannot write the results to standard output: ") +
+                            why + '\n'))
           << testing::PrintToString(arguments) << ": " << result.err;
     }
   }
@@ -204,7 +206,7 @@ TEST_F(NoRoom, AJobWhoseNumberCannotBeWrittenIsToldAsSent) {
                                        folder_.Write("page.ps", "%!PS\nshowpage\n").string()},
                                       options);
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(Holds(result.err, "pdeprint: request id is Office-")) << result.err;
+  EXPECT_THAT(result.err, HasSubstr("pdeprint: request id is Office-"));
 }
 
 TEST_F(NoRoom, NoVerbNeedsAFolderForTemporaryFiles) {

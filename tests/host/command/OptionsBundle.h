@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
 

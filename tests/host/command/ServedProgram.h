@@ -3,39 +3,18 @@
 #ifndef TESTS_HOST_COMMAND_SERVEDPROGRAM_H
 #define TESTS_HOST_COMMAND_SERVEDPROGRAM_H
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <fstream>
-#include <functional>
 #include <map>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "tests/support/Arguments.h"
+#include "tests/support/Patience.h"
 #include "tests/support/PrivateServer.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
-
-using Arguments = std::vector<std::string>;
-
-inline Arguments operator+(Arguments first, const Arguments &more) {
-  first.insert(first.end(), more.begin(), more.end());
-  return first;
-}
-
-inline bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
-}
-
-// Asks until the answer is yes; whether it ever was.
-inline bool Becomes(const std::function<bool()> &condition) {
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-  while (std::chrono::steady_clock::now() < deadline) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return false;
-}
 
 // A ticket with these print settings; nothing is escaped.
 inline std::string TicketText(const std::map<std::string, std::string> &settings) {

@@ -1,9 +1,12 @@
 #include "host/command/SettingChanges.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/TemporaryFolder.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -56,8 +59,8 @@ TEST_F(SettingChanges, OptionsOfEveryJobAreTaken) {
 
 TEST_F(SettingChanges, AValueThatIsNoChoiceOfThePrinterIsRefused) {
   const std::string refusal = Refusal("Duplex=Both");
-  EXPECT_TRUE(refusal.starts_with("Duplex cannot be \"Both\": ")) << refusal;
-  EXPECT_NE(std::string::npos, refusal.find("DuplexTumble")) << refusal;
+  EXPECT_THAT(refusal, StartsWith("Duplex cannot be \"Both\": "));
+  EXPECT_THAT(refusal, HasSubstr("DuplexTumble"));
 }
 
 TEST_F(SettingChanges, AValueThatASettingDoesNotAllowIsRefused) {
@@ -66,10 +69,8 @@ TEST_F(SettingChanges, AValueThatASettingDoesNotAllowIsRefused) {
 
 TEST_F(SettingChanges, AnUnknownNameIsRefusedWithTheKnownOnes) {
   const std::string refusal = Refusal("Sise=Large");
-  EXPECT_TRUE(
-      refusal.starts_with("--set Sise=Large: there is no setting \"Sise\"; there are Size, "
-                          "Number, the options"))
-      << refusal;
+  EXPECT_THAT(refusal, StartsWith("--set Sise=Large: there is no setting \"Sise\"; there are Size, "
+                                  "Number, the options"));
 }
 
 TEST_F(SettingChanges, CopiesAndPagesMustMakeSense) {

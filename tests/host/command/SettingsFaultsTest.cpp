@@ -1,9 +1,14 @@
 // Print-settings calls that fail, each in its turn, while a verb works.
 
+#include <gmock/gmock.h>
+
 #include "host/command/Commands.h"
 #include "tests/host/command/ServedProgram.h"
 #include "tests/support/Interposed.h"
 #include "tests/support/NumberingPPD.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -91,7 +96,7 @@ TEST_F(SettingsFaults, ATicketIsWrittenWholeOrNotAtAll) {
   const std::string expected = written;
   for (const char *line : {"VQStartNumber=25", "InputSlot=Tray1", "VQBNSize=Large", "VQBNColor=Red",
                            "page-ranges=1,3"}) {
-    ASSERT_TRUE(Holds(JobOptionsIn(whole.out), "  " + std::string(line) + '\n')) << whole.out;
+    ASSERT_THAT(JobOptionsIn(whole.out), HasSubstr("  " + std::string(line) + '\n')) << whole.out;
   }
   ASSERT_GT(whole.calls, 80);
   int failures = 0;
@@ -106,7 +111,7 @@ TEST_F(SettingsFaults, ATicketIsWrittenWholeOrNotAtAll) {
     }
     ++failures;
     EXPECT_EQ(1, outcome.status);
-    EXPECT_TRUE(outcome.err.starts_with("pdeprint: "));
+    EXPECT_THAT(outcome.err, StartsWith("pdeprint: "));
     EXPECT_EQ("", outcome.out);
     EXPECT_EQ(TicketText(kTicket), written);
   }
@@ -148,7 +153,7 @@ TEST_F(SettingsFaults, AJobIsSentAsItShouldBeOrNotAtAll) {
       EXPECT_EQ(expected, job_of(outcome));
       ++jobs;
     } else {
-      EXPECT_TRUE(outcome.err.starts_with("pdeprint: "));
+      EXPECT_THAT(outcome.err, StartsWith("pdeprint: "));
     }
     EXPECT_EQ(jobs, server().LiveJobs().size());
   }
@@ -170,12 +175,12 @@ TEST_F(SettingsFaults, AChangeOfALockedSettingIsNeverLostWithoutAWord) {
     const Outcome outcome = settings(call, kItemIsLocked);
     SCOPED_TRACE("call " + std::to_string(call) + ": " + outcome.failed);
     if (outcome.status != 0) {
-      EXPECT_TRUE(outcome.err.starts_with("pdeprint: "));
+      EXPECT_THAT(outcome.err, StartsWith("pdeprint: "));
       continue;
     }
     for (const char *line :
          {"  VQStartNumber=25\n", "  InputSlot=Tray1\n", "  VQBackgroundNumbering=On\n"}) {
-      EXPECT_TRUE(Holds(outcome.out, line)) << outcome.out;
+      EXPECT_THAT(outcome.out, HasSubstr(line));
     }
   }
 }

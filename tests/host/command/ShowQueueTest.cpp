@@ -1,11 +1,12 @@
 // The built program's dialog on a queue of a real server.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <memory>
 
 #include "tests/support/NumberingPPD.h"
+#include "tests/support/Patience.h"
 #include "tests/support/PrivateServer.h"
 
 namespace fs = std::filesystem;
@@ -13,6 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 using namespace std::chrono_literals;
+using testing::StartsWith;
 using Arguments = std::vector<std::string>;
 
 class ShowQueue : public testing::Test {
@@ -44,14 +46,16 @@ class ShowQueue : public testing::Test {
     Arguments command = {kPdeprint, "show"};
     command.insert(command.end(), arguments.begin(), arguments.end());
     RunningProgram program(command, Options());
-    for (int attempt = 0; attempt < 60 && !program.HasEnded(250ms); ++attempt) {
+    Becomes([&] {
+      if (program.HasEnded(250ms)) return true;
       RunProgram({"sh", "-c",
                   "window=$(xdotool search --onlyvisible --name '^Print' 2>/dev/null | tail -n 1)\n"
                   "[ -n \"$window\" ] && timeout 5 xdotool windowactivate --sync \"$window\" "
                   "2>/dev/null && xdotool key " +
                       key});
-    }
-    return program.Wait(20s);
+      return false;
+    });
+    return program.Wait(1ms);
   }
 
   RunResult Run(const Arguments &arguments) const { return RunPdeprint(arguments, Options()); }
@@ -118,7 +122,7 @@ TEST_F(ShowQueue, CancelChangesNothingAnywhere) {
 TEST_F(ShowQueue, WithoutFilesTheChoicesAreSaidAndNothingIsPrinted) {
   const RunResult result = ShowAndPress({}, "Return");
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.starts_with("Panel: Background Numbering\n")) << result.out;
+  EXPECT_THAT(result.out, StartsWith("Panel: Background Numbering\n"));
   EXPECT_FALSE(fs::exists(config_.path() / "pdeprint"));
 }
 
@@ -142,8 +146,9 @@ TEST_F(ShowQueue, SaysWhereTheSettingsCannotBeKeptAsLastUsed) {
   const RunResult result = ShowAndPress({file_}, "Return");
   EXPECT_EQ(0, result.status);
   EXPECT_NE(0, JobOf(result)) << result.out;
-  EXPECT_TRUE(result.err.starts_with(
-      "pdeprint: note: the settings are not kept as \"Last Used\": cannot make the folder " +
-      presets().parent_path().string() + ": "))
-      << result.err;
+  EXPECT_THAT(
+      result.err,
+      StartsWith(
+          "pdeprint: note: the settings are not kept as \"Last Used\": cannot make the folder " +
+          presets().parent_path().string() + ": "));
 }

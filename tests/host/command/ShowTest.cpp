@@ -1,13 +1,13 @@
 // The built program's window, worked with real key events.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <csignal>
 #include <map>
 #include <regex>
 #include <sstream>
-#include <thread>
 
+#include "tests/support/Patience.h"
 #include "tests/support/RunProgram.h"
 
 namespace fs = std::filesystem;
@@ -15,6 +15,9 @@ namespace fs = std::filesystem;
 namespace {
 
 using namespace std::chrono_literals;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
 using Arguments = std::vector<std::string>;
 
 const char kColorPPD[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
@@ -103,14 +106,8 @@ class Dialog {
   }
 
   static void AwaitWindows(size_t count) {
-    const auto end = std::chrono::steady_clock::now() + 60s;
-    while (VisibleWindows().size() != count) {
-      if (std::chrono::steady_clock::now() > end) {
-        ADD_FAILURE() << "there are not " << count << " windows but " << VisibleWindows().size();
-        return;
-      }
-      std::this_thread::sleep_for(20ms);
-    }
+    EXPECT_TRUE(Becomes([count] { return VisibleWindows().size() == count; }))
+        << "there are not " << count << " windows but " << VisibleWindows().size();
   }
 
   // The server takes away the window of a program that has ended in its own time.
@@ -155,7 +152,7 @@ TEST(Show, ClosingPrintsTheChoicesAndSavesTheTicket) {
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
   EXPECT_EQ(Report("Large", "Light", "Blue", "25") + "Ticket: " + ticket + "\n", result.out);
-  EXPECT_TRUE(ContentOf(ticket).find("<string>25</string>") != std::string::npos);
+  EXPECT_THAT(ContentOf(ticket), HasSubstr("<string>25</string>"));
 }
 
 TEST(Show, ASecondRunShowsWhatTheFirstSaved) {
@@ -172,7 +169,7 @@ TEST(Show, ASecondRunShowsWhatTheFirstSaved) {
     Dialog dialog({"--ticket", ticket, "--snapshot", picture(name)});
     const RunResult result = dialog.Close();
     EXPECT_EQ(0, result.status) << result.err;
-    EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "42"))) << result.out;
+    EXPECT_THAT(result.out, StartsWith(Report("Medium", "Medium", "Black", "42")));
   }
   EXPECT_EQ(ContentOf(picture("2.png")), ContentOf(picture("3.png")));
   Dialog fresh({"--snapshot", picture("fresh.png")});
@@ -190,9 +187,9 @@ TEST(Show, AStoredValueThatNoControlCanShowGivesWayToTheDefault) {
   Dialog dialog({"--ticket", ticket});
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  EXPECT_THAT(result.out, StartsWith(Report("Medium", "Medium", "Black", "1")));
   for (const char *named : {"VQBNSize \"Huge\"", "VQStartNumber \"0\""}) {
-    EXPECT_NE(std::string::npos, result.err.find(named)) << result.err;
+    EXPECT_THAT(result.err, HasSubstr(named));
   }
 }
 
@@ -206,9 +203,9 @@ TEST(Show, TheSnapshotIsAPictureOfTheDialogAroundThePanel) {
   Dialog dialog({"--snapshot", picture.string()});
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.ends_with("Picture: " + picture.string() + "\n")) << result.out;
+  EXPECT_THAT(result.out, EndsWith("Picture: " + picture.string() + "\n"));
   const std::string content = ContentOf(picture);
-  ASSERT_TRUE(content.starts_with("\x89PNG\r\n\x1a\n"));
+  ASSERT_THAT(content, StartsWith("\x89PNG\r\n\x1a\n"));
   EXPECT_LT(std::stoul(size[1]), BigEndian(content, 16));
   EXPECT_LT(std::stoul(size[2]), BigEndian(content, 20));
 }
@@ -239,8 +236,7 @@ TEST(Show, EscapeAndTheWindowsCloseButtonCancelAndChangeNothing) {
     const RunResult result = dialog.Close(key);
     EXPECT_EQ(1, result.status) << key;
     EXPECT_EQ("", result.out);
-    EXPECT_TRUE(result.err.ends_with("pdeprint: canceled; nothing was printed or saved\n"))
-        << result.err;
+    EXPECT_THAT(result.err, EndsWith("pdeprint: canceled; nothing was printed or saved\n"));
     EXPECT_TRUE(fs::is_empty(folder.path())) << key;
   }
 }
@@ -251,8 +247,7 @@ TEST(Show, WithAlertSaysInAWindowTooWhyItCannotOpen) {
   EXPECT_EQ("Print\n", dialog.Title());
   const RunResult result = dialog.Close();
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(result.err.ends_with("pdeprint: cannot read /nowhere/printer.ppd: no such file\n"))
-      << result.err;
+  EXPECT_THAT(result.err, EndsWith("pdeprint: cannot read /nowhere/printer.ppd: no such file\n"));
 }
 
 TEST(Show, TabWalksAllControlsInACircle) {
@@ -277,7 +272,7 @@ TEST(Show, EditsTheNumberWithTheUsualKeys) {
   dialog.Press({"End", "ctrl+v"});
   RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.find("VQStartNumber=999\n") != std::string::npos) << result.out;
+  EXPECT_THAT(result.out, HasSubstr("VQStartNumber=999\n"));
 }
 
 TEST(Show, AMonochromePrinterHasBlackAlone) {
@@ -288,7 +283,7 @@ TEST(Show, AMonochromePrinterHasBlackAlone) {
   Dialog dialog({"--ticket", ticket}, kMonoPPD);
   const RunResult result = dialog.Close();
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
+  EXPECT_THAT(result.out, StartsWith(Report("Medium", "Medium", "Black", "1")));
 }
 
 TEST(Show, AnEndFromOutsideLeavesTheTicket) {
@@ -300,7 +295,7 @@ TEST(Show, AnEndFromOutsideLeavesTheTicket) {
     Dialog dialog({"--ticket", ticket.string(), "--snapshot", picture});
     dialog.Press({"space"});
     dialog.program().Signal(signal);
-    const RunResult result = dialog.program().Wait(20s);
+    const RunResult result = dialog.program().Wait(kPatience);
     EXPECT_FALSE(result.timed_out);
     EXPECT_EQ(128 + signal, result.status);
     EXPECT_EQ("", result.out);
@@ -318,10 +313,9 @@ TEST(Show, SavesTheTicketEvenIfThePictureCannotBeWritten) {
   dialog.Press({"space"});
   const RunResult result = dialog.Close();
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(result.err.find("pdeprint: cannot write " + picture + ": ") != std::string::npos)
-      << result.err;
-  EXPECT_TRUE(result.out.starts_with(Report("Medium", "Medium", "Black", "1"))) << result.out;
-  EXPECT_TRUE(ContentOf(ticket).find("<string>On</string>") != std::string::npos);
+  EXPECT_THAT(result.err, HasSubstr("pdeprint: cannot write " + picture + ": "));
+  EXPECT_THAT(result.out, StartsWith(Report("Medium", "Medium", "Black", "1")));
+  EXPECT_THAT(ContentOf(ticket), HasSubstr("<string>On</string>"));
 }
 
 TEST(Show, PrintsTheChoicesEvenIfTheTicketCannotBeWritten) {
@@ -331,8 +325,7 @@ TEST(Show, PrintsTheChoicesEvenIfTheTicketCannotBeWritten) {
   dialog.Press({"space"});
   const RunResult result = dialog.Close();
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(result.err.find("pdeprint: cannot write " + ticket + ": ") != std::string::npos)
-      << result.err;
+  EXPECT_THAT(result.err, HasSubstr("pdeprint: cannot write " + ticket + ": "));
   EXPECT_EQ(Report("Medium", "Medium", "Black", "1"), result.out);
 }
 
@@ -343,5 +336,5 @@ TEST(Show, FailsIfTheChoicesCannotBePrintedButSavesThem) {
   dialog.Press({"space"});
   const RunResult result = dialog.Close();
   EXPECT_EQ(1, result.status);
-  EXPECT_TRUE(ContentOf(ticket).find("<string>On</string>") != std::string::npos);
+  EXPECT_THAT(ContentOf(ticket), HasSubstr("<string>On</string>"));
 }

@@ -1,16 +1,19 @@
 // Taking and giving the PPD files of queues.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <functional>
 #include <thread>
 
 #include "host/cups/PrintServer.h"
+#include "tests/support/Patience.h"
 #include "tests/support/PrivateServer.h"
 #include "tests/support/SilentServer.h"
 #include "tests/support/TestPPD.h"
 
 using namespace std::chrono_literals;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -21,10 +24,6 @@ std::string LampText(const std::string &lines = "") {
       "*DefaultLamp: Dim\n*Lamp Dim/Dim: \"\"\n*Lamp Bright/Bright: \"\"\n"
       "*CloseUI: *Lamp\n" +
       lines);
-}
-
-bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
 }
 
 std::string Message(const std::optional<Failure> &failure) {
@@ -59,7 +58,7 @@ class ReplacePPD : public testing::Test {
   ServerEnvironment environment_{*server_};
 
  protected:
-  PrintServer print_server_{20s};
+  PrintServer print_server_{kPatience};
 };
 
 }  // namespace
@@ -85,7 +84,7 @@ TEST_F(ReplacePPD, AClassIsRefused) {
 
 TEST_F(ReplacePPD, AnUnknownQueueIsRefused) {
   AddQueue("Known");
-  EXPECT_TRUE(Holds(TextOf("Unknown"), "has no queue \"Unknown\"; there is "));
+  EXPECT_THAT(TextOf("Unknown"), HasSubstr("has no queue \"Unknown\"; there is "));
 }
 
 TEST_F(ReplacePPD, GivesTheQueueTheFile) {
@@ -102,7 +101,7 @@ TEST_F(ReplacePPD, AllElseOfTheQueueStays) {
                      .options = {{"job-sheets-default", "standard"}},
                      .rejecting = "Closed"});
   server().Run({"/usr/sbin/lpadmin", "-p", "Office", "-o", "Lamp=Bright"});
-  ASSERT_TRUE(Holds(TextOf("Office"), "*DefaultLamp: Bright\n")) << TextOf("Office");
+  ASSERT_THAT(TextOf("Office"), HasSubstr("*DefaultLamp: Bright\n")) << TextOf("Office");
   const std::string text = TextOf("Office") + "*Flag: \"new\"\n";
   EXPECT_EQ("", Message(print_server_.ReplacePPD("Office", text)));
   EXPECT_EQ(TextOf("Office"), text);
@@ -117,9 +116,8 @@ TEST_F(ReplacePPD, AllElseOfTheQueueStays) {
 TEST_F(ReplacePPD, AFileThatTheServerRefusesChangesNothing) {
   AddQueue("Same");
   const std::string failure = Message(print_server_.ReplacePPD("Same", "rubbish\n"));
-  EXPECT_TRUE(failure.starts_with("the print server " + server().address() +
-                                  " does not take the PPD file for Same: "))
-      << failure;
+  EXPECT_THAT(failure, StartsWith("the print server " + server().address() +
+                                  " does not take the PPD file for Same: "));
   EXPECT_EQ(TextOf("Same"), LampText());
 }
 
@@ -129,12 +127,12 @@ TEST(ReplacePPDServer, WithoutTheRightTheFailureSaysWhoHasIt) {
   const TemporaryFolder folder;
   server.AddQueue({.name = "Office", .ppd = folder.Write("a.ppd", LampText())});
   server.Restrict("CUPS-Add-Modify-Printer");
-  const PrintServer print_server(20s);
+  const PrintServer print_server(kPatience);
   std::string failure;
-  for (int i = 0; i < 500 && !Holds(failure, "Unauthorized"); ++i) {
+  Becomes([&] {
     failure = Message(print_server.ReplacePPD("Office", LampText()));
-    std::this_thread::sleep_for(20ms);
-  }
+    return failure.ends_with("run this as one");
+  });
   EXPECT_EQ(failure, "the print server " + server.address() +
                          " does not take the PPD file for Office: Unauthorized; only an "
                          "administrator of the print server may change a queue, run this as one");

@@ -1,10 +1,14 @@
 #include "host/enabling/Enabling.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "host/cups/PPDSource.h"
 #include "host/enabling/PPDText.h"
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 namespace {
 
@@ -26,10 +30,6 @@ DisabledPPD Disabled(std::string_view ppd) {
 std::string Refusal(std::string_view ppd, const PrinterOptions &options = MarkOptions()) {
   Expected<std::string> enabled = EnableOptions(ppd, {options});
   return enabled ? "" : enabled.message();
-}
-
-bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
 }
 
 std::string Replaced(std::string text, const std::string &what, const std::string &with) {
@@ -68,7 +68,7 @@ TEST(Enabling, TheFileBeforeTheBlockStaysAsItWas) {
        {PrinterText(), WithLineEnds(PrinterText(), "\r\n"), WithLineEnds(PrinterText(), "\r"),
         PrinterText("*% last line"), WithLineEnds(PrinterText("*% last line"), "\r\n"),
         PrinterText("*% \xE4\xF6\xFC in Latin 1\r\n\n\n")}) {
-    EXPECT_TRUE(Enabled(text).starts_with(text)) << text.substr(text.size() - 30);
+    EXPECT_THAT(Enabled(text), StartsWith(text)) << text.substr(text.size() - 30);
   }
 }
 
@@ -118,25 +118,25 @@ TEST(Enabling, KeepsTheBlocksOfOtherBundles) {
 TEST(Enabling, OrdersTheOptionsAfterAllOthers) {
   const std::string text = Enabled(PrinterText("*OrderDependency: 100 AnySetup *PageSize\n"),
                                    {OtherOptions(), MarkOptions()});
-  EXPECT_TRUE(Holds(text, "*OrderDependency: 101 AnySetup *Other\n"));
-  EXPECT_TRUE(Holds(text, "*OrderDependency: 102 AnySetup *MarkSize\n"));
-  EXPECT_TRUE(Holds(text, "*OrderDependency: 111 AnySetup *Mark\n"));
+  EXPECT_THAT(text, HasSubstr("*OrderDependency: 101 AnySetup *Other\n"));
+  EXPECT_THAT(text, HasSubstr("*OrderDependency: 102 AnySetup *MarkSize\n"));
+  EXPECT_THAT(text, HasSubstr("*OrderDependency: 111 AnySetup *Mark\n"));
 }
 
 TEST(Enabling, TranslatesForTheLanguagesOfTheFile) {
   const std::string text = Enabled(PrinterText("*cupsLanguages: \"en de_AT\"\n"));
-  EXPECT_TRUE(Holds(text, "*de_AT.Translation Mark/Zeichen: \"\"\n"));
-  EXPECT_FALSE(Holds(text, "*fr."));
+  EXPECT_THAT(text, HasSubstr("*de_AT.Translation Mark/Zeichen: \"\"\n"));
+  EXPECT_THAT(text, Not(HasSubstr("*fr.")));
 }
 
 TEST(Enabling, TranslatesForAllLanguagesWhereTheFileListsNone) {
   const std::string text = Enabled(PrinterText());
-  EXPECT_TRUE(Holds(text, "*de.Translation Mark/Zeichen: \"\"\n"));
-  EXPECT_TRUE(Holds(text, "*fr.Translation Mark/Marque: \"\"\n"));
+  EXPECT_THAT(text, HasSubstr("*de.Translation Mark/Zeichen: \"\"\n"));
+  EXPECT_THAT(text, HasSubstr("*fr.Translation Mark/Marque: \"\"\n"));
 }
 
 TEST(Enabling, MonochromePrintersHaveTheirOwnLines) {
-  EXPECT_FALSE(Holds(Enabled(TestPPD::Text(kMonoDevice)), "*de."));
+  EXPECT_THAT(Enabled(TestPPD::Text(kMonoDevice)), Not(HasSubstr("*de.")));
   EXPECT_EQ("the bundle Other brings no options for monochrome printers",
             Refusal(TestPPD::Text(kMonoDevice), OtherOptions()));
 }
@@ -152,7 +152,7 @@ TEST(Enabling, RefusesAPrinterThatDoesNotSayWhetherItHasColor) {
 }
 
 TEST(Enabling, RefusesWhatIsNoPPDFile) {
-  EXPECT_TRUE(Refusal("%PDF-1.7\n").starts_with("not a PPD file, or a damaged one: "));
+  EXPECT_THAT(Refusal("%PDF-1.7\n"), StartsWith("not a PPD file, or a damaged one: "));
   EXPECT_NE("", Refusal(""));
   EXPECT_EQ("not a PPD file, or a damaged one: Missing asterisk in column 1 on line 2",
             Refusal("*PPD-Adobe: \"4.3\"\nrubbish\n"));
@@ -186,10 +186,8 @@ TEST(Enabling, RefusesOptionsThatLibcupsDoesNotRead) {
   PrinterOptions options = MarkOptions();
   options.color = "*OpenUI *Mark/Mark: PickOne\nrubbish\n*CloseUI: *Mark\n";
   const std::string refusal = Refusal(PrinterText(), options);
-  EXPECT_TRUE(
-      refusal.starts_with("the options of the bundle Marks do not fit this file: Missing "
-                          "asterisk in column 1 on line 3"))
-      << refusal;
+  EXPECT_THAT(refusal, StartsWith("the options of the bundle Marks do not fit this file: Missing "
+                                  "asterisk in column 1 on line 3"));
   options.color = "*OpenUI *Mark/Mark: PickOne\n*Mark A: \"\"\n";
   EXPECT_NE("", Refusal(PrinterText(), options));
 }
@@ -208,8 +206,7 @@ TEST(Enabling, RefusesOptionsThatLibcupsReadsOtherwise) {
 
 TEST(Enabling, RefusesABlockThatWasEdited) {
   const std::string edited = Replaced(Enabled(PrinterText()), "*% END", "*% end");
-  EXPECT_TRUE(Holds(Refusal(edited), "there is no end to what begins on line 29"))
-      << Refusal(edited);
+  EXPECT_THAT(Refusal(edited), HasSubstr("there is no end to what begins on line 29"));
 }
 
 TEST(Disabling, AFileWithoutBlocksIsUnchanged) {
@@ -222,7 +219,7 @@ TEST(Disabling, RefusesABlockThatWasEdited) {
   Expected<DisabledPPD> disabled =
       DisableOptions(Replaced(Enabled(PrinterText()), "*% END", "*% end"));
   ASSERT_FALSE(disabled);
-  EXPECT_TRUE(Holds(disabled.message(), "there is no end to what begins on line 29"));
+  EXPECT_THAT(disabled.message(), HasSubstr("there is no end to what begins on line 29"));
 }
 
 TEST(Disabling, RefusesWhatIsNoPPDFile) { EXPECT_FALSE(DisableOptions("rubbish\n")); }

@@ -1,6 +1,9 @@
 #include "host/enabling/OptionBlocks.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -59,7 +62,7 @@ TEST(OptionBlocks, HaveTheLineEndsOfTheBase) {
   for (size_t at = dos.find('\n'); at != std::string::npos; at = dos.find('\n', at + 1)) {
     EXPECT_EQ('\r', dos[at - 1]) << at;
   }
-  EXPECT_EQ(std::string::npos, JoinBlocks({"a\rb\r", kBlocks}).find('\n'));
+  EXPECT_THAT(JoinBlocks({"a\rb\r", kBlocks}), Not(HasSubstr('\n')));
 }
 
 TEST(OptionBlocks, MayStandInTheMiddle) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
 
 namespace {
 

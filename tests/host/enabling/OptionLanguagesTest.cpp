@@ -1,8 +1,12 @@
 #include "host/enabling/OptionLanguages.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "tests/host/enabling/MarkOptions.h"
+#include "tests/support/MarkOptions.h"
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 namespace {
 
@@ -11,12 +15,8 @@ const std::string kAll = std::string(kMarkLines) + kMarkTranslations;
 // The translations that are left for these languages.
 std::string For(const std::string &languages, const std::string &lines = kAll) {
   const std::string result = InLanguages(languages, lines);
-  EXPECT_TRUE(result.starts_with(kMarkLines)) << result;
+  EXPECT_THAT(result, StartsWith(kMarkLines));
   return result.substr(std::min(sizeof kMarkLines - 1, result.size()));
-}
-
-bool Holds(const std::string &text, const std::string &part) {
-  return text.find(part) != std::string::npos;
 }
 
 std::string German(const std::string &language = "de") {
@@ -60,25 +60,25 @@ TEST(OptionLanguages, WhatIsListedAndIsNoLanguageIsLeftOut) {
 
 TEST(OptionLanguages, AnUnknownLanguageIsUntranslated) {
   const std::string lines = For("th");
-  EXPECT_TRUE(Holds(lines, Title("th", "Mark"))) << lines;
-  EXPECT_TRUE(Holds(lines, "*th.MarkSize Large/Large: \"\"\n")) << lines;
-  EXPECT_FALSE(Holds(lines, "*de.")) << lines;
+  EXPECT_THAT(lines, HasSubstr(Title("th", "Mark")));
+  EXPECT_THAT(lines, HasSubstr("*th.MarkSize Large/Large: \"\"\n"));
+  EXPECT_THAT(lines, Not(HasSubstr("*de.")));
 }
 
 TEST(OptionLanguages, ALanguageHasItsCommonRegion) {
   const std::string lines =
       kAll + Title("pt_BR", "B") + Title("pt_PT", "P") + Title("zh_CN", "C") + Title("zh_TW", "T");
-  EXPECT_TRUE(Holds(For("pt", lines), Title("pt", "P")));
-  EXPECT_TRUE(Holds(For("pt_BR", lines), Title("pt_BR", "B")));
-  EXPECT_TRUE(Holds(For("zh", lines), Title("zh", "C")));
-  EXPECT_TRUE(Holds(For("zh_TW", lines), Title("zh_TW", "T")));
+  EXPECT_THAT(For("pt", lines), HasSubstr(Title("pt", "P")));
+  EXPECT_THAT(For("pt_BR", lines), HasSubstr(Title("pt_BR", "B")));
+  EXPECT_THAT(For("zh", lines), HasSubstr(Title("zh", "C")));
+  EXPECT_THAT(For("zh_TW", lines), HasSubstr(Title("zh_TW", "T")));
 }
 
 TEST(OptionLanguages, OneRegionIsNotReadInAnother) {
   const std::string lines = kAll + Title("zh_CN", "C");
-  EXPECT_TRUE(Holds(For("zh_TW", lines), Title("zh_TW", "Mark")));
+  EXPECT_THAT(For("zh_TW", lines), HasSubstr(Title("zh_TW", "Mark")));
 }
 
 TEST(OptionLanguages, NorwegianHasTwoNames) {
-  EXPECT_TRUE(Holds(For("no", kAll + Title("nb", "N")), Title("no", "N")));
+  EXPECT_THAT(For("no", kAll + Title("nb", "N")), HasSubstr(Title("no", "N")));
 }

@@ -1,9 +1,13 @@
 #include "host/extension/BundlePrinterOptions.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/support/ObjCTest.h"
+
+using testing::StartsWith;
 
 namespace {
 
@@ -31,7 +35,7 @@ class OptionsBundle : public BundleFolder {
     if (options) return "";
     const std::string start =
         "the bundle " + path().string() + " cannot give its printer options: ";
-    EXPECT_TRUE(options.message().starts_with(start)) << options.message();
+    EXPECT_THAT(options.message(), StartsWith(start));
     return options.message().substr(std::min(start.size(), options.message().size()));
   }
 };
@@ -59,7 +63,7 @@ OBJC_TEST(BundlePrinterOptions, AreThoseOfTheResourcesThatTheBundleNames) {
   Expected<std::optional<PrinterOptions>> options = bundle.Options();
   ASSERT_TRUE(options) << options.message();
   ASSERT_TRUE(*options);
-  EXPECT_TRUE((*options)->bundle.starts_with("test.extension."));
+  EXPECT_THAT((*options)->bundle, StartsWith("test.extension."));
   EXPECT_EQ("Opts", (*options)->name);
   EXPECT_EQ("Test", (*options)->support_keyword);
   EXPECT_EQ("yes", (*options)->support_value);

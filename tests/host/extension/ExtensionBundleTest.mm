@@ -1,9 +1,13 @@
 #include "host/extension/ExtensionBundle.h"
 
+#include <gmock/gmock.h>
+
 #include "host/job/JobTicket.h"
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
+
+using testing::StartsWith;
 
 namespace {
 
@@ -16,7 +20,7 @@ std::string LoadFailure(const std::filesystem::path &path) {
   Expected<ExtensionBundle> bundle = ExtensionBundle::Load(path);
   if (bundle) return "";
   const std::string start = "cannot load bundle " + path.string() + ": ";
-  EXPECT_TRUE(bundle.message().starts_with(start)) << bundle.message();
+  EXPECT_THAT(bundle.message(), StartsWith(start));
   return bundle.message().substr(start.size());
 }
 

@@ -3,9 +3,9 @@
 #include "host/extension/ExtensionBundle.h"
 #include "host/job/JobTicket.h"
 #import "tests/host/extension/PlainPanel.h"
-#include "tests/host/extension/TwoPanelsRun.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
+#include "tests/support/TwoPanelsRun.h"
 
 namespace {
 

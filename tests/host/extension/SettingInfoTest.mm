@@ -1,8 +1,12 @@
 #include "host/extension/SettingInfo.h"
 
+#include <gmock/gmock.h>
+
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/support/ObjCTest.h"
 #import "tests/support/TestBundle.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -166,6 +170,6 @@ OBJC_TEST(SettingsOfBundle, CannotBeToldFromValuesOfTheWrongKind) {
        ]) {
     InfoBundle folder(info);
     const std::string reason = ReasonAgainst(Bundle(folder));
-    EXPECT_NE(std::string::npos, reason.find(folder.path().string())) << reason;
+    EXPECT_THAT(reason, HasSubstr(folder.path().string()));
   }
 }

@@ -1,5 +1,7 @@
 #include "host/job/JobTicket.h"
 
+#include <gmock/gmock.h>
+
 #include <sys/stat.h>
 
 #include "tests/support/LeakCheckingPause.h"
@@ -7,6 +9,8 @@
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -47,7 +51,7 @@ std::string ReasonAgainst(const std::string &content) {
   Expected<PrintSettings> settings = ReadTicket(file);
   if (settings) return "";
   const std::string start = "cannot read ticket " + file.string() + ": ";
-  EXPECT_TRUE(settings.message().starts_with(start)) << settings.message();
+  EXPECT_THAT(settings.message(), StartsWith(start));
   return settings.message().substr(start.size());
 }
 
@@ -132,9 +136,9 @@ OBJC_TEST(JobTicket, WritesAnXmlPropertyList) {
   const fs::path file = folder.path() / "ticket.plist";
   ASSERT_FALSE(WriteTicket(file, SettingsWith(@{@"key" : @"value"}).get()));
   const std::string content = ContentOf(file);
-  EXPECT_TRUE(content.starts_with("<?xml")) << content;
-  EXPECT_NE(std::string::npos, content.find("<key>key</key>")) << content;
-  EXPECT_NE(std::string::npos, content.find("<string>value</string>")) << content;
+  EXPECT_THAT(content, StartsWith("<?xml"));
+  EXPECT_THAT(content, HasSubstr("<key>key</key>"));
+  EXPECT_THAT(content, HasSubstr("<string>value</string>"));
 }
 
 OBJC_TEST(JobTicket, SaysWhereItCannotBeWritten) {
@@ -154,7 +158,7 @@ OBJC_TEST(JobTicket, RefusesWhatIsNoPropertyList) {
         whole.substr(0, whole.find("Large")), whole.substr(0, whole.find("<dict>")),
         Xml("<dict><key>VQBNSize</key><string>\xff</string></dict>"),
         Xml("<dict><key>VQBNSize</dict></key>")}) {
-    EXPECT_TRUE(ReasonAgainst(content).starts_with("not a property list: ")) << content;
+    EXPECT_THAT(ReasonAgainst(content), StartsWith("not a property list: ")) << content;
   }
 }
 
@@ -163,7 +167,7 @@ OBJC_TEST(JobTicket, RefusesFormatsWhoseNestingIsNotSeen) {
   LeakCheckingPause pause;  // the platform's parser gives up without cleaning up
   const std::string old_style =
       "/* <plist */ { a = " + std::string(101, '(') + std::string(101, ')') + "; }";
-  EXPECT_TRUE(ReasonAgainst(old_style).starts_with("not a property list: "));
+  EXPECT_THAT(ReasonAgainst(old_style), StartsWith("not a property list: "));
 }
 
 // In the encoding that is named, a text may be markup that nobody has looked at.
@@ -235,6 +239,18 @@ OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
   NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, @"e" : half};
   const JobOptions expected = {{"a", "b"}};
   EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
+}
+
+OBJC_TEST(JobTicket, TextsThatTheProtocolHasNoRoomForAreNoOptions) {
+  NSString *fits = [@"" stringByPaddingToLength:32767 withString:@"x" startingAtIndex:0];
+  NSString *too_long = [fits stringByAppendingString:@"x"];
+  NSString *too_long_in_utf8 = [@"" stringByPaddingToLength:16384
+                                                 withString:@"\u00e4"
+                                            startingAtIndex:0];
+  NSDictionary *values = @{@"a" : fits, @"b" : too_long, @"c" : too_long_in_utf8};
+  const JobOptions expected = {{"a", [fits UTF8String]}};
+  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
+  EXPECT_EQ((std::vector<std::string>{"b", "c"}), TextsThatAreNoOptions(values));
 }
 
 OBJC_TEST(JobTicket, NamesThatWouldBeReadAsSomethingElseAreNoOptions) {

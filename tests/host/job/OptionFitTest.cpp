@@ -1,9 +1,11 @@
 #include "host/job/OptionFit.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/TestPPD.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -119,6 +121,6 @@ TEST_F(OptionFit, PrinterSpecificOptionsThatThePrinterLacksDoNotFit) {
 TEST_F(OptionFit, ReasonsAreOneShortLine) {
   const Lines lines = Unfit({{"Duplex", "a\nb" + std::string(100, 'x')}});
   ASSERT_EQ(1u, lines.size());
-  EXPECT_NE(std::string::npos, lines[0].find(": this printer has no Duplex \"a b" +
-                                             std::string(37, 'x') + "...\"; it"));
+  EXPECT_THAT(lines[0],
+              HasSubstr(": this printer has no Duplex \"a b" + std::string(37, 'x') + "...\"; it"));
 }

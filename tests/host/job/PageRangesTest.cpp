@@ -1,6 +1,9 @@
 #include "host/job/PageRanges.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+using testing::EndsWith;
+using testing::StartsWith;
 
 namespace {
 
@@ -100,8 +103,8 @@ TEST(PageRanges, CanBeMany) {
   for (int page = 9999; page > 0; page -= 2) typed += std::to_string(page) + ",";
   typed.pop_back();
   const std::string value = Pages(typed);
-  EXPECT_TRUE(value.starts_with("1,3,5,7,"));
-  EXPECT_TRUE(value.ends_with(",9997,9999"));
+  EXPECT_THAT(value, StartsWith("1,3,5,7,"));
+  EXPECT_THAT(value, EndsWith(",9997,9999"));
 }
 
 TEST(Copies, AreAWholeNumber) {

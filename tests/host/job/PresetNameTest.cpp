@@ -1,10 +1,13 @@
 #include "host/job/PresetName.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <climits>
 #include <vector>
+
+using testing::EndsWith;
+using testing::HasSubstr;
 
 namespace {
 
@@ -34,7 +37,7 @@ TEST(PresetName, RefusesNoName) {
 
 TEST(PresetName, RefusesBlanksAtEitherEnd) {
   for (const char *name : {" ", " a", "a ", "\u00A0a", "a\u2003", "\u3000"}) {
-    EXPECT_TRUE(ReasonAgainst(name).ends_with("begins or ends with a blank; leave it out"))
+    EXPECT_THAT(ReasonAgainst(name), EndsWith("begins or ends with a blank; leave it out"))
         << '"' << name << '"';
   }
 }
@@ -51,14 +54,14 @@ TEST(PresetName, RefusesControlCharacters) {
   using namespace std::string_view_literals;
   for (const std::string_view name :
        {"a\nb"sv, "a\tb"sv, "a\x01"sv, "\x1F"sv, "a\0b"sv, "a\x7F"sv, "a\u0080"sv, "\u009Fa"sv}) {
-    EXPECT_NE(std::string::npos, ReasonAgainst(name).find("control characters; leave them out"))
+    EXPECT_THAT(ReasonAgainst(name), HasSubstr("control characters; leave them out"))
         << testing::PrintToString(name);
   }
 }
 
 TEST(PresetName, RefusesWhatIsNotUtf8) {
   for (const char *name : {"\xFC", "a\xC3", "\xC0\xAF", "\xED\xA0\x80", "a\xFFz"}) {
-    EXPECT_TRUE(ReasonAgainst(name).ends_with("the name is not UTF-8; choose another one")) << name;
+    EXPECT_THAT(ReasonAgainst(name), EndsWith("the name is not UTF-8; choose another one")) << name;
   }
 }
 
@@ -66,9 +69,9 @@ TEST(PresetName, RefusesANameWhoseFilesNameWouldBeTooLong) {
   const std::string too_long = "the name is too long for a file; choose a shorter one";
   const std::string longest(NAME_MAX - 6, 'n');
   EXPECT_EQ("", ReasonAgainst(longest));
-  EXPECT_TRUE(ReasonAgainst(longest + 'n').ends_with(too_long));
+  EXPECT_THAT(ReasonAgainst(longest + 'n'), EndsWith(too_long));
   EXPECT_EQ("", ReasonAgainst(std::string(83, '/')));
-  EXPECT_TRUE(ReasonAgainst(std::string(84, '/')).ends_with(too_long));
+  EXPECT_THAT(ReasonAgainst(std::string(84, '/')), EndsWith(too_long));
 }
 
 TEST(PresetName, FilesNameIsTheNameWithWhatAPathCannotHoldEscaped) {

@@ -1,5 +1,6 @@
 // Presets as tickets: read, damaged, and written by programs that end in the middle of it.
 
+#include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -19,6 +20,7 @@
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
+using testing::StartsWith;
 
 namespace {
 
@@ -111,8 +113,8 @@ OBJC_TEST(PresetWriting, DamagedPresetIsReportedWithItsPathAndStays) {
     preset.folder.Write(preset.path, damaged);
     Expected<PrintSettings> settings = ReadTicket(preset.store.Find("draft")->path);
     ASSERT_FALSE(settings);
-    EXPECT_TRUE(settings.message().starts_with("cannot read ticket " + preset.path.string() + ": "))
-        << settings.message();
+    EXPECT_THAT(settings.message(),
+                StartsWith("cannot read ticket " + preset.path.string() + ": "));
     EXPECT_EQ(1u, CountOfNames(preset.store));
     EXPECT_EQ(damaged, ContentOf(preset.path));
   }

@@ -1,13 +1,16 @@
 // Print-settings calls that fail, each in its turn, while a job is made up, and settings that an
 // extension has locked.
 
+#include <gmock/gmock.h>
+
 #include "host/session/JobSession.h"
-#include "tests/host/extension/TwoPanelsRun.h"
 #include "tests/support/Interposed.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
+#include "tests/support/TwoPanelsRun.h"
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
 
 namespace {
 
@@ -220,7 +223,7 @@ OBJC_TEST(JobSessionFaults, ALockedKeyStaysAsItIsAndChoicesForItAreToldOf) {
       for (const std::string &key : Differences(whole.printed, life.outcome.printed)) {
         EXPECT_EQ(0u, life.failed().find("set " + key + "=")) << key;
         if (kPreset.contains(key)) {
-          EXPECT_NE(std::string::npos, life.outcome.told.find(key)) << life.outcome.told;
+          EXPECT_THAT(life.outcome.told, HasSubstr(key));
         }
       }
     }

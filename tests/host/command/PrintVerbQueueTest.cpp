@@ -1,0 +1,138 @@
+// `pdeprint print`: the queue, and what it gives its jobs.
+
+#include <gmock/gmock.h>
+
+#include "tests/host/command/PrintingProgram.h"
+#include "tests/support/TestPPD.h"
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+// Shows a difference of jobs that were sent otherwise alike.
+Attributes WhatTheUserAskedFor(Attributes attributes) {
+  std::erase_if(attributes, [](const auto &attribute) {
+    for (const char *of_the_job : {"job-id", "job-uri", "job-uuid", "job-more-info", "time-at-",
+                                   "date-time-at-", "job-printer-up-time", "VQ"}) {
+      if (attribute.first.starts_with(of_the_job)) return true;
+    }
+    return false;
+  });
+  return attributes;
+}
+
+}  // namespace
+
+TEST_F(PrintVerb, PrintsOnTheDefaultQueueOfTheServer) {
+  EXPECT_EQ(JobSaidIn(Run({"print", file_}), "Office"), NewestJob());
+}
+
+TEST_F(PrintVerb, TheUsersDefaultQueueGoesBeforeTheServersAndTheEnvironmentsBeforeAll) {
+  WriteLpoptions("Default Bare\n");
+  JobSaidIn(Run({"print", file_}), "Bare");
+  JobSaidIn(Run({"print", file_}, {{"LPDEST", "Mono"}}), "Mono");
+}
+
+TEST_F(PrintVerb, ADefaultQueueThatIsNotThereIsNamed) {
+  const std::string message = Refusal(1, {file_}, {{"LPDEST", "Absent"}});
+  EXPECT_THAT(message, StartsWith("pdeprint: no default queue on the print server " +
+                                  server().address() + ": LPDEST environment variable "));
+  EXPECT_THAT(message, HasSubstr("; there is Bare, Mono, Office, "));
+}
+
+TEST_F(PrintVerb, AnInstancePrintsOnItsQueueWithItsOptions) {
+  WriteLpoptions("Dest Office/draft VQBNDensity=Light number-up=4\n");
+  const Attributes job =
+      server().JobAttributes(JobSaidIn(PrintOn("Office/draft", {"--set", "Valid=On"}), "Office"));
+  EXPECT_THAT(job.at("job-printer-uri"), EndsWith("/printers/Office"));
+  EXPECT_EQ(job.at("VQBackgroundNumbering"), "On");
+  EXPECT_EQ(job.at("VQBNDensity"), "Light");
+  EXPECT_EQ(job.at("number-up"), "4");
+}
+
+TEST_F(PrintVerb, PrintsOnAClassWithTheSettingsOfItsPrinters) {
+  const TemporaryFolder folder;
+  server().AddQueue({.name = "Member",
+                     .ppd = folder.Write("color.ppd", NumberingPPDText(/*color=*/true)),
+                     .stopped = "Paused"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "Member", "-c", "Team"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "Team", "-E"});
+  const Attributes job = JobOn("Team", {"--set", "Valid=On", "--set", "StartNumber=7"});
+  EXPECT_EQ(job.at("VQBackgroundNumbering"), "On");
+  EXPECT_EQ(job.at("VQStartNumber"), "7");
+}
+
+TEST_F(PrintVerb, TheUsersAndTheServersOptionsAreSentAsLpSendsThem) {
+  const TemporaryFolder folder;
+  server().AddQueue({.name = "Defaults",
+                     .ppd = folder.Write("color.ppd", NumberingPPDText(/*color=*/true)),
+                     .options = {{"number-up-default", "2"}, {"copies-default", "3"}},
+                     .stopped = "Paused"});
+  WriteLpoptions(
+      "Dest Defaults copies=4 InputSlot=Tray1 page-border=single sides=two-sided-long-edge\n");
+  server().Run({"lp", "-d", "Defaults", "-o", "VQBNSize=Large", file_});
+  const Attributes of_lp = WhatTheUserAskedFor(server().JobAttributes(NewestJob()));
+  EXPECT_EQ(of_lp.at("copies"), "4");
+  EXPECT_EQ(of_lp.at("InputSlot"), "Tray1");
+  EXPECT_EQ(WhatTheUserAskedFor(JobOn("Defaults", {"--set", "Size=Large"})), of_lp);
+}
+
+TEST_F(PrintVerb, TheTicketGoesBeforeTheUsersAndTheServersOptions) {
+  const TemporaryFolder folder;
+  server().AddQueue({.name = "Given",
+                     .ppd = folder.Write("color.ppd", NumberingPPDText(/*color=*/true)),
+                     .options = {{"number-up-default", "2"},
+                                 {"copies-default", "3"},
+                                 {"VQBNSize", "Large"},
+                                 {"VQBackgroundNumbering", "On"}},
+                     .stopped = "Paused"});
+  WriteLpoptions(
+      "Dest Given VQBNDensity=Dark VQStartNumber=7 InputSlot=Tray1 page-border=single\n");
+  const Attributes given = JobOn("Given");
+  EXPECT_EQ(given.at("VQBNSize"), "Large");
+  EXPECT_EQ(given.at("VQBackgroundNumbering"), "On");
+  EXPECT_EQ(given.at("VQBNDensity"), "Dark");
+  EXPECT_EQ(given.at("VQStartNumber"), "7");
+  const Attributes job = JobOn("Given", {"--ticket", Ticket({{"VQBNSize", "Small"},
+                                                             {"VQBackgroundNumbering", "Off"},
+                                                             {"VQBNDensity", "Light"},
+                                                             {"VQStartNumber", "8"},
+                                                             {"InputSlot", "Manual"},
+                                                             {"page-border", "none"},
+                                                             {"number-up", "1"},
+                                                             {"copies", "1"}})});
+  EXPECT_EQ(job.at("VQBNSize"), "Small");
+  EXPECT_EQ(job.at("VQBackgroundNumbering"), "Off");
+  EXPECT_EQ(job.at("VQBNDensity"), "Light");
+  EXPECT_EQ(job.at("VQStartNumber"), "8");
+  EXPECT_EQ(job.at("InputSlot"), "Manual");
+  EXPECT_EQ(job.at("page-border"), "none");
+  EXPECT_EQ(job.at("number-up"), "1");
+  EXPECT_EQ(job.at("copies"), "1");
+}
+
+TEST_F(PrintVerb, AUsersOptionThatThePanelDoesNotAllowIsNotSent) {
+  WriteLpoptions("Dest Office VQStartNumber=1000 VQBNColor=Purple\n");
+  const Attributes job = JobOn("Office", {"--set", "Valid=On"});
+  EXPECT_EQ(job.at("VQStartNumber"), "1");
+  EXPECT_EQ(job.at("VQBNColor"), "Black");
+}
+
+TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {
+  const Attributes job = JobOn("Bare", {"-n", "2"});
+  EXPECT_EQ(job.at("copies"), "2");
+  EXPECT_FALSE(job.contains("VQBackgroundNumbering"));
+}
+
+TEST_F(PrintVerb, SettingsOfATicketThatAQueueWithoutAPPDDoesNotHaveAreLeftOutWithANote) {
+  const RunResult result =
+      PrintOn("Bare", {"--ticket", Ticket({{"VQBackgroundNumbering", "On"}, {"number-up", "2"}})});
+  EXPECT_EQ(result.err,
+            "pdeprint: note: VQBackgroundNumbering \"On\" does not fit: this printer has no "
+            "VQBackgroundNumbering\n");
+  const Attributes job = server().JobAttributes(JobSaidIn(result, "Bare"));
+  EXPECT_FALSE(job.contains("VQBackgroundNumbering"));
+  EXPECT_EQ(job.at("number-up"), "2");
+}

@@ -1,0 +1,90 @@
+// The display that the tests of one run of ctest share.
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <set>
+#include <sstream>
+
+#include "tests/support/Patience.h"
+#include "tests/support/RunProgram.h"
+
+using testing::StartsWith;
+
+namespace {
+
+const std::string kScript = SOURCE_DIRECTORY "/scripts/lib/on-shared-display";
+
+// Runs lines in a shell, which is the parent of what they call; `share` shows a display's number.
+std::vector<std::string> Shell(const std::string &lines) {
+  return {"bash", "-c", "share() { " + kScript + " \"$1\" sh -c 'echo $DISPLAY'; }\n" + lines};
+}
+
+std::vector<std::string> LinesOf(const RunResult &result) {
+  EXPECT_EQ(0, result.status) << result.err;
+  std::istringstream text(result.out);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
+
+bool IsUp(const std::string &display) {
+  return RunProgram({"xprop", "-display", display, "-root", "_NET_SUPPORTED"}).status == 0;
+}
+
+void ExpectEnds(const std::string &display) {
+  EXPECT_THAT(display, StartsWith(":"));
+  EXPECT_TRUE(Becomes([&display] { return !IsUp(display); })) << display << " stays";
+}
+
+}  // namespace
+
+TEST(SharedDisplay, IsOneForAllCommandsOfAParentAndEndsWithIt) {
+  const auto displays = LinesOf(RunProgram(Shell("share a\nshare a & share a & wait")));
+  ASSERT_EQ(3u, displays.size());
+  EXPECT_EQ(displays[0], displays[1]);
+  EXPECT_EQ(displays[0], displays[2]);
+  ExpectEnds(displays[0]);
+}
+
+TEST(SharedDisplay, IsAnotherUnderAnotherNameAndForAnotherParent) {
+  const auto displays = LinesOf(RunProgram(Shell("share a\nshare b\n(share a; true)")));
+  ASSERT_EQ(3u, displays.size());
+  EXPECT_EQ(3u, (std::set<std::string>(displays.begin(), displays.end()).size()));
+  for (const std::string &display : displays) ExpectEnds(display);
+}
+
+TEST(SharedDisplay, EndsWithAParentThatIsKilledAndSoDoTheCommandsOnIt) {
+  const TemporaryFolder folder;
+  const std::string seen = folder.path() / "seen";
+  RunningProgram parent({"bash", "-c",
+                         kScript +
+                             " a sh -c 'echo $DISPLAY $$ >\"$0.new\"; mv \"$0.new\" \"$0\"; "
+                             "exec sleep 1000' " +
+                             seen + "\ntrue"});
+  ASSERT_TRUE(Becomes([&seen] { return std::filesystem::exists(seen); }));
+  std::istringstream line(ContentOf(seen));
+  std::string display;
+  pid_t command = 0;
+  line >> display >> command;
+  EXPECT_TRUE(IsUp(display));
+  parent.Signal(SIGKILL);
+  parent.Wait();
+  ExpectEnds(display);
+  EXPECT_TRUE(Becomes([command] { return kill(command, 0) != 0; }));
+}
+
+TEST(SharedDisplay, IsStartedAnewWhereItHasEndedByItself) {
+  const auto displays = LinesOf(RunProgram(
+      Shell("share a\nread -r display folder keeper </tmp/numbering-display.$$.*.a/display\n"
+            "kill $keeper\nwhile [ -e $folder ]; do sleep 0.05; done\nshare a")));
+  ASSERT_EQ(2u, displays.size());
+  ExpectEnds(displays[1]);
+}
+
+TEST(SharedDisplay, AnswersWhatTheCommandDoes) {
+  const RunResult result =
+      RunProgram({"bash", "-c", kScript + " a sh -c 'echo said; exit 7'; exit $?"});
+  EXPECT_EQ(7, result.status);
+  EXPECT_EQ("said\n", result.out);
+}
