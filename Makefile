@@ -24,7 +24,7 @@ lint: ## check formatting, spelling and scripts, and run the static analyzer
 asan: ## all tests under the address and undefined-behaviour sanitizers, with leak checking
 	@scripts/test asan
 
-tsan: ## all tests under the thread sanitizer
+tsan: ## the tests of pdeprint under the thread sanitizer
 	@scripts/test tsan
 
 coverage: ## all tests, and how much of each folder's sources they reach
