@@ -1,7 +1,7 @@
 # Names for the workflows of CMakePresets.json and the scripts; all work is done there.
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test build fmt lint asan fuzz macos-check sweep soak bench packages packages-test systems-test clean
+.PHONY: help demo test build fmt lint asan tsan coverage fuzz macos-check sweep soak bench packages packages-test systems-test clean
 
 help: ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 24
@@ -18,11 +18,17 @@ build: ## build only, into build/dev
 fmt: ## format all sources
 	@scripts/format
 
-lint: ## check formatting and run the static analyzer
+lint: ## check formatting, spelling and scripts, and run the static analyzer
 	@scripts/lint
 
 asan: ## all tests under the address and undefined-behaviour sanitizers, with leak checking
 	@scripts/test asan
+
+tsan: ## the tests of pdeprint under the thread sanitizer
+	@scripts/test tsan
+
+coverage: ## all tests, and how much of each folder's sources they reach
+	@scripts/coverage
 
 fuzz: ## arbitrary input for a while, under the sanitizers: make fuzz SECONDS=60
 	@scripts/fuzz $(SECONDS)

@@ -1,7 +1,7 @@
 # GNUstep: target Platform::Cocoa with the flags that gnustep-config answers, and the layout of bundles
 # that its NSBundle reads.
 #
-# The headers become system headers, so that our own warnings can be errors; optimisation, debugging
+# The headers become system headers, so that our own warnings can be errors; optimization, debugging
 # and warning flags stay with the presets.
 
 include(CheckSourceCompiles)

@@ -46,7 +46,8 @@ Translation TranslationIn(const fs::path &folder) {
 }
 
 void UseLanguageOfUser() {
-  static Translation translation;
+  // Never destroyed: a task that was left behind may ask for texts while the program ends.
+  static Translation &translation = *new Translation;
   for (const fs::path &folder : StringsFolders()) {
     translation = TranslationIn(folder);
     if (!translation.empty()) break;

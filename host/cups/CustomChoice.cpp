@@ -21,7 +21,7 @@ struct Unit {
 constexpr Unit kUnits[] = {{"", 1},           {"pt", 1},         {"in", 72},        {"ft", 12 * 72},
                            {"mm", 72 / 25.4}, {"cm", 72 / 2.54}, {"m", 72 / 0.0254}};
 
-// Limits are given in points and sizes mostly in millimetres.
+// Limits are given in points and sizes mostly in millimeters.
 constexpr double kTolerance = 0.5;
 
 // Takes a number from the front of the text.

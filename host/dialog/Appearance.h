@@ -6,7 +6,7 @@
 #import <Cocoa/Cocoa.h>
 
 /// Makes a light look the default of this process; what the user has set for themselves wins. On
-/// the platform's own gray, greyed captions of extension panels could not be seen at all, and
+/// the platform's own gray, grayed captions of extension panels could not be seen at all, and
 /// hardly on a lighter one: they are drawn in light gray, which becomes a darker gray here. Call
 /// before the application object exists.
 void UseLightAppearance();

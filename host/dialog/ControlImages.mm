@@ -50,9 +50,8 @@ void DrawLine(NSColor *color, CGFloat width, std::initializer_list<NSPoint> poin
   (void)representation;
   NSColor *const accent = [NSColor colorWithCalibratedRed:0.10 green:0.35 blue:0.75 alpha:1];
   DrawBox(accent, accent);
-  DrawLine([NSColor whiteColor], 2, {
-    {4.3, 7.6}, {6.7, 5.1}, { 10.8, 10.2 }
-  });
+  const std::initializer_list<NSPoint> mark = {{4.3, 7.6}, {6.7, 5.1}, {10.8, 10.2}};
+  DrawLine([NSColor whiteColor], 2, mark);
 }
 
 - (void)drawArrow:(NSCustomImageRep *)representation {

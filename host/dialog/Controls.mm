@@ -8,7 +8,7 @@
 namespace {
 const CGFloat kTextInset = 4;     // of a text in its field, at each side
 const CGFloat kButtonInset = 12;  // of a title in its button
-}
+}  // namespace
 
 @implementation FlippedView
 

@@ -104,7 +104,7 @@ build() {
   local log=$project/build/$preset.log
   [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || tests=OFF
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" -D BUILD_TESTING=$tests &&
+  (cd "$project" && cmake --preset "$preset" -D BUILD_TESTING="$tests" &&
     cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"

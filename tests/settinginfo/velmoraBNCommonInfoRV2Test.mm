@@ -265,9 +265,8 @@ OBJC_TEST(CommonInfoLookup, ResolvesSectionAndEntryOneAfterTheOther) {
 }
 
 OBJC_TEST(CommonInfoLookup, PanelKindIsNotTheEntryIDOfASectionPanelKind) {
-  Job job(
-      kColorDevice,
-      @{@"PanelKind" : @{@"ID" : @"kind"}});
+  NSDictionary *const section = @{@"ID" : @"kind"};
+  Job job(kColorDevice, @{@"PanelKind" : section});
   EXPECT_EQUAL_OBJECTS(nil, [job.info() panelKindID]);
 }
 

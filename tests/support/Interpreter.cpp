@@ -224,9 +224,8 @@ Interpretation Interpret(const std::string &postscript, int dots_per_inch) {
     result.pages.clear();
     return result;
   }
-  const size_t copies = result.pages.empty() ? 0 : pictures.size() / result.pages.size();
   for (size_t at = 0; at < pictures.size(); ++at) {
-    PrintedPage &page = result.pages[at / copies];
+    PrintedPage &page = result.pages[at * result.pages.size() / pictures.size()];
     page.width = pictures[at].width() * 72.0 / dots_per_inch;
     page.height = pictures[at].height() * 72.0 / dots_per_inch;
     page.pictures.push_back(std::move(pictures[at]));

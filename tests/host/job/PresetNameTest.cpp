@@ -19,10 +19,12 @@ std::string ReasonAgainst(std::string_view name) {
 
 // Names of every kind that a preset can have.
 const std::vector<std::string> kNames = {
-    "a",   "A",           "Two words",  "Entwurf für Zürich", "日本 😀", "a/b",  "/",
-    "..",  ".hidden",     "half.",      "a.b.plist",          ".plist", "100%", "%2F",
-    "%25", "%",           "\"quoted\"", "back\\slash",        "-",      "~",    "*?",
-    "¿¡",  "Last Used 2",
+    "a",           "A",         "Two words", "Entwurf für Zürich",
+    "a/b",         "/",         "..",        ".hidden",
+    "half.",       "a.b.plist", ".plist",    "100%",
+    "%2F",         "%25",       "%",         "\"quoted\"",
+    "back\\slash", "-",         "~",         "*?",
+    "Last Used 2", "¿¡",        "日本 😀",
 };
 
 }  // namespace
