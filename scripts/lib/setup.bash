@@ -99,12 +99,12 @@ use_build_folder() {
 # they are built with is not installed.
 #   build PRESET [TARGET...]
 build() {
-  local preset=$1 tests=ON
+  local preset=$1 untested=
   use_build_folder "$preset"
   local log=$project/build/$preset.log
-  [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || tests=OFF
+  [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || untested=1
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" -D BUILD_TESTING=$tests &&
+  (cd "$project" && cmake --preset "$preset" ${untested:+-D BUILD_TESTING=OFF} &&
     cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"
