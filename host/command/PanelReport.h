@@ -12,8 +12,8 @@ struct PanelReport {
   std::string panel;                                         // its localized name
   std::vector<std::pair<std::string, std::string>> summary;  // titles and values, in display order
   std::map<std::string, std::string> options;                // job options
-  std::string ticket;                                        // the file written; empty: none
-  std::string snapshot;                                      // likewise
+  std::string ticket = {};                                   // the file written; empty: none
+  std::string snapshot = {};                                 // likewise
 
   std::string Text() const;
   // {"panel", "summary": [{"title", "value"}...], "options": {name: value...}, "ticket"}; ticket is

@@ -29,8 +29,8 @@ struct RunOptions {
 struct RunResult {
   int status = -1;  // exit status; 128 and the number of the signal that ended it
   bool timed_out = false;
-  std::string out;
-  std::string err;
+  std::string out = {};
+  std::string err = {};
 };
 
 // A program that has been started. It is killed with the object.
