@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/host/command/BuiltProgram.h"
+#include "tests/support/TestPPD.h"
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;

@@ -4,6 +4,7 @@
 
 #include "tests/host/cups/ServedPrintServer.h"
 
+namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 TEST_F(PrintServerTest, ThePPDFileOfAQueueIsTheServers) {

@@ -62,7 +62,7 @@ TEST(OptionBlocks, HaveTheLineEndsOfTheBase) {
   for (size_t at = dos.find('\n'); at != std::string::npos; at = dos.find('\n', at + 1)) {
     EXPECT_EQ('\r', dos[at - 1]) << at;
   }
-  EXPECT_THAT(JoinBlocks({"a\rb\r", kBlocks}), Not(HasSubstr('\n')));
+  EXPECT_THAT(JoinBlocks({"a\rb\r", kBlocks}), Not(HasSubstr("\n")));
 }
 
 TEST(OptionBlocks, MayStandInTheMiddle) {

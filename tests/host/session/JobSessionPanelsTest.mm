@@ -81,6 +81,19 @@ OBJC_TEST(JobSession, LoadsWhatThePPDNames) {
   EXPECT_EQ((Names{"First", "Second", "Background Numbering"}), PanelNames(session));
 }
 
+OBJC_TEST(JobSession, TakesAwayBadValuesBeforePanelsAreMade) {
+  const BundleFolder folder("NSExecutable = Test; NSPrincipalClass = HostTestKeepsHost;");
+  folder.AddLibrary();
+  Bundles bundles("", folder.path());
+  JobSession session(bundles.extensions);
+  NSDictionary *values = @{@"Duplex" : @[ @5 ], @"MediaType" : @{}, @"VQStartNumber" : @25};
+  session.UseSettings(SettingsWith(values));
+  EXPECT_EQ((Notes{"Duplex does not fit: its value is no text",
+                   "MediaType does not fit: its value is no text"}),
+            session.UsePrinter(ColorPPD(), {}));
+  EXPECT_EQUAL_OBJECTS(@{@"VQStartNumber" : @"25"}, [HostTestKeepsHost settingsThen]);
+}
+
 OBJC_TEST(JobSession, SummarizesEveryPanelUnderItsName) {
   Bundles bundles;
   JobSession session(bundles.extensions);

@@ -167,19 +167,6 @@ OBJC_TEST(JobSession, TakesAwayWhatIsNoText) {
   EXPECT_EQUAL_OBJECTS(@[ @5 ], (id)others);
 }
 
-OBJC_TEST(JobSession, TakesAwayBadValuesBeforePanelsAreMade) {
-  const BundleFolder folder("NSExecutable = Test; NSPrincipalClass = HostTestKeepsHost;");
-  folder.AddLibrary();
-  Bundles bundles("", folder.path());
-  JobSession session(bundles.extensions);
-  NSDictionary *values = @{@"Duplex" : @[ @5 ], @"MediaType" : @{}, @"VQStartNumber" : @25};
-  session.UseSettings(SettingsWith(values));
-  EXPECT_EQ((Notes{"Duplex does not fit: its value is no text",
-                   "MediaType does not fit: its value is no text"}),
-            session.UsePrinter(ColorPPD(), {}));
-  EXPECT_EQUAL_OBJECTS(@{@"VQStartNumber" : @"25"}, [HostTestKeepsHost settingsThen]);
-}
-
 // Hand-written tickets have them.
 OBJC_TEST(JobSession, TakesNumbersForTexts) {
   Bundles bundles;
