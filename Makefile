@@ -33,7 +33,7 @@ coverage: ## all tests, and how much of each folder's sources they reach
 fuzz: ## arbitrary input for a while, under the sanitizers: make fuzz SECONDS=60
 	@scripts/fuzz $(SECONDS)
 
-macos-check: ## build and check the bundle for the real platform: make macos-check SDK=FOLDER
+macos-check: ## build and check the bundle for macOS: make macos-check SDK=FOLDER
 	@scripts/macos-check "$(SDK)"
 
 sweep: ## pdeprint check on some 3,850 PPD files of generic drivers

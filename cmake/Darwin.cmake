@@ -1,4 +1,4 @@
-# The real platform: target Platform::Cocoa with its frameworks, and bundles as its print dialog loads
+# macOS: target Platform::Cocoa with its frameworks, and bundles as its print dialog loads
 # them: everything in Contents, the layout compiled, the whole signed.
 
 set(CODESIGN_IDENTITY - CACHE STRING "Who signs the bundle; - signs without an identity (ad hoc)")

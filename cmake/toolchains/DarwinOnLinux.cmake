@@ -1,4 +1,4 @@
-# Compiles and links for the real platform on Linux, against headers and link stubs of its SDK in
+# Compiles and links for macOS on Linux, against headers and link stubs of its SDK in
 # MACOS_SDK, for scripts/macos-check. What comes out is looked at, and not run.
 
 set(CMAKE_SYSTEM_NAME Darwin)

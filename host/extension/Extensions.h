@@ -32,9 +32,9 @@ class Extensions {
   // not load. That there is none at all is no failure: the dialog prints without them.
   static Expected<Extensions> Load(const std::filesystem::path &named);
 
-  // Also loads what the PPD file names with APDialogExtension and is not loaded yet: paths as the
-  // real platform installs them, so that a bundle of the same folder name is taken for the one that
-  // is meant where there is nothing at the path.
+  // Also loads what the PPD file names with APDialogExtension and is not loaded yet: paths as
+  // macOS installs them, so that a bundle of the same folder name is taken for the one that is
+  // meant where there is nothing at the path.
   void LoadNamedBy(const PPDFile &ppd);
 
   // New panels of all bundles for this host, in the order of the bundles, one of a kind. A bundle

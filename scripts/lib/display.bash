@@ -1,7 +1,7 @@
 # Sourced by what runs commands on virtual displays.
 
 # Starts a display and a window manager, which write into the folder, sets DISPLAY, and names the two
-# processes in `servers`: they are the caller's to end.
+# processes in `servers`.
 #   start_display FOLDER
 start_display() {
   local folder=$1 number tool attempt
@@ -28,4 +28,15 @@ start_display() {
   cat "$folder/openbox.log" >&2
   echo "${0##*/}: the window manager does not start" >&2
   return 1
+}
+
+# Ends the two, and what commands with this temporary folder have left behind: services of the platform.
+#   end_display FOLDER
+end_display() {
+  local process
+  for process in "${servers[@]}" $(grep -lzsxF "TMPDIR=$1" /proc/[0-9]*/environ | tr -cd '0-9\n'); do
+    kill "$process" 2>/dev/null || true  # one that has ended by itself is no failure of the command
+  done
+  wait 2>/dev/null || true
+  rm -rf "$1"
 }

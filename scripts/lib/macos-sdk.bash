@@ -52,6 +52,6 @@ build_libraries() {
       -DCMAKE_OSX_ARCHITECTURES='arm64;x86_64' -DCMAKE_OSX_DEPLOYMENT_TARGET=12.0 \
       -DBUILD_GMOCK=ON -DCMAKE_INSTALL_PREFIX="$out" &&
       cmake --build "$out/googletest" --target install; } >"$out/log" 2>&1 ||
-    { cat "$out/log" >&2; fail "GoogleTest could not be built for the real platform"; }
+    { cat "$out/log" >&2; fail "GoogleTest could not be built for macOS"; }
   touch "$out/.complete"
 }

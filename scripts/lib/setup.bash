@@ -1,5 +1,5 @@
 # Sourced by the scripts: what they need before they can do their own work. Bash and Debian's base
-# system are enough, or the real platform with Xcode and Homebrew.
+# system are enough, or macOS with Xcode and Homebrew.
 
 set -euo pipefail
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -87,7 +87,7 @@ use_build_folder() {
   mkdir -p "$project/build" 2>/dev/null && : 2>/dev/null >>"$project/build/.lock" ||
     fail "cannot write to $project/build"
   exec 9>"$project/build/.lock"
-  if command -v flock >/dev/null; then  # not on the real platform
+  if command -v flock >/dev/null; then  # not on macOS
     flock -n 9 || { echo "Waiting for another script that is using $project/build" >&2; flock 9; }
   fi
   if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$project" "$cache"; then
@@ -99,12 +99,12 @@ use_build_folder() {
 # they are built with is not installed.
 #   build PRESET [TARGET...]
 build() {
-  local preset=$1 tests=ON
+  local preset=$1 untested=
   use_build_folder "$preset"
   local log=$project/build/$preset.log
-  [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || tests=OFF
+  [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || untested=1
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" -D BUILD_TESTING="$tests" &&
+  (cd "$project" && cmake --preset "$preset" ${untested:+-D BUILD_TESTING=OFF} &&
     cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"

@@ -227,16 +227,10 @@ AnswerToQuestion::AnswerToQuestion(const std::vector<std::string> &keys)
 
 AnswerToQuestion::~AnswerToQuestion() = default;
 
+// How long a press takes is told by the times of its events, not by when they are handled.
 void HoldMouse(NSView *view, NSRect part, double seconds) {
   RunOnScreen(MoveTo(view, part));
-  is_pressed = false;
-  RunWithOtherHand([seconds](OtherHand &hand) {
-    hand.Do(kMouseDown);
-    EXPECT_TRUE(Becomes([] { return is_pressed.load(); })) << "nobody takes the press";
-    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-    hand.Do(kMouseUp);
-  });
-  HandleEventsUntilSettled();
+  RunOnScreen({"xdotool", "mousedown", "1", "sleep", std::to_string(seconds), "mouseup", "1"});
 }
 
 void DragMouse(NSView *view, NSRect from, NSRect to) {

@@ -34,6 +34,19 @@ TEST(SourcePackage, TheLibraryExportsWhatItsSymbolsFileNamesAndNothingElse) {
   EXPECT_EQ(FindAll(File("debian/libprintcore1.symbols"), R"(\n (\S+)@Base )"), exported);
 }
 
+// Both are what it takes to build, here without and there with Debian's own tools.
+TEST(SourcePackage, AsksForWhatTheScriptsInstallForBuilding) {
+  std::string fields = File("debian/control");
+  fields = fields.substr(fields.find("\nBuild-Depends:"));
+  const std::set<std::string> packages = FindAll(fields.substr(0, fields.find("\nRules")),
+                                                 R"([: ] ([a-z0-9-]+)(?: \(>= [^)]*\))?(?=,\n|$))");
+  std::string list = File("packaging/debian-packages");
+  list = list.substr(list.find("[build]\n") + 7);
+  std::set<std::string> expected = FindAll(list.substr(0, list.find("\n[")), R"(\n([a-z][^\n]*))");
+  EXPECT_EQ(1u, expected.erase("make"));  // which ninja stands for, and Debian always has
+  EXPECT_EQ(expected, packages);
+}
+
 // Who publishes the packages changes the address in one place, and finds the other by this.
 TEST(SourcePackage, ReleasesAreLookedForWhereTheMaintainersAre) {
   const std::set<std::string> domain =

@@ -52,8 +52,8 @@ TEST(Version, DebiansChangelogIsMadeFromTheOne) {
 
 TEST(Version, IsThatOfTheDebianPackages) {
   const auto field = [](const char *name) {
-    const RunResult result = RunProgram(
-        {"dpkg-parsechangelog", "-l", SOURCE_DIRECTORY "/debian/changelog", "-S", name});
+    const RunResult result =
+        RunProgram({"dpkg-parsechangelog", "-l", SOURCE_DIRECTORY "/debian/changelog", "-S", name});
     EXPECT_EQ("", result.err);
     return result.out;
   };
@@ -66,8 +66,8 @@ TEST(Version, IsThatOfTheDebianPackages) {
 
 TEST(Version, DebiansChangelogHasTheDayOfTheVersion) {
   const TemporaryFolder folder;
-  const std::string changelog =
-      folder.Write("CHANGELOG.md", "# Changelog\n\n## [2.1.0] - 2031-02-03\n\n### Fixed\n\n- It.\n");
+  const std::string changelog = folder.Write(
+      "CHANGELOG.md", "# Changelog\n\n## [2.1.0] - 2031-02-03\n\n### Fixed\n\n- It.\n");
   const std::string control =
       folder.Write("control", "Source: numbering\nMaintainer: Some One <some.one@example.org>\n");
   EXPECT_EQ(
@@ -86,7 +86,8 @@ TEST(Version, AChangelogThatSaysNoDateIsRefused) {
 
 TEST(Version, AControlFileWithoutMaintainerIsRefused) {
   const TemporaryFolder folder;
-  const std::string file = folder.Write("control", "Source: numbering\n\nMaintainer: no field of it\n");
+  const std::string file =
+      folder.Write("control", "Source: numbering\n\nMaintainer: no field of it\n");
   const RunResult result = DebianChangelog(file, kChangelog);
   EXPECT_NE(0, result.status);
   EXPECT_EQ(file + ": there is no field Maintainer\n", result.err);

@@ -1,4 +1,4 @@
-// The bundle for the real platform that these tests look at. It was compiled and put together here,
+// The bundle for macOS that these tests look at. It was compiled and put together here,
 // and is not loaded.
 
 #ifndef TESTS_MACOS_BUNDLEUNDERTEST_H

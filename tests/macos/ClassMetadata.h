@@ -1,4 +1,4 @@
-// What an executable of the real platform tells its runtime of classes.
+// What an executable of macOS tells its runtime of classes.
 
 #ifndef TESTS_MACOS_CLASSMETADATA_H
 #define TESTS_MACOS_CLASSMETADATA_H

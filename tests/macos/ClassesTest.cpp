@@ -8,8 +8,8 @@
 TEST(Classes, AreThoseOfTheTableForEachProcessor) {
   for (const char *processor : kProcessors) {
     EXPECT_EQ(ExpectedClassTable(),
-              ClassMetadata(LinesOf("llvm-objdump-14", {"--macho", "--objc-meta-data",
-                                                        std::string("--arch=") + processor})))
+              ClassMetadata(LinesOf("llvm-objdump", {"--macho", "--objc-meta-data",
+                                                     std::string("--arch=") + processor})))
         << processor;
   }
 }

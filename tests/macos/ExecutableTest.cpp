@@ -22,7 +22,7 @@ std::string For(const char *processor) { return std::string("--arch=") + process
 // "_symbol (from Library)" of everything that others must provide.
 std::set<std::string> Undefined(const char *processor) {
   std::set<std::string> symbols;
-  for (const std::string &line : LinesOf("llvm-nm-14", {"-m", "-u", For(processor)})) {
+  for (const std::string &line : LinesOf("llvm-nm", {"-m", "-u", For(processor)})) {
     const auto start = line.find(" _");
     if (start != std::string::npos) symbols.insert(line.substr(start + 1));
   }
@@ -33,16 +33,15 @@ std::set<std::string> Undefined(const char *processor) {
 
 TEST(Executable, IsABundleForBothProcessors) {
   for (const char *processor : kProcessors) {
-    EXPECT_TRUE(HasLine(LinesOf("llvm-objdump-14", {"--macho", "--private-header", For(processor)}),
-                        "BUNDLE"))
+    EXPECT_TRUE(
+        HasLine(LinesOf("llvm-objdump", {"--macho", "--private-header", For(processor)}), "BUNDLE"))
         << processor;
   }
 }
 
 TEST(Executable, IsLoadedByVersion12AndLater) {
   for (const char *processor : kProcessors) {
-    const Lines lines =
-        LinesOf("llvm-objdump-14", {"--macho", "--private-headers", For(processor)});
+    const Lines lines = LinesOf("llvm-objdump", {"--macho", "--private-headers", For(processor)});
     EXPECT_TRUE(HasLine(lines, "minos 12.0")) << processor;
   }
 }
@@ -61,7 +60,7 @@ TEST(Executable, LoadsOnlyLibrariesThatEverySystemHas) {
   for (const char *processor : kProcessors) {
     std::set<std::string> libraries;
     for (const std::string &line :
-         LinesOf("llvm-objdump-14", {"--macho", "--dylibs-used", For(processor)})) {
+         LinesOf("llvm-objdump", {"--macho", "--dylibs-used", For(processor)})) {
       if (line.starts_with("\t")) libraries.insert(line.substr(1, line.find(" (") - 1));
     }
     EXPECT_EQ(expected, libraries) << processor;
@@ -97,7 +96,7 @@ TEST(Executable, LeavesNothingToBeLookedUpInWhateverIsLoaded) {
 TEST(Executable, ShowsItsClassesAndConstantsAlone) {
   for (const char *processor : kProcessors) {
     std::set<std::string> others, constants;
-    for (const std::string &line : LinesOf("llvm-nm-14", {"-g", "-U", "-j", For(processor)})) {
+    for (const std::string &line : LinesOf("llvm-nm", {"-g", "-U", "-j", For(processor)})) {
       if (line.starts_with("_BN")) {
         constants.insert(line.substr(1));
       } else if (line.starts_with("_") && !line.starts_with("_OBJC_CLASS_$_velmoraBN") &&

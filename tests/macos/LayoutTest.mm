@@ -28,7 +28,7 @@ std::string Attribute(NSXMLElement *element, NSString *name) {
 // The lines of each class.
 std::map<std::string, std::set<std::string>> Classes() {
   std::istringstream table(
-      ClassMetadata(LinesOf("llvm-objdump-14", {"--macho", "--objc-meta-data", "--arch=arm64"})));
+      ClassMetadata(LinesOf("llvm-objdump", {"--macho", "--objc-meta-data", "--arch=arm64"})));
   std::map<std::string, std::set<std::string>> classes;
   std::string name;
   for (std::string line; std::getline(table, line);) {

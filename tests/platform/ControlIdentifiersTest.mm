@@ -21,32 +21,11 @@ OBJC_TEST(ControlIdentifiers, EveryViewHasItsOwn) {
   EXPECT_EQUAL_OBJECTS(@"second", [second identifier]);
 }
 
-OBJC_TEST(ControlIdentifiers, AnIdentifierIsCopied) {
-  NSView *view = [NewView() autorelease];
-  NSMutableString *text = [NSMutableString stringWithString:@"before"];
-  [view setIdentifier:text];
-  [text setString:@"after"];
-  EXPECT_EQUAL_OBJECTS(@"before", [view identifier]);
-}
-
 OBJC_TEST(ControlIdentifiers, NilRemovesIt) {
   NSView *view = [NewView() autorelease];
   [view setIdentifier:@"name"];
   [view setIdentifier:nil];
   EXPECT_EQUAL_OBJECTS(nil, [view identifier]);
-}
-
-OBJC_TEST(ControlIdentifiers, AnIdentifierGoesWithItsView) {
-  NSMutableString *text = [[NSMutableString alloc] initWithString:@"name"];
-  NSView *view = NewView();
-  [view setIdentifier:text];
-  NSString *stored = [view identifier];
-  const NSUInteger before = [stored retainCount];
-  [stored retain];
-  [view release];
-  EXPECT_EQ(before, [stored retainCount]) << "the view's reference went, the test's is left";
-  [stored release];
-  [text release];
 }
 
 OBJC_TEST(ControlIdentifiers, AViewAtTheSamePlaceInMemoryStartsWithoutOne) {

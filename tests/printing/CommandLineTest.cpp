@@ -5,6 +5,7 @@
 #include "tests/printing/PrintedJob.h"
 #include "tests/support/Arguments.h"
 #include "tests/support/Documents.h"
+#include "tests/support/TicketText.h"
 
 namespace {
 
