@@ -32,6 +32,7 @@ std::vector<std::string> Variables(const EnvironmentChanges &changes) {
 
 std::vector<char *> Pointers(std::vector<std::string> &strings) {
   std::vector<char *> pointers;
+  pointers.reserve(strings.size() + 1);
   for (std::string &string : strings) pointers.push_back(string.data());
   pointers.push_back(nullptr);
   return pointers;

@@ -156,9 +156,9 @@ Picture ScreenWatch::ContentOfWindow() {
   if (XShmGetImage(x.display, x.root, image, left, top, AllPlanes)) {
     picture.width = image->width;
     picture.height = image->height;
-    for (int y = 0; y < image->height; ++y) {
-      const auto *line =
-          reinterpret_cast<const std::uint32_t *>(image->data + y * image->bytes_per_line);
+    const char *row = image->data;
+    for (int y = 0; y < image->height; ++y, row += image->bytes_per_line) {
+      const auto *line = reinterpret_cast<const std::uint32_t *>(row);
       picture.pixels.insert(picture.pixels.end(), line, line + image->width);
     }
     for (std::uint32_t &pixel : picture.pixels) pixel &= 0xFFFFFF;

@@ -12,7 +12,8 @@
 
 namespace interposed {
 
-// "get KEY", "set KEY=VALUE", "set KEY=nil", "ppd KEYWORD", "log LINE", since the last Clear.
+// "get KEY", "set KEY=VALUE", "set KEY=nil", "ppd KEYWORD", "log LINE", since the last Clear, of
+// this thread.
 const std::vector<std::string> &Calls();
 // Those that begin with the prefix.
 std::vector<std::string> Calls(const std::string &prefix);

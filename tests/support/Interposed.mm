@@ -9,7 +9,8 @@
 
 namespace {
 
-std::vector<std::string> calls;
+// Each thread has its own: libcups calls from those that fetch PPD files.
+thread_local std::vector<std::string> calls;
 int read_status = 0;
 int write_status = 0;
 int failing_number = 0;

@@ -48,5 +48,5 @@ TEST_F(PrintServerTest, FetchingAPPDFileLeavesNoFileBehind) {
   server().AddQueue({.name = "NoTraces", .ppd = kSampleColor});
   const EnvironmentVariable temporary("TMPDIR", folder_.path().string());
   ASSERT_TRUE(print_server_.PPDOfQueue("NoTraces"));
-  EXPECT_TRUE(fs::is_empty(folder_.path()));
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
 }
