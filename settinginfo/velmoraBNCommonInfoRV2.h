@@ -13,10 +13,10 @@ extern "C" {
 extern NSString *const BNCIFunctionOn;
 extern NSString *const BNCIFunctionOff;
 
-// Default and only item of the colour setting on a printer without colour.
+// Default and only item of the color setting on a printer without color.
 extern NSString *const BNCIMonoDefaultColor;
 
-// The PPD attribute that tells colour printers from monochrome ones, and its values.
+// The PPD attribute that tells color printers from monochrome ones, and its values.
 extern NSString *const BNCIPpdKeyColorDevice;
 extern NSString *const BNCIPpdValDeviceTypeColor;
 extern NSString *const BNCIPpdValDeviceTypeMono;
@@ -78,14 +78,14 @@ extern NSString *const BNCIPlistSubKeyPrefixForColor;
 - (id)defaultValid;        // string: "On" or "Off"
 - (id)defaultSize;         // string: one of popUpItemsForSize
 - (id)defaultDensity;      // string: one of popUpItemsForDensity
-- (id)defaultColor;        // string: one of popUpItemsForColor; "Black" on a printer without colour
+- (id)defaultColor;        // string: one of popUpItemsForColor; "Black" on a printer without color
 - (id)defaultStartNumber;  // string of decimal digits
 - (id)startNumberMin;      // number
 - (id)startNumberMax;      // number
 
 - (id)popUpItemsForSize;     // array of strings, in menu order
 - (id)popUpItemsForDensity;  // array of strings, in menu order
-- (id)popUpItemsForColor;    // likewise; a new array of "Black" alone on a printer without colour
+- (id)popUpItemsForColor;    // likewise; a new array of "Black" alone on a printer without color
 
 - (id)panelKindID;  // string that no other kind of panel has
 

@@ -28,7 +28,7 @@
 /// localized-string key of the value, not localized.
 - (NSString *)restoreTicketFailSafe;
 
-/// The colour setting on a printer without colour: stores the default, whatever is stored now. Any
+/// The color setting on a printer without color: stores the default, whatever is stored now. Any
 /// other: nothing.
 - (void)verifyTicket;
 

@@ -9,7 +9,7 @@
 
 @required
 
-/// Takes the active look for a true number and the greyed look for a false one. Nothing else of the
+/// Takes the active look for a true number and the grayed look for a false one. Nothing else of the
 /// control changes.
 - (void)changeState:(NSNumber *)active;
 

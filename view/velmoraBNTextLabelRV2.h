@@ -5,7 +5,7 @@
 
 #import "view/ViewComponent.h"
 
-/// Greyed by its colour alone, black or light grey; a caption stays enabled.
+/// Grayed by its color alone, black or light gray; a caption stays enabled.
 @interface velmoraBNTextLabelRV2 : NSTextField <ViewComponent>
 @end
 

@@ -7,14 +7,14 @@
 
 @interface velmoraBNViewControllerRV2 (Input)
 
-/// Greys or enables the controls from the check box; nothing before the view is set up.
+/// Grays or enables the controls from the check box; nothing before the view is set up.
 - (void)updateView;
 
 /// Exactly the check box's on state enables everything else, but for a menu with fewer than two
 /// items, which stays disabled. The check box itself is never touched.
 - (void)BNVCGreyView;
 
-/// Action of the check box: greys or enables. The setting itself is read at the next save.
+/// Action of the check box: grays or enables. The setting itself is read at the next save.
 - (void)changeFunctionValid:(id)sender;
 
 /// Action of the restore-defaults button: shows the defaults of all but the check box.

@@ -15,7 +15,7 @@
   NSNumber *active = [NSNumber numberWithBool:on];
   [components makeObjectsPerformSelector:@selector(changeState:) withObject:active];
 
-  // A menu without a choice stays grey, such as the colours of a printer without colour.
+  // A menu without a choice stays gray, such as the colors of a printer without color.
   for (velmoraBNPopUpButtonRV2 *popUp in @[ self.popUpSize, self.popUpDensity, self.popUpColor ]) {
     [popUp changeState:[popUp numberOfItems] > 1 ? active : [NSNumber numberWithBool:NO]];
   }

@@ -8,7 +8,7 @@
 @interface velmoraBNViewControllerRV2 (Summary)
 
 /// A new, autoreleased dictionary of localized values under localized titles. With the function on:
-/// size, density, colour, start number, and under dispOrderKey (not nil) an array of the four
+/// size, density, color, start number, and under dispOrderKey (not nil) an array of the four
 /// titles in this order. Otherwise the on/off value alone, and no order. What is asked is also
 /// shown in the controls.
 - (NSMutableDictionary *)summaryInfoWithDispOrderKey:(NSString *)dispOrderKey;

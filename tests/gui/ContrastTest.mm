@@ -73,7 +73,7 @@ OBJC_TEST(Contrast, OfEveryGreyedTextIsEnoughToKnowIt) {
          @"textBoxStartNumber", @"defaultButton"
        ]) {
     EXPECT_LE(kForStates, ContrastOf(panel[outlet])) << Text(outlet);
-    EXPECT_GT(2 * kForTexts, ContrastOf(panel[outlet])) << Text(outlet) << " does not look grey";
+    EXPECT_GT(2 * kForTexts, ContrastOf(panel[outlet])) << Text(outlet) << " does not look gray";
   }
 }
 

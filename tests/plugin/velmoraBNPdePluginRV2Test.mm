@@ -7,7 +7,7 @@
 #import "tests/support/Job.h"
 #import "tests/support/ObjCTest.h"
 
-/// Counts how often the base object is initialised.
+/// Counts how often the base object is initialized.
 @interface InitCountingPlugin : velmoraBNPdePluginRV2 {
  @public
   int inits;

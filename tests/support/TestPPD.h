@@ -10,7 +10,7 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-// Lines that make a PPD file a supported printer's, with and without colour.
+// Lines that make a PPD file a supported printer's, with and without color.
 inline constexpr char kSupported[] = "*VQBackgroundNumberingSupport: \"true\"\n";
 inline constexpr char kColorDevice[] = "*ColorDevice: True\n";
 inline constexpr char kMonoDevice[] = "*ColorDevice: False\n";
@@ -18,7 +18,7 @@ inline constexpr char kMonoDevice[] = "*ColorDevice: False\n";
 class TestPPD {
  public:
   // A small, complete PPD file with these lines beside what every PPD file has; it declares neither
-  // support nor colour by itself.
+  // support nor color by itself.
   explicit TestPPD(const std::string &lines);
 
   // Never null: a file that libcups refuses ends the test program.

@@ -37,7 +37,7 @@ class TestPanel {
   velmoraBNViewControllerRV2 *Load();
 
   // Types into the start-number box as a text and tells the controller directly: what a handler
-  // raises does not come through the notification centre.
+  // raises does not come through the notification center.
   void Type(NSString *text);
 
   // Releases the controller and answers nothing of it any more; the controls are the caller's.
@@ -56,7 +56,7 @@ void GiveBackControls(velmoraBNViewControllerRV2 *controller);
 
 /// The captions, the range caption being the last.
 NSArray *Labels(velmoraBNViewControllerRV2 *controller);
-/// The menus, in the order size, density, colour.
+/// The menus, in the order size, density, color.
 NSArray *PopUps(velmoraBNViewControllerRV2 *controller);
 
 /// What the tests' recording classes noted down since it was last cleared.
@@ -72,7 +72,7 @@ id LastChangedValue();
 /// Makes the controller's ticket manager a RecordingTicketManager, and forgets past events.
 void RecordTicketManager(velmoraBNViewControllerRV2 *controller);
 
-/// While it lives, the default notification centre notes subscriptions and their end.
+/// While it lives, the default notification center notes subscriptions and their end.
 class RecordingNotifications {
  public:
   explicit RecordingNotifications(id observer);

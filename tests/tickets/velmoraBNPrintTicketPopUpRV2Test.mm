@@ -25,7 +25,7 @@ Ticket *MadeSize(const Job &job, NSArray *targets) {
   return ticket;
 }
 
-// A ticket under the key of the colour, as another string of the same characters.
+// A ticket under the key of the color, as another string of the same characters.
 Ticket *MadeColor(const Job &job, NSArray *targets, NSString *default_value = @"Black") {
   Ticket *ticket =
       Make(job, default_value, [NSMutableString stringWithString:[job.info() ticketKeyColor]]);

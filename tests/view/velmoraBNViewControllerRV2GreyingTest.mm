@@ -1,4 +1,4 @@
-// What the check box greys and enables, and what the button restores.
+// What the check box grays and enables, and what the button restores.
 
 #import "view/velmoraBNViewControllerRV2+Input.h"
 
@@ -206,7 +206,7 @@ OBJC_TEST(RestoreDefaults, LeavesTheEnabledStateAndTitlesAlone) {
   velmoraBNViewControllerRV2 *controller = panel.Load();
   SetState(controller, 1);
   [controller updateView];
-  SetState(controller, 0);  // not greyed yet
+  SetState(controller, 0);  // not grayed yet
   RecordSwitching(controller);
   [controller restoreDefaults:nil];
   EXPECT_EQUAL_OBJECTS((@[]), switched);

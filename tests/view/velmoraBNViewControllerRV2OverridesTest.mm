@@ -39,7 +39,7 @@
 @implementation GreyCountingController
 
 - (void)BNVCGreyView {
-  Events().push_back("grey");
+  Events().push_back("gray");
 }
 
 @end
@@ -164,7 +164,7 @@ OBJC_TEST(InputOverrides, ThePanelAndTheCheckBoxGreyByGreyView) {
   Events().clear();
   [controller updateView];
   [controller changeFunctionValid:controller.functionValid];
-  EXPECT_EQ((Strings{"grey", "grey"}), Events());
+  EXPECT_EQ((Strings{"gray", "gray"}), Events());
 }
 
 OBJC_TEST(SetUpOverrides, EveryTextIsTheCommonInfosTranslation) {

@@ -221,7 +221,7 @@ TEST_P(Completion, OffersThePresetsByTheirNames) {
   const fs::path own = folder.path() / "own";
   const fs::path all = folder.path() / "all";
   const PresetStore store(own / "pdeprint/presets", {});
-  for (const char *name : {"Two Words", "A/B", "50% grey", "%2F", ".hidden", "It's \"Größe\""}) {
+  for (const char *name : {"Two Words", "A/B", "50% gray", "%2F", ".hidden", "It's \"Größe\""}) {
     Expected<fs::path> path = store.PathForWriting(name);
     ASSERT_TRUE(path) << path.message();
     folder.Write(*path, "");
@@ -234,7 +234,7 @@ TEST_P(Completion, OffersThePresetsByTheirNames) {
   const RunOptions presets = {.environment = {{"XDG_CONFIG_HOME", own.string()},
                                               {"XDG_CONFIG_DIRS", "/absent:" + all.string()},
                                               {"LC_ALL", "C.UTF-8"}}};
-  const Names names = {kDefaultSettings, kLastUsed,        "Two Words", "A/B", "50% grey", "%2F",
+  const Names names = {kDefaultSettings, kLastUsed,        "Two Words", "A/B", "50% gray", "%2F",
                        ".hidden",        "It's \"Größe\"", "House"};
   EXPECT_EQ(std::vector<Names>(2, names),
             OffersForEach({"pdeprint print -P ", "pdeprint show --preset="}, presets));
