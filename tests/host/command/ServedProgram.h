@@ -15,16 +15,7 @@
 #include "tests/support/PrivateServer.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
-
-// A ticket with these print settings; nothing is escaped.
-inline std::string TicketText(const std::map<std::string, std::string> &settings) {
-  std::string entries;
-  for (const auto &[key, value] : settings) {
-    entries.append("<key>").append(key).append("</key><string>").append(value).append("</string>");
-  }
-  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" + entries +
-         "</dict></plist>\n";
-}
+#include "tests/support/TicketText.h"
 
 // The suite makes the server and its queues, and ends it. The user's options and presets are gone
 // after each test.
