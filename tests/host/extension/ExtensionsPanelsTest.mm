@@ -23,7 +23,7 @@ Names Kinds(const ExtensionPanels &panels) {
 // The kinds of panels, and who is left out, with these faults.
 std::pair<Names, Names> PanelsWith(const std::string &faults) {
   const TwoPanelsRun run(faults);
-  const Printer printer;
+  const HostedPrinter printer;
   Expected<Extensions> extensions = Extensions::Load(kBuilt);
   if (!extensions) return {{extensions.message()}, {}};
   const Names kinds = Kinds(extensions->Panels(printer.host.get()));
@@ -53,7 +53,7 @@ OBJC_TEST(Extensions, OfferThePanelsOfAllBundlesInOrder) {
 
 OBJC_TEST(Extensions, OfferNewPanelsEachTime) {
   const TwoPanelsRun run;
-  const Printer printer;
+  const HostedPrinter printer;
   Expected<Extensions> extensions = LoadTwoPanels();
   ASSERT_TRUE(extensions) << extensions.message();
   const ExtensionPanels first = extensions->Panels(printer.host.get());
@@ -98,7 +98,7 @@ OBJC_TEST(Extensions, LeaveOutABundleWhosePanelAnotherOffersAlready) {
   for (const BundleFolder *bundle : {&first, &second}) bundle->AddLibrary();
   fs::create_directory_symlink(second.path(), users.folder() / "Second.plugin");
   const TwoPanelsRun run("init=no");
-  const Printer printer;
+  const HostedPrinter printer;
   Expected<Extensions> extensions = Extensions::Load(first.path());
   ASSERT_TRUE(extensions) << extensions.message();
   ASSERT_EQ(2u, extensions->bundles().size());
@@ -129,7 +129,7 @@ OBJC_TEST(Extensions, LeaveOutACopyUnderAnotherIdentifier) {
 
 OBJC_TEST(Extensions, SayTheSameOfABundleOnce) {
   const TwoPanelsRun run("panels=raise");
-  const Printer printer;
+  const HostedPrinter printer;
   Expected<Extensions> extensions = LoadTwoPanels();
   ASSERT_TRUE(extensions) << extensions.message();
   extensions->Panels(printer.host.get());
@@ -139,7 +139,7 @@ OBJC_TEST(Extensions, SayTheSameOfABundleOnce) {
 
 OBJC_TEST(Extensions, LeaveOutAPanelThatShowsAFaultLater) {
   const TwoPanelsRun run("Second.willShow=raise");
-  const Printer printer;
+  const HostedPrinter printer;
   Expected<Extensions> extensions = LoadTwoPanels();
   ASSERT_TRUE(extensions) << extensions.message();
   const ExtensionPanels panels = extensions->Panels(printer.host.get());

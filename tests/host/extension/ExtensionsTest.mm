@@ -179,7 +179,7 @@ OBJC_TEST(Extensions, HaveTheSettingsOfAllBundlesThatLetThemBeChanged) {
 }
 
 OBJC_TEST(Extensions, GiveTheReasonOfTheOnlyBundle) {
-  const Printer printer;
+  const HostedPrinter printer;
   const TwoPanelsRun run("panels=nil");
   Expected<Extensions> extensions = LoadTwoPanels();
   ASSERT_TRUE(extensions) << extensions.message();
@@ -189,7 +189,7 @@ OBJC_TEST(Extensions, GiveTheReasonOfTheOnlyBundle) {
 }
 
 OBJC_TEST(Extensions, GiveTheReasonsOfAllBundles) {
-  const Printer printer("");
+  const HostedPrinter printer("");
   const TwoPanelsRun run("panels=raise");
   Expected<Extensions> extensions = Extensions::Load(kBuilt);
   ASSERT_TRUE(extensions) << extensions.message();

@@ -42,12 +42,12 @@ inline Names LeftOutOf(const Extensions &extensions) {
 }
 
 // A host for a printer with these lines.
-struct Printer {
+struct HostedPrinter {
   TestPPD ppd;
   PrintSettings settings = EmptyPrintSettings();
   Retained<HostCallback *> host;
 
-  explicit Printer(const std::string &lines = kSupported) : ppd(lines) {
+  explicit HostedPrinter(const std::string &lines = kSupported) : ppd(lines) {
     host =
         Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings.get()
                                                                             ppdFile:ppd.get()]);
