@@ -98,8 +98,7 @@ TEST_F(ProgramWithTables, MessagesAreInTheLanguageOfThePanels) {
 }
 
 TEST_F(ProgramWithTables, ReportsStayEnglish) {
-  const std::string plain = Folder() / "plain.ppd";
-  folder_->Write("plain.ppd", TestPPD::Text(kColorDevice));
+  const std::string plain = folder_->Write("plain.ppd", TestPPD::Text(kColorDevice));
   const RunResult result =
       Run({"check", "--plugin", kBundle, plain, "/dev/null"}, {{"LANGUAGE", "de"}});
   EXPECT_EQ(plain +
@@ -109,11 +108,12 @@ TEST_F(ProgramWithTables, ReportsStayEnglish) {
 }
 
 TEST_F(ProgramWithTables, WhatIsSaidBesideAReportIsInTheLanguage) {
+  const std::string plain = folder_->Write("plain.ppd", TestPPD::Text(kColorDevice));
   const RunResult result =
-      Run({"settings", "--plugin", kBundle, "--ppd", Folder() / "plain.ppd"}, {{"LANGUAGE", "de"}});
-  EXPECT_EQ("pdeprint: kein Bereich für " + (Folder() / "plain.ppd").string() +
-                ": Attribut VQBackgroundNumberingSupport fehlt\n",
-            result.err);
+      Run({"settings", "--plugin", kBundle, "--ppd", plain}, {{"LANGUAGE", "de"}});
+  EXPECT_EQ(
+      "pdeprint: kein Bereich für " + plain + ": Attribut VQBackgroundNumberingSupport fehlt\n",
+      result.err);
 }
 
 TEST_F(ProgramWithTables, TablesAreFoundWhereTheProgramIsInstalled) {
