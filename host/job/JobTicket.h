@@ -28,9 +28,8 @@ Expected<JobOptions> JobOptionsFromSettings(PMPrintSettings settings);
 
 // The names, in order, of the strings and numbers among these values of settings that are no job
 // options, because no server can be sent them: a text with a zero character or half of a surrogate
-// pair, one of more than 32,767 bytes, or a name with blanks, control characters, quotation marks,
-// braces, backslashes or equals signs, with which it would be read as something else, or as
-// several.
+// pair, or a name with blanks, control characters, quotation marks, braces, backslashes or equals
+// signs, with which it would be read as something else, or as several.
 std::vector<std::string> TextsThatAreNoOptions(NSDictionary *values);
 
 // The value of one of them; none: there is no such option.

@@ -14,17 +14,14 @@ NSString *String(const std::filesystem::path &path) {
                                                                      length:path.native().size()];
 }
 
-// The protocol gives the length of a text two bytes, the first bit of which is never set.
-constexpr std::size_t kLongestText = 0x7fff;
-
-// None: it cannot be sent, since half of a surrogate pair has no UTF-8, since it would end at a
-// zero character, and be another one, or since the protocol has no room for it.
+// None: it cannot be sent, since half of a surrogate pair has no UTF-8, or since it would end at a
+// zero character, and be another one. One that is too long for the protocol is an option all the
+// same: sending it fails, and so the job, instead of being printed without it.
 std::optional<std::string> OptionText(NSString *text) {
   NSData *data = [text dataUsingEncoding:NSUTF8StringEncoding];
   if (data == nil) return std::nullopt;
   const std::string bytes(static_cast<const char *>([data bytes]), [data length]);
-  if (bytes.size() > kLongestText || bytes.find('\0') != std::string::npos) return std::nullopt;
-  return bytes;
+  return bytes.find('\0') == std::string::npos ? std::optional(bytes) : std::nullopt;
 }
 
 std::optional<std::string> OptionValue(id value) {

@@ -149,13 +149,14 @@ TEST_F(ForeignCode, InTheNameOfAnOptionIsNotSentAndNoted) {
 }
 
 TEST_F(ForeignCode, InTheUsersOptionsIsLeftOutWithANote) {
+  const std::string &plain = Plain();
   WriteLpoptions("Dest Office VQText=Custom.a\\\\ vqnote='Custom.\\\\' Duplex='1) " + kCode +
                  " (' Any='" + kCode + "'\n");
-  EXPECT_EQ(Plain(), Printed({},
-                             "pdeprint: note: VQText \"Custom.a\\\" does not fit: this printer "
-                             "has no VQText \"Custom.a\\\"\n"
-                             "pdeprint: note: vqnote \"Custom.\\\" does not fit: this printer "
-                             "has no VQNote \"Custom.\\\"\n"));
+  EXPECT_EQ(plain, Printed({},
+                           "pdeprint: note: VQText \"Custom.a\\\" does not fit: this printer "
+                           "has no VQText \"Custom.a\\\"\n"
+                           "pdeprint: note: vqnote \"Custom.\\\" does not fit: this printer "
+                           "has no VQNote \"Custom.\\\"\n"));
 }
 
 TEST_F(ForeignCode, AsACustomTextThatFitsIsAnEscapedString) {

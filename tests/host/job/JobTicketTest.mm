@@ -241,18 +241,6 @@ OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
   EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
 }
 
-OBJC_TEST(JobTicket, TextsThatTheProtocolHasNoRoomForAreNoOptions) {
-  NSString *fits = [@"" stringByPaddingToLength:32767 withString:@"x" startingAtIndex:0];
-  NSString *too_long = [fits stringByAppendingString:@"x"];
-  NSString *too_long_in_utf8 = [@"" stringByPaddingToLength:16384
-                                                 withString:@"\u00e4"
-                                            startingAtIndex:0];
-  NSDictionary *values = @{@"a" : fits, @"b" : too_long, @"c" : too_long_in_utf8};
-  const JobOptions expected = {{"a", [fits UTF8String]}};
-  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
-  EXPECT_EQ((std::vector<std::string>{"b", "c"}), TextsThatAreNoOptions(values));
-}
-
 OBJC_TEST(JobTicket, NamesThatWouldBeReadAsSomethingElseAreNoOptions) {
   for (NSString *name in @[ @"a", @"com.other.print-note_2", @"größe", @"a/b", @"a:b" ]) {
     EXPECT_EQ(1u, JobOptionsFromSettings(SettingsWith(@{name : @"x"}).get())->size());
