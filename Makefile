@@ -21,7 +21,7 @@ fmt: ## format all sources
 lint: ## check formatting, spelling and scripts, and run the static analyzer
 	@scripts/lint
 
-asan: ## all tests under the address and undefined-behaviour sanitizers, with leak checking
+asan: ## all tests under the address and undefined-behavior sanitizers, with leak checking
 	@scripts/test asan
 
 tsan: ## the tests of pdeprint under the thread sanitizer

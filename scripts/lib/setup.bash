@@ -95,6 +95,30 @@ use_build_folder() {
   fi
 }
 
+# Runs a command that ends with this script, with all that it has started: the compilers of a build, a
+# virtual display. Ended by a signal, the script itself would leave them running.
+#   ending_with_us COMMAND [ARGUMENT...]
+ending_with_us() {
+  local job status=0
+  set -m  # a process group of its own
+  "$@" </dev/null &
+  job=$!
+  set +m
+  # shellcheck disable=SC2064  # the job of now
+  trap "kill -TERM -- -$job 2>/dev/null; wait $job; exit 143" TERM
+  # shellcheck disable=SC2064
+  trap "kill -TERM -- -$job 2>/dev/null; wait $job; exit 130" INT
+  wait "$job" || status=$?
+  trap - TERM INT
+  return "$status"
+}
+
+# Called by build, which has said whether the tests are left out.
+configure_and_build() {
+  cd "$project" && cmake --preset "$1" ${untested:+-D BUILD_TESTING=OFF} &&
+    cmake --build --preset "$1" ${2:+--target "${@:2}"}
+}
+
 # Builds a preset, or only some targets of it, quietly unless it fails. The tests are left out where what
 # they are built with is not installed.
 #   build PRESET [TARGET...]
@@ -104,8 +128,7 @@ build() {
   local log=$project/build/$preset.log
   [[ $(uname) == Darwin || -z $(missing_packages build-tests) ]] || untested=1
   echo "Building into build/$preset"
-  (cd "$project" && cmake --preset "$preset" ${untested:+-D BUILD_TESTING=OFF} &&
-    cmake --build --preset "$preset" ${2:+--target "${@:2}"}) 9>&- >"$log" 2>&1 || {
+  ending_with_us configure_and_build "$preset" "${@:2}" 9>&- >"$log" 2>&1 || {
     cat "$log" >&2
     fail "the build failed; its messages are above and in $log"
   }
