@@ -55,8 +55,10 @@
 }
 
 - (BOOL)BNVCIsDigitChar:(NSString *)character {
-  static NSCharacterSet *const digits =
-      [[NSCharacterSet characterSetWithCharactersInString:@"0123456789"] retain];
+  static NSCharacterSet *digits = nil;  // made once: there is one thread
+  if (digits == nil) {
+    digits = [[NSCharacterSet characterSetWithCharactersInString:@"0123456789"] retain];
+  }
   NSScanner *scanner = [NSScanner localizedScannerWithString:character];
   [scanner setCharactersToBeSkipped:nil];
   [scanner scanCharactersFromSet:digits intoString:nullptr];
