@@ -48,7 +48,7 @@ std::vector<fs::path> SystemConfigFolders() {
   return folders;
 }
 
-std::optional<Failure> MakePrivateFolder(const fs::path &folder) {
+Expected<void> MakePrivateFolder(const fs::path &folder) {
   fs::path made;
   for (const fs::path &part : folder) {
     made /= part;
@@ -60,5 +60,5 @@ std::optional<Failure> MakePrivateFolder(const fs::path &folder) {
     return Failure{
         Localized("cannot make the folder %1: %2", {made.string(), std::strerror(reason)})};
   }
-  return std::nullopt;
+  return {};
 }

@@ -18,6 +18,6 @@ std::vector<std::filesystem::path> SystemConfigFolders();
 
 // Makes the folder and the ones above it that are missing, for the user alone. That it is there
 // already is no failure.
-std::optional<Failure> MakePrivateFolder(const std::filesystem::path &folder);
+Expected<void> MakePrivateFolder(const std::filesystem::path &folder);
 
 #endif

@@ -1,8 +1,12 @@
-// A value, or why there is none.
+// A value, or why there is none: the one shape in which operations fail.
+//
+// tl::expected would do as much, but every place that fails would have to wrap its failure, and an
+// exception would wait behind value(), which frames of Objective-C++ must never see.
 
 #ifndef HOST_BASE_EXPECTED_H
 #define HOST_BASE_EXPECTED_H
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -12,6 +16,7 @@ struct Failure {
   bool is_unanswered = false;  // the one who was asked could not be reached, or did not answer
 };
 
+// A failure of somebody else's is passed on whole: `if (!value) return value.failure();`.
 template <typename Value>
 class [[nodiscard]] Expected {
  public:
@@ -22,7 +27,9 @@ class [[nodiscard]] Expected {
 
   // Only with a value.
   Value &operator*() { return *std::get_if<Value>(&content_); }
+  const Value &operator*() const { return *std::get_if<Value>(&content_); }
   Value *operator->() { return std::get_if<Value>(&content_); }
+  const Value *operator->() const { return std::get_if<Value>(&content_); }
 
   // Only without one.
   const Failure &failure() const { return *std::get_if<Failure>(&content_); }
@@ -30,6 +37,23 @@ class [[nodiscard]] Expected {
 
  private:
   std::variant<Value, Failure> content_;
+};
+
+// Whether something was done; or why not.
+template <>
+class [[nodiscard]] Expected<void> {
+ public:
+  Expected() = default;
+  Expected(Failure failure) : failure_(std::move(failure)) {}
+
+  explicit operator bool() const { return !failure_; }
+
+  // Only where it was not done.
+  const Failure &failure() const { return *failure_; }
+  const std::string &message() const { return failure_->message; }
+
+ private:
+  std::optional<Failure> failure_;
 };
 
 #endif

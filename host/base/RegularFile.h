@@ -4,12 +4,11 @@
 #define HOST_BASE_REGULARFILE_H
 
 #include <filesystem>
-#include <optional>
 
 #include "host/base/Expected.h"
 
-// Why the path, after all links, is no regular file: a clause, without the path. A pipe or a device
-// might never end. None: it is one, which need not be readable.
-std::optional<Failure> ReasonNotRegularFile(const std::filesystem::path &path);
+// That the path, after all links, is a regular file, which need not be readable: a pipe or a device
+// might never end. The failure is a clause, without the path.
+Expected<void> CheckRegularFile(const std::filesystem::path &path);
 
 #endif

@@ -1,12 +1,10 @@
-// Owning handles for reference-counted objects.
+// Owning handles for Objective-C objects.
 
 #ifndef HOST_BASE_RETAINED_H
 #define HOST_BASE_RETAINED_H
 
 #import <Foundation/Foundation.h>
-#import <PrintCore/PrintCore.h>
 
-#include <memory>
 #include <utility>
 
 // An Objective-C object, released with the handle.
@@ -33,11 +31,5 @@ class Retained {
   explicit Retained(Object object) : object_(object) {}
   Object object_ = nil;
 };
-
-struct PrintSettingsDeleter {
-  using pointer = PMPrintSettings;
-  void operator()(PMPrintSettings settings) const { PMRelease(settings); }
-};
-using PrintSettings = std::unique_ptr<PMPrintSettings, PrintSettingsDeleter>;
 
 #endif

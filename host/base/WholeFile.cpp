@@ -78,12 +78,12 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 
 }  // namespace
 
-std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
+Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
   return WriteWholeFile(path, bytes, path);
 }
 
-std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
-                                      const std::filesystem::path &named) {
+Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
+                              const std::filesystem::path &named) {
   const auto failure = [&named](const std::string &why) {
     return Failure{Localized("cannot write %1: %2", {named.string(), why})};
   };
@@ -114,5 +114,5 @@ std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::st
       destination.has_parent_path() ? destination.parent_path() : ".";
   Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (directory.get() >= 0) fsync(directory.get());
-  return std::nullopt;
+  return {};
 }

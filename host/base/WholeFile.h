@@ -14,8 +14,8 @@
 // the old file is untouched. A writer that is killed may leave a file .pdeprint.XXXXXX beside it;
 // nothing deletes those, because another program may be writing one. The failure names the path, or
 // another one that the user knows.
-std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes);
-std::optional<Failure> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
-                                      const std::filesystem::path &named);
+Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes);
+Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
+                              const std::filesystem::path &named);
 
 #endif

@@ -3,8 +3,8 @@
 #include "host/command/Commands.h"
 #include "host/command/PPDChange.h"
 #include "host/command/PrinterOptionsSearch.h"
-#include "host/cups/PPDSource.h"
-#include "host/enabling/Enabling.h"
+#include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/Enabling.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "host/command/Commands.h"
 #include "host/command/PPDChange.h"
 #include "host/command/PrinterOptionsSearch.h"
-#include "host/enabling/Enabling.h"
+#include "host/ppd/edit/Enabling.h"
 
 namespace {
 

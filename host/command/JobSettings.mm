@@ -2,9 +2,9 @@
 
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
-#include "host/job/JobTicket.h"
-#include "host/job/PresetStore.h"
 #include "host/job/SettingValues.h"
+#include "host/presets/PresetStore.h"
+#include "host/presets/Ticket.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
                              {Quoted(name)})};
   }
   if (const std::optional<Preset> preset = store.Find(name)) return ReadTicket(preset->path);
-  if (auto failure = store.ReasonAgainstFolders()) return *failure;
+  if (auto done = store.CheckFolders(); !done) return done.failure();
   std::string names;
   for (const Preset &preset : store.List()) names += (names.empty() ? "" : ", ") + preset.name;
   if (names.empty()) {
@@ -28,15 +28,15 @@ Expected<PrintSettings> SettingsOfPreset(const std::string &name) {
   return Failure{Localized("there is no preset %1; there are: %2", {Quoted(name), names})};
 }
 
-std::optional<Failure> Overlay(PMPrintSettings settings, PMPrintSettings over) {
+Expected<void> Overlay(PMPrintSettings settings, PMPrintSettings over) {
   Expected<Retained<NSDictionary *>> values = ValuesOf(over);
-  if (!values) return Failure{values.message()};
+  if (!values) return values.failure();
   for (NSString *key in values->get()) {
     Expected<Change> change = SetValue(settings, key, [values->get() objectForKey:key]);
-    if (!change) return Failure{change.message()};
+    if (!change) return change.failure();
     if (*change == Change::kLocked) return IsLocked(key);
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
@@ -46,6 +46,6 @@ Expected<PrintSettings> SettingsToBeginWith(const JobSource &source) {
   if (!ticket || source.preset.empty() || source.preset == kDefaultSettings) return ticket;
   Expected<PrintSettings> preset = SettingsOfPreset(source.preset);
   if (!preset) return preset;
-  if (auto failure = Overlay(preset->get(), ticket->get())) return *failure;
+  if (auto done = Overlay(preset->get(), ticket->get()); !done) return done.failure();
   return preset;
 }

@@ -11,8 +11,8 @@
 #include "host/base/MoveFile.h"
 #include "host/base/Process.h"
 #include "host/base/WholeFile.h"
-#include "host/cups/PPDSource.h"
 #include "host/cups/PrintServer.h"
+#include "host/ppd/PPDSource.h"
 
 namespace fs = std::filesystem;
 
@@ -55,15 +55,15 @@ std::string CommandFor(const std::string &server, const std::string &queue, cons
 }
 
 // Never in the place of another file.
-std::optional<Failure> WriteNewFile(const fs::path &path, const std::string &bytes) {
+Expected<void> WriteNewFile(const fs::path &path, const std::string &bytes) {
   const Failure in_the_way{
       Localized("%1 is there already; name the new file with -o", {path.string()})};
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) return in_the_way;
   const fs::path temporary = path.parent_path() / (".pdeprint." + std::to_string(getpid()));
-  if (auto failure = WriteWholeFile(temporary, bytes, path)) return failure;
+  if (auto done = WriteWholeFile(temporary, bytes, path); !done) return done;
   error = MoveWithoutReplacing(temporary, path);
-  if (!error) return std::nullopt;
+  if (!error) return {};
   unlink(temporary.c_str());
   if (error == std::errc::file_exists) return in_the_way;
   return Failure{Localized("cannot write %1: %2", {path.string(), error.message()})};
@@ -89,11 +89,11 @@ Expected<PPDToChange> TakePPD(const PPDChangeOptions &options) {
   }
   const PrintServer server(options.limit);
   Expected<Queue> queue = server.FindQueue(options.queue);
-  if (!queue) return Failure{queue.message()};
+  if (!queue) return queue.failure();
   // An instance has its queue's.
   ppd.name = ppd.queue = queue->name.substr(0, queue->name.find('/'));
   Expected<std::optional<std::string>> text = server.PPDTextOfQueue(ppd.queue);
-  if (!text) return Failure{text.message()};
+  if (!text) return text.failure();
   if (!*text) return Failure{Localized("the queue %1 has no PPD file", {ppd.queue})};
   ppd.text = std::move(**text);
   return ppd;
@@ -102,20 +102,20 @@ Expected<PPDToChange> TakePPD(const PPDChangeOptions &options) {
 int LeavePPD(const PPDChangeOptions &options, const PPDToChange &ppd, const std::string &text,
              const std::string &change) {
   if (ppd.queue.empty()) {
-    if (auto failure = WriteWholeFile(options.output, text)) return Failed(failure->message);
+    if (auto done = WriteWholeFile(options.output, text); !done) return Failed(done.message());
     return Done("wrote " + options.output.string() + ", " + change);
   }
   const PrintServer server(options.limit);
   if (options.apply) {
     if (text == ppd.text) return Done("the queue " + ppd.queue + " is as it was, " + change);
-    if (auto failure = server.ReplacePPD(ppd.queue, text)) return Failed(failure->message);
+    if (auto done = server.ReplacePPD(ppd.queue, text); !done) return Failed(done.message());
     return Done("the queue " + ppd.queue + " on the print server " + server.Address() +
                 " has a new PPD file, " + change);
   }
   const fs::path path = options.output.empty() ? fs::path(ppd.queue + ".ppd") : options.output;
-  const auto failure =
+  const auto written =
       options.output.empty() ? WriteNewFile(path, text) : WriteWholeFile(path, text);
-  if (failure) return Failed(failure->message);
+  if (!written) return Failed(written.message());
   return Done("wrote " + path.string() + ", " + change + "; this command gives it to the queue:\n" +
               CommandFor(server.Address(), ppd.queue, path));
 }

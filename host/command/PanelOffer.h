@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "host/cups/PPDFile.h"
 #include "host/extension/Extensions.h"
+#include "host/ppd/PPDFile.h"
 
 struct PanelOffer {
   std::vector<std::string> panels;  // their names

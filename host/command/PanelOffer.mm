@@ -1,7 +1,7 @@
 #include "host/command/PanelOffer.h"
 
 #include "host/base/Localized.h"
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
 
 namespace {
 

@@ -79,7 +79,7 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
 }  // namespace
 
 int Print(const PrintOptions &options) {
-  if (auto reason = ReasonAgainstFiles(options.files)) return Refuse(reason->message, kFailed);
+  if (auto done = CheckFiles(options.files); !done) return Refuse(done.message(), kFailed);
   std::error_code error;
   if (!options.ticket.empty() && !std::filesystem::exists(options.ticket, error)) {
     return Refuse(Localized("cannot read ticket %1: %2",

@@ -14,11 +14,11 @@ Expected<Printer> OpenPrinter(const JobSource &source) {
   }
   const PrintServer server(source.limit);
   Expected<Queue> queue = server.FindQueue(source.queue);
-  if (!queue) return Failure{queue.message()};
+  if (!queue) return queue.failure();
   printer.name = queue->name;
   printer.queue = std::move(*queue);
   Expected<std::optional<PPDFile>> ppd = server.PPDOfQueue(printer.name);
-  if (!ppd) return Failure{ppd.message()};
+  if (!ppd) return ppd.failure();
   printer.ppd = std::move(*ppd);
   return printer;
 }

@@ -8,8 +8,8 @@
 
 #include "host/base/Expected.h"
 #include "host/command/Commands.h"
-#include "host/cups/PPDFile.h"
 #include "host/cups/Queue.h"
+#include "host/ppd/PPDFile.h"
 
 struct Printer {
   std::string name;  // for people: of the file or queue

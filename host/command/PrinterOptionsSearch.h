@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/enabling/PrinterOptions.h"
+#include "host/ppd/PrinterOptions.h"
 
 // Of all bundles that are found, the named one (if not empty) first; never empty. The failure: no
 // bundle, none with printer options, the named one has none, or one cannot give them.

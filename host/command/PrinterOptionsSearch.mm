@@ -6,13 +6,13 @@
 
 Expected<std::vector<PrinterOptions>> FindPrinterOptions(const std::filesystem::path &named) {
   Expected<Extensions> extensions = Extensions::Load(named);
-  if (!extensions) return Failure{extensions.message()};
+  if (!extensions) return extensions.failure();
   if (extensions->bundles().empty()) return Failure{extensions->ReasonForNoPanel(nullptr)};
   std::vector<PrinterOptions> found;
   std::string without;
   for (const ExtensionBundle &bundle : extensions->bundles()) {
     Expected<std::optional<PrinterOptions>> options = PrinterOptionsOf(bundle);
-    if (!options) return Failure{options.message()};
+    if (!options) return options.failure();
     if (*options) {
       found.push_back(std::move(**options));
       continue;

@@ -11,16 +11,16 @@ namespace {
 // Once the server has gone, all further queues have the same result: asking about each would take
 // the limit each time.
 QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions &extensions,
-                       std::optional<Failure> &gone) {
+                       Expected<void> &server_answers) {
   QueueResult result{.queue = queue};
-  if (gone) {
-    result.reason = gone->message;
+  if (!server_answers) {
+    result.reason = server_answers.message();
     return result;
   }
   Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(queue.name); });
   if (!ppd) {
     result.reason = ppd.message();
-    if (ppd.failure().is_unanswered) gone = ppd.failure();
+    if (ppd.failure().is_unanswered) server_answers = ppd.failure();
     return result;
   }
   PanelOffer offer = PanelsOfferedFor(*ppd ? &**ppd : nullptr, extensions);
@@ -42,10 +42,10 @@ int Run(const QueuesOptions &options) {
     return kFailed;
   }
   std::vector<QueueResult> results;
-  std::optional<Failure> gone;
+  Expected<void> server_answers;
   for (const Queue &queue : *queues) {
     @autoreleasepool {
-      results.push_back(CheckQueue(queue, server, *extensions, gone));
+      results.push_back(CheckQueue(queue, server, *extensions, server_answers));
     }
   }
   if (extensions->bundles().empty()) {
@@ -53,7 +53,7 @@ int Run(const QueuesOptions &options) {
     return kFailed;
   }
   if (!PrintResults(options.json ? QueuesJson(results) : QueuesText(results))) return kFailed;
-  return gone ? kFailed : kDone;
+  return server_answers ? kDone : kFailed;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "host/command/SettingChanges.h"
 #include "host/job/OptionFit.h"
 #include "host/job/PageRanges.h"
+#include "host/job/SettingOptions.h"
 #include "host/job/SettingValues.h"
 
 namespace {
@@ -19,28 +20,28 @@ struct Refusal {
   std::string message;
 };
 
-std::optional<Failure> Store(PMPrintSettings settings, const std::string &keyword,
-                             const std::string &value) {
+Expected<void> Store(PMPrintSettings settings, const std::string &keyword,
+                     const std::string &value) {
   NSString *key = [NSString stringWithUTF8String:keyword.c_str()];
   Expected<Change> change = SetValue(settings, key, [NSString stringWithUTF8String:value.c_str()]);
-  if (!change) return Failure{change.message()};
+  if (!change) return change.failure();
   if (*change == Change::kLocked) return IsLocked(key);
-  return std::nullopt;
+  return {};
 }
 
 // As the server takes page ranges: in rising order, without blanks.
-std::optional<Failure> SortPages(PMPrintSettings settings) {
+Expected<void> SortPages(PMPrintSettings settings) {
   Expected<std::optional<std::string>> pages = JobOptionFromSettings(settings, "page-ranges");
-  if (!pages) return Failure{pages.message()};
-  if (!*pages) return std::nullopt;
+  if (!pages) return pages.failure();
+  if (!*pages) return {};
   Expected<std::string> sorted = ParsePageRanges(**pages);
-  if (!sorted || *sorted == **pages) return std::nullopt;
+  if (!sorted || *sorted == **pages) return {};
   return Store(settings, "page-ranges", *sorted);
 }
 
-std::optional<Failure> Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
+Expected<void> Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
   for (const SettingChange &change : changes) {
-    if (auto failure = Store(settings, change.key, change.value)) return failure;
+    if (auto done = Store(settings, change.key, change.value); !done) return done;
   }
   return SortPages(settings);
 }
@@ -51,7 +52,7 @@ Expected<std::optional<std::string>> KeyWithoutString(const std::vector<Setting>
   for (const Setting &setting : settings) {
     Expected<Retained<id>> value =
         ValueOf(values, [NSString stringWithUTF8String:setting.key.c_str()]);
-    if (!value) return Failure{value.message()};
+    if (!value) return value.failure();
     if (value->get() == nil || [value->get() isKindOfClass:[NSString class]]) continue;
     return std::optional(setting.key);
   }
@@ -162,8 +163,8 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
     if (known.empty()) ComplainOfLeftOut(*extensions);  // the setting may be theirs
     return Refuse({kWrongUsage, changes.message()});
   }
-  if (const auto failure = Apply(*changes, settings->get())) {
-    return Refuse({kFailed, failure->message});
+  if (const auto applied = Apply(*changes, settings->get()); !applied) {
+    return Refuse({kFailed, applied.message()});
   }
   Expected<JobOptions> asked = JobOptionsFromSettings(settings->get());
   if (!asked) return Refuse({kFailed, asked.message()});
@@ -183,13 +184,13 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
     }
   }
   const JobOptions before = session.OwnOptions();
-  const std::optional<Failure> reason = session.ReasonNotToPrint();
+  const Expected<void> printable = session.CheckPrintable();
   session.DropFaultyPanels();
   ComplainOfLeftOut(*extensions);
   const JobOptions after = session.OwnOptions();
   if (session.fault()) return Refuse({kFailed, session.fault()->message});
   if (const auto refusal = ExplainCorrections(before, after, *changes)) return Refuse(*refusal);
-  if (reason) return Refuse({kFailed, reason->message});
+  if (!printable) return Refuse({kFailed, printable.message()});
   return work({printer->name, printer->queue, session});
 }
 

@@ -56,7 +56,7 @@ Expected<SettingChange> Parse(const std::string &text, const std::vector<Setting
       [&name](const Setting &known) { return known.name == name || known.key == name; });
   if (setting != settings.end()) {
     Expected<std::string> stored = setting->Check(value);
-    if (!stored) return Failure{stored.message()};
+    if (!stored) return stored.failure();
     return Fitting({setting->name, setting->key, *stored}, ppd);
   }
   const bool is_ppd_option = ppd != nullptr && ppd->HasOption(name);
@@ -85,7 +85,7 @@ Expected<std::vector<SettingChange>> ParseSettingChanges(const std::vector<std::
   std::vector<SettingChange> changes;
   for (const std::string &text : texts) {
     Expected<SettingChange> change = Parse(text, settings, ppd);
-    if (!change) return Failure{change.message()};
+    if (!change) return change.failure();
     changes.push_back(std::move(*change));
   }
   return changes;

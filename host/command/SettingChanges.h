@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/cups/PPDFile.h"
 #include "host/extension/Setting.h"
+#include "host/ppd/PPDFile.h"
 
 struct SettingChange {
   std::string name;   // as it was asked for

@@ -3,7 +3,7 @@
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
 #include "host/command/ScriptedJob.h"
-#include "host/job/JobTicket.h"
+#include "host/presets/Ticket.h"
 
 namespace {
 
@@ -19,8 +19,8 @@ int Run(const SettingsOptions &options, const ScriptedJob &job) {
     return kFailed;
   }
   if (!options.ticket.empty()) {
-    if (auto failure = WriteTicket(options.ticket, session.settings())) {
-      Complain(failure->message);
+    if (auto written = WriteTicket(options.ticket, session.settings()); !written) {
+      Complain(written.message());
       return kFailed;
     }
     report.ticket = options.ticket.string();

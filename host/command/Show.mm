@@ -12,13 +12,13 @@
 #include "host/dialog/PrintDialog.h"
 #include "host/dialog/Prompt.h"
 #include "host/job/JobFiles.h"
-#include "host/job/JobTicket.h"
+#include "host/presets/Ticket.h"
 
 namespace {
 
 Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   PrintDialogJob job;
-  if (auto reason = ReasonAgainstFiles(options.files)) return *reason;
+  if (auto done = CheckFiles(options.files); !done) return done.failure();
   if (!options.ppd.empty()) {
     Expected<PPDFile> ppd = PPDFile::Open(options.ppd);
     if (!ppd)
@@ -26,7 +26,7 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
     job.ppd = std::move(*ppd);
   }
   Expected<PrintSettings> settings = SettingsToBeginWith(options);
-  if (!settings) return Failure{settings.message()};
+  if (!settings) return settings.failure();
   job.queue = options.queue;
   job.settings = std::move(*settings);
   job.preset = options.ticket.empty() ? options.preset : "";
@@ -36,7 +36,7 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   return job;
 }
 
-std::optional<Failure> WritePicture(const std::filesystem::path &path, NSView *view) {
+Expected<void> WritePicture(const std::filesystem::path &path, NSView *view) {
   NSData *picture = PictureOfView(view);
   if (picture == nil) return Failure{Localized("cannot take a picture of the dialog")};
   return WriteWholeFile(
@@ -46,14 +46,9 @@ std::optional<Failure> WritePicture(const std::filesystem::path &path, NSView *v
 // What the last job used is a convenience: that it cannot be kept is said, and no failure.
 void KeepAsLastUsed(PMPrintSettings settings) {
   Expected<std::filesystem::path> path = PresetStore::OfUser().LastUsedPathForWriting();
-  std::optional<Failure> failure;
-  if (!path) {
-    failure = Failure{path.message()};
-  } else {
-    failure = WriteTicket(*path, settings);
-  }
-  if (!failure) return;
-  Note(Localized("the settings are not kept as %1: %2", {Quoted(kLastUsed), failure->message}));
+  const Expected<void> kept = path ? WriteTicket(*path, settings) : path.failure();
+  if (kept) return;
+  Note(Localized("the settings are not kept as %1: %2", {Quoted(kLastUsed), kept.message()}));
 }
 
 int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
@@ -65,17 +60,17 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
     return kFailed;
   }
   if (!options.ticket.empty()) {
-    if (auto failure = WriteTicket(options.ticket, dialog.session().settings())) {
-      failures.push_back(*failure);
-    } else {
+    if (auto written = WriteTicket(options.ticket, dialog.session().settings())) {
       report.ticket = options.ticket.string();
+    } else {
+      failures.push_back(written.failure());
     }
   }
   if (!options.snapshot.empty()) {
-    if (auto failure = WritePicture(options.snapshot, dialog.view())) {
-      failures.push_back(*failure);
-    } else {
+    if (auto written = WritePicture(options.snapshot, dialog.view())) {
       report.snapshot = options.snapshot.string();
+    } else {
+      failures.push_back(written.failure());
     }
   }
   bool told = false;

@@ -7,9 +7,6 @@
 
 #include <memory>
 #include <span>
-#include <string>
-
-#include "host/cups/JobOptions.h"
 
 struct CupsDeleter {
   void operator()(http_t *connection) const { httpClose(connection); }
@@ -36,29 +33,6 @@ class CupsDestinations {
  private:
   cups_dest_t *destinations_ = nullptr;
   int count_;
-};
-
-class CupsOptions {
- public:
-  explicit CupsOptions(const JobOptions &options) {
-    for (const auto &[name, value] : options) {
-      count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &options_);
-    }
-  }
-  // As libcups reads them: "NAME=VALUE ...", also in braces.
-  explicit CupsOptions(const std::string &text)
-      : count_(cupsParseOptions(text.c_str(), 0, &options_)) {}
-  ~CupsOptions() { cupsFreeOptions(count_, options_); }
-  CupsOptions(const CupsOptions &) = delete;
-  CupsOptions &operator=(const CupsOptions &) = delete;
-
-  int count() const { return count_; }
-  cups_option_t *get() const { return options_; }
-  std::span<const cups_option_t> all() const { return {options_, static_cast<size_t>(count_)}; }
-
- private:
-  cups_option_t *options_ = nullptr;
-  int count_ = 0;
 };
 
 #endif

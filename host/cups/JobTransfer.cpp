@@ -17,6 +17,7 @@
 #include "host/base/Utf8.h"
 #include "host/cups/QueueList.h"
 #include "host/cups/ServerConnection.h"
+#include "host/ppd/CupsOptions.h"
 
 namespace {
 
@@ -107,8 +108,8 @@ Expected<int> JobTransfer::Run() {
   job_ = *job;
   Moved();
   // The one who waits may have given up before there was a number.
-  if (stopped_) TakeBack(*job, limit_);
-  if (auto failure = SendFiles(*server)) return *failure;
+  if (stopped_) (void)TakeBack(*job, limit_);
+  if (auto done = SendFiles(*server); !done) return done.failure();
   return job;
 }
 
@@ -130,27 +131,26 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
   }
   const IppMessage answer = server.Ask(std::move(request), ("/printers/" + queue_).c_str());
   if (answer != nullptr) return NumberOf(answer.get(), "job-id");
-  if (stopped_) return *WhyNotFurther();
+  if (stopped_) return JobCanceled();
   if (!server.IsBroken() && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
     return NoSuchQueue(server, request_.queue);
   }
   return server.Refused(Localized("the print server %1 refuses the job: %2"));
 }
 
-std::optional<Failure> JobTransfer::SendFiles(const ServerConnection &server) {
+Expected<void> JobTransfer::SendFiles(const ServerConnection &server) {
   for (JobFile &file : files_) {
-    if (auto failure = SendFile(server, file, &file == &files_.back())) return failure;
+    if (auto done = SendFile(server, file, &file == &files_.back()); !done) return done;
   }
-  return WhyNotFurther();
+  return CheckNotStopped();
 }
 
-std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, JobFile &file,
-                                             bool is_last) {
+Expected<void> JobTransfer::SendFile(const ServerConnection &server, JobFile &file, bool is_last) {
   const auto refused = [&] {
-    if (auto reason = WhyNotFurther()) return *reason;
+    if (auto done = CheckNotStopped(); !done) return done.failure();
     return server.Refused(Localized("the print server %1 refuses %3: %2"), file.path().string());
   };
-  if (auto reason = WhyNotFurther()) return reason;
+  if (auto done = CheckNotStopped(); !done) return done;
   const std::string name = Name(file.path().filename().string());
   if (cupsStartDocument(server.get(), queue_.c_str(), job_, name.c_str(),
                         FormatIn(request_.options).c_str(),
@@ -160,7 +160,7 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
   std::array<char, kPiece> piece;
   ssize_t length;
   while ((length = file.Read(piece.data(), piece.size())) > 0) {
-    if (auto reason = WhyNotFurther()) return reason;
+    if (auto done = CheckNotStopped(); !done) return done;
     if (cupsWriteRequestData(server.get(), piece.data(), static_cast<size_t>(length)) !=
         HTTP_STATUS_CONTINUE) {
       return refused();
@@ -176,12 +176,12 @@ std::optional<Failure> JobTransfer::SendFile(const ServerConnection &server, Job
     return refused();
   }
   Moved();
-  return std::nullopt;
+  return {};
 }
 
-std::optional<Failure> JobTransfer::WhyNotFurther() const {
+Expected<void> JobTransfer::CheckNotStopped() const {
   if (stopped_) return JobCanceled();
-  return std::nullopt;
+  return {};
 }
 
 bool JobTransfer::GoOnWaiting(int socket) {
@@ -193,12 +193,12 @@ bool JobTransfer::GoOnWaiting(int socket) {
   return !stopped_ && Clock::now() - last_movement() < limit_;
 }
 
-std::optional<Failure> TakeBack(int job, std::chrono::milliseconds limit) {
+Expected<void> TakeBack(int job, std::chrono::milliseconds limit) {
   Expected<ServerConnection> server = ServerConnection::Open(limit);
   if (!server) return server.failure();
   const ipp_status_t status = cupsCancelJob2(server->get(), nullptr, job, 0);
   const bool is_done =
       status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_POSSIBLE;
-  if (is_done && !server->IsBroken()) return std::nullopt;
+  if (is_done && !server->IsBroken()) return {};
   return server->Refused(Localized("the print server %1 does not cancel the job: %2"));
 }

@@ -60,9 +60,9 @@ class JobTransfer {
 
  private:
   Expected<int> Create(const class ServerConnection &server);
-  std::optional<Failure> SendFiles(const ServerConnection &server);
-  std::optional<Failure> SendFile(const ServerConnection &server, JobFile &file, bool is_last);
-  std::optional<Failure> WhyNotFurther() const;
+  Expected<void> SendFiles(const ServerConnection &server);
+  Expected<void> SendFile(const ServerConnection &server, JobFile &file, bool is_last);
+  Expected<void> CheckNotStopped() const;
   bool GoOnWaiting(int socket);
   void Moved() { last_movement_ = std::chrono::steady_clock::now(); }
 
@@ -80,6 +80,6 @@ class JobTransfer {
 
 // Cancels the job, on a connection of its own, on a new thread. A job that has ended already is no
 // failure.
-std::optional<Failure> TakeBack(int job, std::chrono::milliseconds limit);
+Expected<void> TakeBack(int job, std::chrono::milliseconds limit);
 
 #endif

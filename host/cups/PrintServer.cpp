@@ -7,9 +7,9 @@
 #include "host/base/BackgroundTask.h"
 #include "host/base/Localized.h"
 #include "host/cups/JobTransfer.h"
-#include "host/cups/PPDSource.h"
 #include "host/cups/QueueList.h"
 #include "host/cups/ServerConnection.h"
+#include "host/ppd/PPDSource.h"
 
 namespace {
 
@@ -103,15 +103,15 @@ bool IsNotAllowed(ipp_status_t status) {
          status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
 }
 
-std::optional<Failure> SendPPD(const ServerConnection &server, const std::string &name,
-                               const std::string &text) {
+Expected<void> SendPPD(const ServerConnection &server, const std::string &name,
+                       const std::string &text) {
   const MemoryFile file;
   if (!FillFile(file, text)) return NoMemoryFile();
   IppMessage request = server.Request(IPP_OP_CUPS_ADD_MODIFY_PRINTER, WithoutInstance(name));
   const IppMessage answer =
       server.Answer(cupsDoIORequest(server.get(), request.release(), "/admin/", file.get(), -1));
   const ipp_status_t status = cupsLastError();
-  if (answer != nullptr) return std::nullopt;
+  if (answer != nullptr) return {};
   Failure refusal =
       server.Refused(Localized("the print server %1 does not take the PPD file for %3: %2"), name);
   if (!IsNotAllowed(status)) return refusal;
@@ -173,12 +173,12 @@ Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
 // message.
 Failure TakenBack(int job, const PrintServer &server, milliseconds limit, Failure failure) {
   if (job == 0) return failure;
-  BackgroundTask<std::optional<Failure>> task([job, limit] { return TakeBack(job, limit); });
-  const std::optional<Failure> reason =
+  BackgroundTask<Expected<void>> task([job, limit] { return TakeBack(job, limit); });
+  const Expected<void> taken =
       task.WaitFor(limit) ? task.Take() : NoAnswer(server.Address(), limit);
-  if (!reason) return failure;
+  if (taken) return failure;
   return Failure{Localized("%1; job %2 is still there: %3",
-                           {failure.message, std::to_string(job), reason->message})};
+                           {failure.message, std::to_string(job), taken.message()})};
 }
 
 }  // namespace
@@ -235,8 +235,7 @@ Expected<std::optional<std::string>> PrintServer::PPDTextOfQueue(const std::stri
                      [name](const ServerConnection &server) { return FetchPPDText(server, name); });
 }
 
-std::optional<Failure> PrintServer::ReplacePPD(const std::string &name,
-                                               const std::string &text) const {
+Expected<void> PrintServer::ReplacePPD(const std::string &name, const std::string &text) const {
   return WithinLimit(limit_, *this, [name, text](const ServerConnection &server) {
     return SendPPD(server, name, text);
   });
@@ -247,7 +246,7 @@ Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &pro
   long long total = 0;
   for (const std::filesystem::path &path : request.files) {
     Expected<JobFile> file = JobFile::Open(path);
-    if (!file) return Failure{file.message()};
+    if (!file) return file.failure();
     total += file->size();
     files.push_back(std::move(*file));
   }

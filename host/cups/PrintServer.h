@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/cups/PPDFile.h"
 #include "host/cups/Queue.h"
+#include "host/ppd/PPDFile.h"
 
 struct JobRequest {
   std::string queue;
@@ -67,7 +67,7 @@ class PrintServer {
 
   // Gives a queue this PPD file, as its administrator. All else that the server keeps of the queue
   // stays; the default choices of the printer's options are those of the new file.
-  std::optional<Failure> ReplacePPD(const std::string &name, const std::string &text) const;
+  Expected<void> ReplacePPD(const std::string &name, const std::string &text) const;
 
   // Sends all files as one job and answers its number. Files that cannot be read are found before
   // anything is sent; if sending fails later, the job is taken back: nothing is printed.

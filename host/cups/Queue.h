@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "host/cups/JobOptions.h"
+#include "host/base/JobOptions.h"
 
 enum class QueueState { kIdle, kPrinting, kStopped };
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/cups/PPDFile.h"
+#include "host/ppd/PPDFile.h"
 
 /// One pop-up an option, under the headings of their groups.
 @interface OptionsView : NSView {

@@ -37,7 +37,7 @@ class PanelChooser {
   // Has the shown panel save and takes it out of the window. False: it refuses, and stays.
   bool TakeAway();
   // Has the shown panel save.
-  std::optional<Failure> Save();
+  Expected<void> Save();
   // The settings were changed behind the shown panel's back.
   void Restore();
   // Whether the dialog's own help is wanted; the panel may have shown its own.
@@ -52,7 +52,7 @@ class PanelChooser {
   void Show(const std::string &kind);
   void ShowChoices();
   bool ShowPanel(std::shared_ptr<ExtensionPanel> panel);
-  std::optional<Failure> SaveShown();
+  Expected<void> SaveShown();
   void Fill();
   void SelectShown();
   Retained<PrintDialogView *> view_;

@@ -40,9 +40,9 @@ void PanelChooser::Fill() {
     options_ = Retained<OptionsView *>::Adopt([[OptionsView alloc]
         initWithOptions:options
              whenChosen:[this](const std::string &keyword, const std::string &choice) {
-               if (const auto failure = session_.ChangeOption(keyword, choice)) {
+               if (const auto changed = session_.ChangeOption(keyword, choice); !changed) {
                  ShowChoices();
-                 return callbacks_.refused(failure->message);
+                 return callbacks_.refused(changed.message());
                }
                callbacks_.option_chosen(keyword);
              }]);
@@ -90,8 +90,8 @@ void PanelChooser::ShowChoices() {
 bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {
   NSView *view = panel->View();
   if (view != nil) {
-    if (const auto failure = panel->Restore(); failure && !panel->fault()) {
-      callbacks_.refused(failure->message);
+    if (const auto restored = panel->Restore(); !restored && !panel->fault()) {
+      callbacks_.refused(restored.message());
     }
     panel->WillShow();
   }
@@ -126,8 +126,8 @@ bool PanelChooser::TakeAway() {
       callbacks_.refused(Localized("%1 cannot be left as it is", {shown_->name()}));
       return false;
     }
-    if (const auto failure = SaveShown()) {
-      callbacks_.refused(failure->message);
+    if (const auto saved = SaveShown(); !saved) {
+      callbacks_.refused(saved.message());
       if (!shown_->fault()) return false;
     }
   }
@@ -137,16 +137,16 @@ bool PanelChooser::TakeAway() {
   return true;
 }
 
-std::optional<Failure> PanelChooser::Save() {
-  std::optional<Failure> failure = SaveShown();
+Expected<void> PanelChooser::Save() {
+  Expected<void> saved = SaveShown();
   if (DropFaulty()) Show("");
-  return failure;
+  return saved;
 }
 
-std::optional<Failure> PanelChooser::SaveShown() {
-  if (shown_ == nullptr) return std::nullopt;
-  std::optional<Failure> failure = shown_->Save();
-  if (!shown_->fault()) return failure;
+Expected<void> PanelChooser::SaveShown() {
+  if (shown_ == nullptr) return {};
+  Expected<void> saved = shown_->Save();
+  if (!shown_->fault()) return saved;
   return Failure{
       Localized("what was chosen on %1 is lost; the job goes on without it", {shown_->name()})};
 }
@@ -156,8 +156,8 @@ void PanelChooser::Restore() {
     Show(kind_);
     return;
   }
-  if (const auto failure = shown_->Restore(); failure && !shown_->fault()) {
-    callbacks_.refused(failure->message);
+  if (const auto restored = shown_->Restore(); !restored && !shown_->fault()) {
+    callbacks_.refused(restored.message());
   }
   if (DropFaulty()) Show("");
 }

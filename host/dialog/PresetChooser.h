@@ -10,8 +10,8 @@
 #include <string>
 
 #include "host/base/Retained.h"
-#include "host/job/JobTicket.h"
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetStore.h"
+#include "host/presets/Ticket.h"
 
 class PresetChooser {
  public:

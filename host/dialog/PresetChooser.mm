@@ -19,8 +19,8 @@ void AddCommand(NSPopUpButton *pop_up, const std::string &title, Tag tag) {
 }
 
 // Two items of one title could not be told apart.
-std::optional<Failure> ReasonAgainstTitle(const std::string &name) {
-  if (name != Localized("Default Settings") && name != Localized("Last Used")) return std::nullopt;
+Expected<void> CheckTitle(const std::string &name) {
+  if (name != Localized("Default Settings") && name != Localized("Last Used")) return {};
   return Failure{
       Localized("no preset can be named %1: %2",
                 {Quoted(name),
@@ -127,8 +127,8 @@ void PresetChooser::Save() {
   const std::optional<std::string> name =
       AskForText(Localized("Save all print settings as a preset with this name:"), proposal,
                  Localized("Save"), [this](const std::string &text) {
-                   const auto failure = ReasonAgainstTitle(text);
-                   return failure ? failure : store_.CheckName(text);
+                   const auto checked = CheckTitle(text);
+                   return checked ? store_.CheckName(text) : checked;
                  });
   if (!name) return;
   const std::optional<Preset> existing = store_.Find(*name);
@@ -139,7 +139,7 @@ void PresetChooser::Save() {
   }
   Expected<std::filesystem::path> path = store_.PathForWriting(*name);
   if (!path) return callbacks_.tell(path.message());
-  if (const auto failure = WriteTicket(*path, settings)) return callbacks_.tell(failure->message);
+  if (auto done = WriteTicket(*path, settings); !done) return callbacks_.tell(done.message());
   current_ = *name;
   Fill();
 }
@@ -148,10 +148,10 @@ void PresetChooser::Rename() {
   SelectCurrent();
   const std::optional<std::string> name =
       AskForText(Localized("New name of the preset “%1”:", {current_}), current_,
-                 Localized("Rename"), [this](const std::string &text) -> std::optional<Failure> {
-                   if (text == current_) return std::nullopt;
-                   const auto failure = ReasonAgainstTitle(text);
-                   return failure ? failure : store_.Rename(current_, text);
+                 Localized("Rename"), [this](const std::string &text) -> Expected<void> {
+                   if (text == current_) return {};
+                   const auto checked = CheckTitle(text);
+                   return checked ? store_.Rename(current_, text) : checked;
                  });
   if (!name) return;
   current_ = *name;
@@ -165,7 +165,7 @@ void PresetChooser::Delete() {
            Localized("Delete"), Localized("Cancel"))) {
     return;
   }
-  if (const auto failure = store_.Delete(current_)) return callbacks_.tell(failure->message);
+  if (auto done = store_.Delete(current_); !done) return callbacks_.tell(done.message());
   current_ = kDefaultSettings;
   Fill();
 }

@@ -24,7 +24,7 @@
 #include "host/dialog/PrinterChooser.h"
 #import "host/dialog/WaitingView.h"
 #include "host/extension/Extensions.h"
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetStore.h"
 #include "host/session/JobSession.h"
 
 struct PrintDialogJob {
@@ -83,7 +83,7 @@ class PrintDialog {
 
   void ShowFields();
   void ShowFieldsNotTyped();
-  std::optional<Failure> TakeFields();
+  Expected<void> TakeFields();
   std::vector<SummarySection> JobSummary();
   PMPrintSettings SettingsToSave();
 

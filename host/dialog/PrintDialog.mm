@@ -268,24 +268,23 @@ void PrintDialog::ShowFieldsNotTyped() {
 }
 
 // The queue's defaults hold where nothing else is chosen.
-std::optional<Failure> PrintDialog::TakeFields() {
+Expected<void> PrintDialog::TakeFields() {
   PrintDialogView *view = view_.get();
-  const auto take =
-      [this](NSTextField *field, const char *name, const char *otherwise,
-             Expected<std::string> (*parse)(std::string_view)) -> std::optional<Failure> {
+  const auto take = [this](NSTextField *field, const char *name, const char *otherwise,
+                           Expected<std::string> (*parse)(std::string_view)) -> Expected<void> {
     Expected<std::string> value = parse(Text([field stringValue]));
     if (!value) {
       [window_.get() makeFirstResponder:field];
-      return Failure{value.message()};
+      return value.failure();
     }
     const JobOptions options = session_.Options();
     const auto now = options.find(name);
-    if (*value == (now == options.end() ? otherwise : now->second)) return std::nullopt;
-    if (auto failure = session_.Set(name, *value)) return failure;
-    if (!value->empty() || !session_.Options().contains(name)) return std::nullopt;
+    if (*value == (now == options.end() ? otherwise : now->second)) return {};
+    if (auto done = session_.Set(name, *value); !done) return done;
+    if (!value->empty() || !session_.Options().contains(name)) return {};
     return session_.Set(name, kAllPages);
   };
-  if (auto failure = take([view copies], kCopies, "1", ParseCopies)) return failure;
+  if (auto done = take([view copies], kCopies, "1", ParseCopies); !done) return done;
   [[view copiesStepper] setIntValue:[[view copies] intValue]];
   return take([view pages], kPageRanges, "", ParsePageRanges);
 }
@@ -310,11 +309,11 @@ std::vector<SummarySection> PrintDialog::JobSummary() {
 
 PMPrintSettings PrintDialog::SettingsToSave() {
   EndEditing(window_.get());
-  std::optional<Failure> failure = TakeFields();
-  if (!failure) failure = panels_.Save();
-  if (!failure) failure = session_.fault();
-  if (!failure) return session_.settings();
-  AddNote(failure->message);
+  Expected<void> taken = TakeFields();
+  if (taken) taken = panels_.Save();
+  if (taken && session_.fault()) taken = *session_.fault();
+  if (taken) return session_.settings();
+  AddNote(taken.message());
   return nullptr;
 }
 
@@ -328,17 +327,17 @@ void PrintDialog::Accept() {
 
 bool PrintDialog::IsReadyToPrint() {
   notes_.clear();
-  std::optional<Failure> failure = TakeFields();
-  if (!failure) failure = panels_.Save();
-  if (failure) {
-    AddNote(failure->message);
+  Expected<void> taken = TakeFields();
+  if (taken) taken = panels_.Save();
+  if (!taken) {
+    AddNote(taken.message());
     return false;
   }
   if (!AskAboutConflicts("")) return false;
-  failure = session_.ReasonNotToPrint();
+  const Expected<void> printable = session_.CheckPrintable();
   panels_.DropFaulty();
-  if (failure) {
-    AddNote(failure->message);
+  if (!printable) {
+    AddNote(printable.message());
     return false;
   }
   ShowNotices();
@@ -369,7 +368,9 @@ bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
       continue;
     }
     for (const auto &[keyword, choice] : *changes) {
-      if (const auto failure = session_.ChangeOption(keyword, choice)) AddNote(failure->message);
+      if (const auto changed = session_.ChangeOption(keyword, choice); !changed) {
+        AddNote(changed.message());
+      }
     }
     panels_.Restore();
     return false;

@@ -22,6 +22,6 @@ void Tell(const std::string &message);
 /// value: canceled.
 std::optional<std::string> AskForText(
     const std::string &message, const std::string &text, const std::string &yes,
-    const std::function<std::optional<Failure>(const std::string &)> &check);
+    const std::function<Expected<void>(const std::string &)> &check);
 
 #endif

@@ -161,16 +161,16 @@ void Tell(const std::string &message) {
 
 std::optional<std::string> AskForText(
     const std::string &message, const std::string &text, const std::string &yes,
-    const std::function<std::optional<Failure>(const std::string &)> &check) {
+    const std::function<Expected<void>(const std::string &)> &check) {
   Retained<Prompt *> prompt =
       MakePrompt(String(message), String(text), String(yes), String(Localized("Cancel")));
   std::optional<std::string> answer;
   while ([prompt.get() run]) {
     answer = Text([prompt.get() text]);
-    const std::optional<Failure> refusal = check(*answer);
-    if (!refusal) break;
+    const Expected<void> checked = check(*answer);
+    if (checked) break;
     answer.reset();
-    [prompt.get() setMessage:Sentence(refusal->message)];
+    [prompt.get() setMessage:Sentence(checked.message())];
   }
   [prompt.get() close];
   return answer;

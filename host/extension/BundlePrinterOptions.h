@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "host/base/Expected.h"
-#include "host/enabling/PrinterOptions.h"
 #include "host/extension/ExtensionBundle.h"
+#include "host/ppd/PrinterOptions.h"
 
 // Those of the resources that the bundle's Info.plist names under PDEPrinterOptions, by Color and
 // Monochrome, with the attribute under PDESupportAttribute. No value inside: it names none. The

@@ -65,9 +65,9 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
   options.support_keyword = TextIn(support, @"Keyword");
   options.support_value = TextIn(support, @"Value");
   Expected<std::string> color = Lines(bundle, named, @"Color");
-  if (!color) return Failure{color.message()};
+  if (!color) return color.failure();
   Expected<std::string> monochrome = Lines(bundle, named, @"Monochrome");
-  if (!monochrome) return Failure{monochrome.message()};
+  if (!monochrome) return monochrome.failure();
   options.color = std::move(*color);
   options.monochrome = std::move(*monochrome);
   return std::optional<PrinterOptions>(std::move(options));

@@ -10,8 +10,8 @@
 
 #include "host/base/Expected.h"
 #include "host/base/Retained.h"
-#include "host/cups/PPDFile.h"
 #include "host/extension/HostCallback.h"
+#include "host/ppd/PPDFile.h"
 
 class ExtensionBundle {
  public:

@@ -39,8 +39,8 @@ class ExtensionPanel {
   // The view, always the same. nil where there is a fault.
   NSView *View();
   // The failure: it refuses, with its own words where it gives some, or has a fault.
-  std::optional<Failure> Restore();
-  std::optional<Failure> Save();
+  Expected<void> Restore();
+  Expected<void> Save();
   void WillShow();
   bool ShouldHide();
   bool ShouldPrint();

@@ -124,27 +124,27 @@ NSView *ExtensionPanel::View() {
   return fault_ ? nil : view_.get();
 }
 
-std::optional<Failure> ExtensionPanel::Restore() {
-  std::optional<Failure> failure;
+Expected<void> ExtensionPanel::Restore() {
+  Expected<void> restored;
   Ask(fault_, [&] {
     NSError *error = nil;
     if ([(id<PDEPanel>)panel_.get() restoreValuesAndReturnError:&error]) return;
-    failure =
+    restored =
         Failure{Localized("%1 does not show the job's settings: %2", {name_, WordsOf(error)})};
   });
   if (fault_) return Unusable();
-  return failure;
+  return restored;
 }
 
-std::optional<Failure> ExtensionPanel::Save() {
-  std::optional<Failure> failure;
+Expected<void> ExtensionPanel::Save() {
+  Expected<void> saved;
   Ask(fault_, [&] {
     NSError *error = nil;
     if ([(id<PDEPanel>)panel_.get() saveValuesAndReturnError:&error]) return;
-    failure = Failure{Localized("%1 does not save what it shows: %2", {name_, WordsOf(error)})};
+    saved = Failure{Localized("%1 does not save what it shows: %2", {name_, WordsOf(error)})};
   });
   if (fault_) return Unusable();
-  return failure;
+  return saved;
 }
 
 Failure ExtensionPanel::Unusable() const {

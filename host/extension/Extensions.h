@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "host/cups/PPDFile.h"
 #include "host/extension/ExtensionBundle.h"
 #include "host/extension/ExtensionPanel.h"
 #include "host/extension/SettingInfo.h"
+#include "host/ppd/PPDFile.h"
 
 using ExtensionPanels = std::vector<std::shared_ptr<ExtensionPanel>>;
 
@@ -55,7 +55,7 @@ class Extensions {
   Extensions() = default;
   std::string ReasonForNoBundle() const;
   // The failure: it does not load. One that was here already is passed over.
-  std::optional<Failure> Add(const std::filesystem::path &path);
+  Expected<void> Add(const std::filesystem::path &path);
   void LeaveOut(const std::string &name, const std::string &reason);
   void LeaveOut(NSBundle *bundle, const std::string &reason);
 

@@ -40,32 +40,32 @@ Expected<Extensions> Extensions::Load(const fs::path &named) {
     if (!fs::is_directory(named, error)) {
       return Failure{Localized("no bundle at %1", {named.string()})};
     }
-    if (auto failure = extensions.Add(fs::absolute(named, error))) return *failure;
+    if (auto done = extensions.Add(fs::absolute(named, error)); !done) return done.failure();
   }
   const std::vector<fs::path> folders = BundleFolders();
   for (const fs::path &bundle : BundlesIn(folders)) {
-    if (auto failure = extensions.Add(bundle)) {
-      extensions.LeaveOut(NameOf(bundle), failure->message);
+    if (auto added = extensions.Add(bundle); !added) {
+      extensions.LeaveOut(NameOf(bundle), added.message());
     }
   }
   extensions.folders_ = Joined(folders);
   return extensions;
 }
 
-std::optional<Failure> Extensions::Add(const fs::path &path) {
+Expected<void> Extensions::Add(const fs::path &path) {
   std::error_code error;
   const fs::path place = fs::canonical(path, error);
-  if (!paths_.insert(error ? path : place).second) return std::nullopt;
+  if (!paths_.insert(error ? path : place).second) return {};
   const std::string identifier = IdentifierOf(path);
-  if (!identifier.empty() && !identifiers_.insert(identifier).second) return std::nullopt;
+  if (!identifier.empty() && !identifiers_.insert(identifier).second) return {};
   Expected<ExtensionBundle> bundle = ExtensionBundle::Load(path);
-  if (!bundle) return Failure{bundle.message()};
+  if (!bundle) return bundle.failure();
   WhatRaises([&] {
     Expected<std::vector<Setting>> settings = SettingsOfBundle(bundle->bundle());
     if (settings) settings_.insert(settings_.end(), settings->begin(), settings->end());
   });
   bundles_.push_back(std::move(*bundle));
-  return std::nullopt;
+  return {};
 }
 
 void Extensions::LoadNamedBy(const PPDFile &ppd) {
@@ -74,7 +74,7 @@ void Extensions::LoadNamedBy(const PPDFile &ppd) {
     if (!path.has_filename()) path = path.parent_path();
     std::error_code error;
     if (path.is_absolute() && fs::is_directory(path, error)) {
-      if (auto failure = Add(path)) LeaveOut(NameOf(path), failure->message);
+      if (auto added = Add(path); !added) LeaveOut(NameOf(path), added.message());
       continue;
     }
     const bool was_tried =

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/cups/JobOptions.h"
+#include "host/base/JobOptions.h"
 
 // One setting: its name, the print-settings key under which it is stored, and what may be stored,
 // either one of the choices or, where there are none, a whole number of a range.

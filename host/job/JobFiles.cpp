@@ -10,7 +10,7 @@
 
 namespace fs = std::filesystem;
 
-std::optional<Failure> ReasonAgainstFiles(const std::vector<fs::path> &files) {
+Expected<void> CheckFiles(const std::vector<fs::path> &files) {
   for (const fs::path &file : files) {
     const auto failure = [&file](const std::string &why) {
       return Failure{Localized("cannot print %1: %2", {file.string(), why})};
@@ -24,7 +24,7 @@ std::optional<Failure> ReasonAgainstFiles(const std::vector<fs::path> &files) {
     if (access(file.c_str(), R_OK) != 0) return failure(std::strerror(errno));
     if (fs::file_size(file, error) == 0) return failure(Localized("the file is empty"));
   }
-  return std::nullopt;
+  return {};
 }
 
 std::string TitleOfJob(const std::vector<fs::path> &files) {

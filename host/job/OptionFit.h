@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "host/cups/JobOptions.h"
-#include "host/cups/PPDFile.h"
+#include "host/base/JobOptions.h"
+#include "host/ppd/PPDFile.h"
 
 struct UnfitOption {
   std::string keyword;

@@ -56,13 +56,13 @@ Expected<Range> ParseRange(std::string_view text) {
                   {Quoted(text)})};
   }
   Expected<int> first = ParsePage(from);
-  if (!first) return Failure{first.message()};
+  if (!first) return first.failure();
   if (dash == std::string_view::npos) return Range{*first, *first};
 
   const std::string_view to = Trimmed(text.substr(dash + 1));
   if (to.empty()) return Range{*first, kLastPage};
   Expected<int> last = ParsePage(to);
-  if (!last) return Failure{last.message()};
+  if (!last) return last.failure();
   if (*last < *first) {
     return Failure{Localized("%1 ends before it begins; write %2",
                              {Quoted(text), std::to_string(*last) + "-" + std::to_string(*first)})};
@@ -75,7 +75,7 @@ Expected<std::vector<Range>> ParseRanges(std::string_view text) {
   for (size_t begin = 0, comma = 0; comma != std::string_view::npos; begin = comma + 1) {
     comma = text.find(',', begin);
     Expected<Range> range = ParseRange(Trimmed(text.substr(begin, comma - begin)));
-    if (!range) return Failure{range.message()};
+    if (!range) return range.failure();
     ranges.push_back(*range);
   }
   return ranges;
@@ -100,7 +100,7 @@ std::vector<Range> Merged(std::vector<Range> ranges) {
 Expected<std::string> ParsePageRanges(std::string_view text) {
   if (Trimmed(text).empty()) return std::string();
   Expected<std::vector<Range>> ranges = ParseRanges(text);
-  if (!ranges) return Failure{ranges.message()};
+  if (!ranges) return ranges.failure();
   std::string value;
   for (const Range &range : Merged(std::move(*ranges))) {
     if (!value.empty()) value += ',';

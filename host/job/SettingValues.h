@@ -3,7 +3,7 @@
 #ifndef HOST_JOB_SETTINGVALUES_H
 #define HOST_JOB_SETTINGVALUES_H
 
-#include <optional>
+#import <PrintCore/PrintCore.h>
 
 #include "host/base/Expected.h"
 #include "host/base/Retained.h"

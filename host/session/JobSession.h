@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/cups/PPDFile.h"
 #include "host/extension/Extensions.h"
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
+#include "host/ppd/PPDFile.h"
 
 // What the user should know, a sentence without full stop each.
 using Notes = std::vector<std::string>;
@@ -56,7 +56,7 @@ class JobSession {
 
   std::string Value(const std::string &keyword) const;  // empty: not set
   // An empty value takes it away. The failure: all is as before.
-  std::optional<Failure> Set(const std::string &keyword, const std::string &value);
+  Expected<void> Set(const std::string &keyword, const std::string &value);
   // The settings as job options.
   JobOptions OwnOptions() const;
   // What the job is printed with if nothing more is set: the queue's defaults under the settings.
@@ -69,11 +69,11 @@ class JobSession {
 
   // Changes the choice of a PPD option from outside the panels, and tells them. The failure: all is
   // as before.
-  std::optional<Failure> ChangeOption(const std::string &keyword, const std::string &choice);
+  Expected<void> ChangeOption(const std::string &keyword, const std::string &choice);
 
   // Why the job cannot be printed as it stands: there is a fault, a panel does not allow it, or a
   // value does not fit the printer. Conflicts of choices are not looked at.
-  std::optional<Failure> ReasonNotToPrint();
+  Expected<void> CheckPrintable();
 
   // The localized summary of every panel that has one, under its name.
   std::vector<std::pair<std::string, SummaryLines>> Summary();

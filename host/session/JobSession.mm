@@ -6,6 +6,7 @@
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
 #include "host/job/OptionFit.h"
+#include "host/job/SettingOptions.h"
 #include "host/job/SettingValues.h"
 
 namespace {
@@ -249,10 +250,10 @@ JobOptions JobSession::OwnOptions() const {
   return {};
 }
 
-std::optional<Failure> JobSession::Set(const std::string &keyword, const std::string &value) {
+Expected<void> JobSession::Set(const std::string &keyword, const std::string &value) {
   Expected<Change> change = SetValue(settings(), Key(keyword), ValueToStore(value));
-  if (!change) return Failure{change.message()};
-  if (*change == Change::kMade) return std::nullopt;
+  if (!change) return change.failure();
+  if (*change == Change::kMade) return {};
   return IsLocked(Key(keyword));
 }
 
@@ -306,21 +307,20 @@ std::vector<PPDOption> JobSession::OtherOptions() const {
   return options;
 }
 
-std::optional<Failure> JobSession::ChangeOption(const std::string &keyword,
-                                                const std::string &choice) {
-  if (auto failure = Set(keyword, choice)) return failure;
+Expected<void> JobSession::ChangeOption(const std::string &keyword, const std::string &choice) {
+  if (auto done = Set(keyword, choice); !done) return done;
   for (const auto &panel : panels_) panel->OptionDidChange(keyword, choice);
-  return std::nullopt;
+  return {};
 }
 
-std::optional<Failure> JobSession::ReasonNotToPrint() {
+Expected<void> JobSession::CheckPrintable() {
   for (const auto &panel : panels_) {
     if (!panel->ShouldPrint()) {
       return Failure{Localized("%1 does not allow this job to be printed", {panel->name()})};
     }
   }
   const JobOptions options = OwnOptions();
-  if (fault_) return fault_;
+  if (fault_) return *fault_;
   const auto reason = [](const std::string &keyword, const std::string &value,
                          const std::string &why) {
     return Failure{Localized("the job's %1 is %2: %3", {keyword, Quoted(value), why})};
@@ -334,7 +334,7 @@ std::optional<Failure> JobSession::ReasonNotToPrint() {
   for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
     return reason(unfit.keyword, unfit.value, unfit.reason);
   }
-  return std::nullopt;
+  return {};
 }
 
 std::vector<std::pair<std::string, SummaryLines>> JobSession::Summary() {

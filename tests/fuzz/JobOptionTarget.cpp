@@ -1,9 +1,9 @@
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/command/SettingChanges.h"
-#include "host/cups/PPDSource.h"
 #include "host/extension/Setting.h"
 #include "host/job/PageRanges.h"
+#include "host/ppd/PPDSource.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/support/NumberingPPD.h"
 

@@ -1,6 +1,6 @@
-#include "host/cups/PPDFile.h"
-#include "host/cups/PPDSource.h"
-#include "host/enabling/Enabling.h"
+#include "host/ppd/PPDFile.h"
+#include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/Enabling.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/support/MarkOptions.h"
 

@@ -1,6 +1,6 @@
 #include "host/base/Utf8.h"
-#include "host/job/PresetName.h"
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetName.h"
+#include "host/presets/PresetStore.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -13,8 +13,8 @@ namespace {
 std::string AsNameOfPreset(const std::string &name) {
   static const TemporaryFolder folder;
   const PresetStore store(folder.path() / "presets", {});
-  if (const auto reason = ReasonAgainstPresetName(name)) {
-    if (reason->message.empty()) return "refused without a reason";
+  if (const auto checked = CheckPresetName(name); !checked) {
+    if (checked.message().empty()) return "refused without a reason";
     return store.PathForWriting(name) ? "a name that is refused can be written" : "";
   }
   const std::string file = FileNameOfPreset(name);
@@ -28,15 +28,15 @@ std::string AsNameOfPreset(const std::string &name) {
   const size_t count = store.List().size();
   if (!preset || preset->path != *path) return "a preset that was written is not found";
   if (count != 1) return "there are " + std::to_string(count) + " presets in place of one";
-  if (const auto failure = store.Delete(name)) return failure->message;
+  if (auto done = store.Delete(name); !done) return done.message();
   return store.List().empty() ? "" : "a preset that was deleted is still there";
 }
 
 std::string AsNameOfFile(const std::string &file) {
   const std::optional<std::string> name = PresetNameOfFile(file);
   if (!name) return "";
-  if (const auto reason = ReasonAgainstPresetName(*name)) {
-    return "the file " + file + " is that of a name that is refused: " + reason->message;
+  if (const auto checked = CheckPresetName(*name); !checked) {
+    return "the file " + file + " is that of a name that is refused: " + checked.message();
   }
   return FileNameOfPreset(*name) == file ? "" : "the preset " + *name + " has two files";
 }

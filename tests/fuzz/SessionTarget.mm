@@ -1,5 +1,5 @@
-#include "host/cups/PPDSource.h"
 #include "host/job/OptionFit.h"
+#include "host/ppd/PPDSource.h"
 #include "host/session/JobSession.h"
 #include "tests/fuzz/InstalledBundle.h"
 #include "tests/fuzz/Outcome.h"
@@ -65,7 +65,7 @@ PrintSettings SettingsWith(NSDictionary *values) {
 // The panel must never come to see what it takes for a programming error, and nothing may be left
 // that the printer would silently make something else of.
 std::string Judge(JobSession &session, const Extensions &extensions) {
-  session.ReasonNotToPrint();
+  (void)session.CheckPrintable();
   session.Summary();
   for (const auto &panel : session.panels()) {
     if (panel->fault()) return "the panel has a fault: " + *panel->fault();

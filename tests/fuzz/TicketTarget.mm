@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "host/job/JobTicket.h"
+#include "host/presets/Ticket.h"
 #include "tests/fuzz/Outcome.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/support/TemporaryFolder.h"
@@ -34,8 +34,8 @@ std::string Run(std::string_view file) {
   }
 
   const std::filesystem::path again = folder.path() / "again.plist";
-  if (const auto failure = WriteTicket(again, settings->get())) {
-    return "what was read cannot be written: " + failure->message;
+  if (const auto written = WriteTicket(again, settings->get()); !written) {
+    return "what was read cannot be written: " + written.message();
   }
   Expected<PrintSettings> reread = ReadTicket(again);
   if (!reread) return "what was written cannot be read: " + reread.message();

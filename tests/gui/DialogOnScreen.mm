@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "host/job/JobTicket.h"
+#include "host/presets/Ticket.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 
@@ -71,7 +71,7 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
   }
   if (!options.last_used.empty()) {
     Expected<std::filesystem::path> path = store().LastUsedPathForWriting();
-    WriteTicket(*path, Settings(options.last_used).get());
+    EXPECT_TRUE(WriteTicket(*path, Settings(options.last_used).get()));
   }
   if (options.has_file) job.files = {folder_.Write("page.ps", kPage)};
   job.waits = options.waits;

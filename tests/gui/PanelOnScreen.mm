@@ -1,6 +1,6 @@
 #import "tests/gui/PanelOnScreen.h"
 
-#include "host/job/JobTicket.h"
+#include "host/presets/Ticket.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

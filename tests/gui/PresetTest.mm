@@ -36,7 +36,7 @@ OBJC_TEST(Preset, IsSavedWithWhatThePanelShowsAndAppliedAgain) {
   ASSERT_EQ(NSControlStateValueOn, [Panel(screen, @"functionValid") state]);
   screen.Choose(Panel(screen, @"popUpColor"), @"Green");
   EXPECT_EQUAL_OBJECTS(@"Green", [Panel(screen, @"popUpColor") titleOfSelectedItem]);
-  screen.session().Set("copies", "4");
+  EXPECT_TRUE(screen.session().Set("copies", "4"));
   ChooseAndType(screen, kSave, "a");
   EXPECT_EQUAL_OBJECTS(@"a", [[screen.view() presets] titleOfSelectedItem]);
   const auto preset = screen.store().Find("a");

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "host/enabling/PrinterOptions.h"
+#include "host/ppd/PrinterOptions.h"
 #include "tests/support/TestPPD.h"
 
 inline constexpr char kMarkLines[] = R"(*MarkSupport: "yes"

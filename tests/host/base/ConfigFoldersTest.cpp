@@ -7,6 +7,7 @@
 
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
+#include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
@@ -15,10 +16,7 @@ namespace {
 
 using Paths = std::vector<fs::path>;
 
-std::string Make(const fs::path &folder) {
-  const std::optional<Failure> failure = MakePrivateFolder(folder);
-  return failure ? failure->message : "";
-}
+std::string Make(const fs::path &folder) { return MessageOf(MakePrivateFolder(folder)); }
 
 mode_t PermissionsOf(const fs::path &path) {
   struct stat status = {};

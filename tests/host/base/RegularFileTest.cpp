@@ -3,16 +3,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-std::string Reason(const fs::path &path) {
-  const auto reason = ReasonNotRegularFile(path);
-  return reason ? reason->message : "";
-}
+std::string Reason(const fs::path &path) { return MessageOf(CheckRegularFile(path)); }
 
 }  // namespace
 

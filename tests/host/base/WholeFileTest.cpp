@@ -13,6 +13,7 @@
 #include <random>
 #include <set>
 
+#include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
@@ -35,8 +36,7 @@ mode_t PermissionsOf(const fs::path &path) {
 
 // The message; "" on success.
 std::string Write(const fs::path &path, std::string_view bytes) {
-  const std::optional<Failure> failure = WriteWholeFile(path, bytes);
-  return failure ? failure->message : "";
+  return MessageOf(WriteWholeFile(path, bytes));
 }
 
 using Names = std::set<std::string>;
@@ -215,7 +215,7 @@ TEST(WholeFile, IsWholeWheneverTheWriterIsKilled) {
     const pid_t child = fork();
     if (child == 0) {
       for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
-        if (WriteWholeFile(file, std::string(size, letter))) _exit(1);
+        if (!WriteWholeFile(file, std::string(size, letter))) _exit(1);
         if (write(ready[1], ".", 1) != 1) _exit(1);
       }
     }

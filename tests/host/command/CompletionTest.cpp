@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetStore.h"
 #include "tests/host/command/HelpText.h"
 #include "tests/support/Patience.h"
 

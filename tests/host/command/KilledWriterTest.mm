@@ -9,8 +9,8 @@
 #include <random>
 #include <thread>
 
-#include "host/job/JobTicket.h"
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetStore.h"
+#include "host/presets/Ticket.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/RunProgram.h"

@@ -10,7 +10,7 @@
 #include "host/command/PanelReport.h"
 #include "host/command/QueuesReport.h"
 #include "host/extension/BundleSearch.h"
-#include "host/job/PresetStore.h"
+#include "host/presets/PresetStore.h"
 #include "tests/host/command/HelpText.h"
 
 namespace fs = std::filesystem;

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "host/cups/PrintServer.h"
+#include "tests/support/MessageOf.h"
 #include "tests/support/Patience.h"
 #include "tests/support/PrivateServer.h"
 #include "tests/support/SilentServer.h"
@@ -24,10 +25,6 @@ std::string LampText(const std::string &lines = "") {
       "*DefaultLamp: Dim\n*Lamp Dim/Dim: \"\"\n*Lamp Bright/Bright: \"\"\n"
       "*CloseUI: *Lamp\n" +
       lines);
-}
-
-std::string Message(const std::optional<Failure> &failure) {
-  return failure ? failure->message : "";
 }
 
 class ReplacePPD : public testing::Test {
@@ -89,7 +86,7 @@ TEST_F(ReplacePPD, AnUnknownQueueIsRefused) {
 
 TEST_F(ReplacePPD, GivesTheQueueTheFile) {
   AddQueue("New");
-  EXPECT_EQ("", Message(print_server_.ReplacePPD("New", LampText("*Flag: \"new\"\n"))));
+  EXPECT_EQ("", MessageOf(print_server_.ReplacePPD("New", LampText("*Flag: \"new\"\n"))));
   EXPECT_EQ(TextOf("New"), LampText("*Flag: \"new\"\n"));
 }
 
@@ -103,7 +100,7 @@ TEST_F(ReplacePPD, AllElseOfTheQueueStays) {
   server().Run({"/usr/sbin/lpadmin", "-p", "Office", "-o", "Lamp=Bright"});
   ASSERT_THAT(TextOf("Office"), HasSubstr("*DefaultLamp: Bright\n")) << TextOf("Office");
   const std::string text = TextOf("Office") + "*Flag: \"new\"\n";
-  EXPECT_EQ("", Message(print_server_.ReplacePPD("Office", text)));
+  EXPECT_EQ("", MessageOf(print_server_.ReplacePPD("Office", text)));
   EXPECT_EQ(TextOf("Office"), text);
   Expected<Queue> queue = print_server_.FindQueue("Office");
   ASSERT_TRUE(queue) << queue.message();
@@ -115,7 +112,7 @@ TEST_F(ReplacePPD, AllElseOfTheQueueStays) {
 
 TEST_F(ReplacePPD, AFileThatTheServerRefusesChangesNothing) {
   AddQueue("Same");
-  const std::string failure = Message(print_server_.ReplacePPD("Same", "rubbish\n"));
+  const std::string failure = MessageOf(print_server_.ReplacePPD("Same", "rubbish\n"));
   EXPECT_THAT(failure, StartsWith("the print server " + server().address() +
                                   " does not take the PPD file for Same: "));
   EXPECT_EQ(TextOf("Same"), LampText());
@@ -130,7 +127,7 @@ TEST(ReplacePPDServer, WithoutTheRightTheFailureSaysWhoHasIt) {
   const PrintServer print_server(kPatience);
   std::string failure;
   Becomes([&] {
-    failure = Message(print_server.ReplacePPD("Office", LampText()));
+    failure = MessageOf(print_server.ReplacePPD("Office", LampText()));
     return failure.ends_with("run this as one");
   });
   EXPECT_EQ(failure, "the print server " + server.address() +
@@ -144,7 +141,7 @@ TEST(ReplacePPDServer, ASilentServerEndsItWithinTheLimit) {
   const PrintServer server(300ms);
   const std::string failure =
       "the print server " + silent.address() + " does not answer within 0.3 s";
-  EXPECT_EQ(Message(server.ReplacePPD("Office", LampText())), failure);
+  EXPECT_EQ(MessageOf(server.ReplacePPD("Office", LampText())), failure);
   Expected<std::optional<std::string>> text = server.PPDTextOfQueue("Office");
   EXPECT_EQ(text ? "" : text.message(), failure);
 }

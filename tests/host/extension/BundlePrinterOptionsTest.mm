@@ -26,7 +26,7 @@ class OptionsBundle : public BundleFolder {
 
   Expected<std::optional<PrinterOptions>> Options() const {
     Expected<ExtensionBundle> bundle = ExtensionBundle::Load(path());
-    if (!bundle) return Failure{bundle.message()};
+    if (!bundle) return bundle.failure();
     return PrinterOptionsOf(*bundle);
   }
   // The failure's clause after the bundle's path.

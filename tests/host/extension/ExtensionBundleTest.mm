@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
 #include "tests/host/extension/BundleFolder.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

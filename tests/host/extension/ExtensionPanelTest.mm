@@ -1,8 +1,9 @@
 #include "host/extension/ExtensionPanel.h"
 
 #include "host/extension/ExtensionBundle.h"
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
 #import "tests/host/extension/PlainPanel.h"
+#include "tests/support/MessageOf.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 #include "tests/support/TwoPanelsRun.h"
@@ -62,8 +63,8 @@ struct Operation {
 const Operation kOperations[] = {
     {"optionKeys", [](ExtensionPanel &panel) { panel.option_keywords(); }},
     {"panelView", [](ExtensionPanel &panel) { panel.View(); }},
-    {"restore", [](ExtensionPanel &panel) { panel.Restore(); }},
-    {"save", [](ExtensionPanel &panel) { panel.Save(); }},
+    {"restore", [](ExtensionPanel &panel) { (void)panel.Restore(); }},
+    {"save", [](ExtensionPanel &panel) { (void)panel.Save(); }},
     {"willShow", [](ExtensionPanel &panel) { panel.WillShow(); }},
     {"shouldHide", [](ExtensionPanel &panel) { panel.ShouldHide(); }},
     {"shouldPrint", [](ExtensionPanel &panel) { panel.ShouldPrint(); }},
@@ -84,10 +85,6 @@ std::string FaultOf(const std::string &fault) {
     if (operation.name == name) operation.run(*panel);
   }
   return panel->fault().value_or("");
-}
-
-std::string MessageOf(const std::optional<Failure> &failure) {
-  return failure ? failure->message : "";
 }
 
 ExtensionPanel NewPlainPanel(id summary = nil) {

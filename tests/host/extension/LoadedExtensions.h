@@ -4,7 +4,7 @@
 #define TESTS_HOST_EXTENSION_LOADEDEXTENSIONS_H
 
 #include "host/extension/Extensions.h"
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TestPPD.h"
 

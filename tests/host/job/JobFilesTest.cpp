@@ -3,16 +3,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-std::string Reason(const std::vector<fs::path> &files) {
-  const auto reason = ReasonAgainstFiles(files);
-  return reason ? reason->message : "";
-}
+std::string Reason(const std::vector<fs::path> &files) { return MessageOf(CheckFiles(files)); }
 
 }  // namespace
 

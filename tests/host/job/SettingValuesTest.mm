@@ -1,6 +1,6 @@
 #include "host/job/SettingValues.h"
 
-#include "host/job/JobTicket.h"
+#include "host/job/PrintSettings.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 

@@ -5,6 +5,7 @@
 
 #include "host/session/JobSession.h"
 #include "tests/support/Interposed.h"
+#include "tests/support/MessageOf.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TwoPanelsRun.h"
@@ -117,23 +118,21 @@ class Life {
     outcome.of_panel.first = interposed::CallsCounted();
     for (const auto &panel : session.panels()) {
       panel->View();
-      panel->Restore();
+      (void)panel->Restore();
       panel->WillShow();
-      panel->Save();
+      (void)panel->Save();
     }
     outcome.of_panel.second = interposed::CallsCounted();
-    if (auto failure = session.Set("copies", "3")) return Refuse(failure->message);
-    if (auto failure = session.ChangeOption("InputSlot", "Tray1")) return Refuse(failure->message);
-    if (auto failure = session.ReasonNotToPrint()) return Refuse(failure->message);
+    if (auto done = session.Set("copies", "3"); !done) return Refuse(done.message());
+    if (auto done = session.ChangeOption("InputSlot", "Tray1"); !done)
+      return Refuse(done.message());
+    if (auto done = session.CheckPrintable(); !done) return Refuse(done.message());
     outcome.printed = session.Options();
     if (session.fault()) return Refuse(session.fault()->message);
-    const std::optional<Failure> failure = WriteTicket(ticket_, session.settings());
-    if (failure) {
-      write_failure_ = failure->message;
-      EXPECT_NE("", write_failure_);
-    } else {
-      wrote_ = true;
-    }
+    const Expected<void> written = WriteTicket(ticket_, session.settings());
+    wrote_ = static_cast<bool>(written);
+    write_failure_ = MessageOf(written);
+    EXPECT_EQ(wrote_, write_failure_.empty());
   }
 
   void Refuse(const std::string &why) {
@@ -240,8 +239,7 @@ OBJC_TEST(JobSessionFaults, AFaultStaysAndNothingIsPrintedFromThenOn) {
   const std::string why = "cannot read the settings of the job: error -50 of the print system";
   ASSERT_TRUE(session.fault());
   EXPECT_EQ(why, session.fault()->message);
-  ASSERT_TRUE(session.ReasonNotToPrint());
-  EXPECT_EQ(why, session.ReasonNotToPrint()->message);
+  EXPECT_EQ(why, MessageOf(session.CheckPrintable()));
 }
 
 OBJC_TEST(JobSessionFaults, ASessionForWhichNoSettingsCanBeMadePrintsNothing) {
@@ -251,7 +249,7 @@ OBJC_TEST(JobSessionFaults, ASessionForWhichNoSettingsCanBeMadePrintsNothing) {
   interposed::FailCall(0, 0);
   session.UsePrinter(ColorPPD(), {});
   EXPECT_TRUE(session.fault());
-  EXPECT_TRUE(session.ReasonNotToPrint());
+  EXPECT_FALSE(session.CheckPrintable());
 }
 
 OBJC_TEST(JobSessionFaults, SettingsThatAreNoneReplaceNothing) {
@@ -272,7 +270,7 @@ OBJC_TEST(JobSessionFaults, ATicketThatDoesNotFitALockedSettingIsToldOf) {
       session.UseSettings(SettingsWith({{"Duplex", "None"}, {"InputSlot", "Manual"}}));
   EXPECT_EQ(Notes{"cannot change Duplex of the job: an extension has locked it"}, notes);
   EXPECT_EQ("DuplexTumble", session.Value("Duplex"));
-  EXPECT_FALSE(session.ReasonNotToPrint());
+  EXPECT_TRUE(session.CheckPrintable());
 }
 
 OBJC_TEST(JobSessionFaults, ALockedSettingCannotBeSetAndThePanelsAreNotTold) {
@@ -284,9 +282,9 @@ OBJC_TEST(JobSessionFaults, ALockedSettingCannotBeSetAndThePanelsAreNotTold) {
   SetLocked(session, @"InputSlot", @"Manual");
   run.Calls();
   const std::string why = "cannot change InputSlot of the job: an extension has locked it";
-  ASSERT_TRUE(session.Set("InputSlot", "Tray1"));
-  EXPECT_EQ(why, session.Set("InputSlot", "")->message);
-  EXPECT_EQ(why, session.ChangeOption("InputSlot", "Tray1")->message);
+  EXPECT_EQ(why, MessageOf(session.Set("InputSlot", "Tray1")));
+  EXPECT_EQ(why, MessageOf(session.Set("InputSlot", "")));
+  EXPECT_EQ(why, MessageOf(session.ChangeOption("InputSlot", "Tray1")));
   EXPECT_EQ(std::vector<std::string>(), run.Calls());
   EXPECT_EQ("Manual", session.Value("InputSlot"));
   EXPECT_FALSE(session.fault());
@@ -296,11 +294,11 @@ OBJC_TEST(JobSessionFaults, WhatIsLockedAndDoesNotFitThePrinterIsNotPrinted) {
   JobSession session(BuiltExtensions());
   session.UsePrinter(ColorPPD(), {});
   SetLocked(session, @"VQBNColor", @"Red");
-  EXPECT_FALSE(session.ReasonNotToPrint());
+  EXPECT_TRUE(session.CheckPrintable());
   TemporaryFolder folder;
   Expected<PPDFile> mono = PPDFile::Open(folder.Write("mono.ppd", NumberingPPDText(false)));
   ASSERT_TRUE(mono);
   session.UsePrinter(std::move(*mono), {});
   // The panel would have it Black.
-  ASSERT_TRUE(session.ReasonNotToPrint()) << session.Value("VQBNColor");
+  EXPECT_FALSE(session.CheckPrintable()) << session.Value("VQBNColor");
 }

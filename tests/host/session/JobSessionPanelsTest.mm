@@ -159,13 +159,13 @@ OBJC_TEST(JobSession, GoesOnWithoutPanelsThatMisbehave) {
     session.UsePrinter(ColorPPD(), {});
     for (const auto &panel : session.panels()) {
       panel->View();
-      panel->Restore();
+      (void)panel->Restore();
       panel->WillShow();
       panel->ShouldShowHelp();
       panel->ShouldHide();
-      panel->Save();
+      (void)panel->Save();
     }
-    session.ChangeOption("VQStartNumber", "25");
+    EXPECT_TRUE(session.ChangeOption("VQStartNumber", "25"));
     session.Summary();
     EXPECT_EQ("", ReasonOf(session)) << fault;
     for (const auto &panel : session.panels()) panel->WindowWillClose(false);
@@ -185,7 +185,7 @@ OBJC_TEST(JobSession, FreesThePanelsOfThePrinterBefore) {
   session.UsePrinter(ColorPPD(), {});
   for (const auto &panel : session.panels()) {
     panel->View();
-    panel->Restore();
+    (void)panel->Restore();
   }
   bundles.run.Calls();
   session.UsePrinter(std::nullopt, {});

@@ -48,7 +48,7 @@ OBJC_TEST(JobSession, TakesTheDefaultsOfTheNewPrinterForWhatNobodyChanged) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"VQBNDensity", "Dark"}});
-  session.Set("VQBNDensity", "Light");
+  EXPECT_TRUE(session.Set("VQBNDensity", "Light"));
   EXPECT_EQ(Notes(), session.UsePrinter(ColorPPD(), {{"Duplex", "DuplexTumble"}}));
   EXPECT_EQ(With(kDefaults, {{"VQBNDensity", "Light"}, {"Duplex", "DuplexTumble"}}),
             SettingsOf(session));
@@ -68,12 +68,12 @@ OBJC_TEST(JobSession, TakesAwayWhatTheNewPrinterDoesNotHave) {
   Bundles bundles("panels=nil");
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("Duplex", "DuplexTumble");
-  session.Set("MediaType", "Plain");
-  session.Set("PageSize", "A3");
-  session.Set("VQBNSize", "Large");
-  session.Set("copies", "2");
-  session.Set("com.other.key", "any");
+  EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
+  EXPECT_TRUE(session.Set("MediaType", "Plain"));
+  EXPECT_TRUE(session.Set("PageSize", "A3"));
+  EXPECT_TRUE(session.Set("VQBNSize", "Large"));
+  EXPECT_TRUE(session.Set("copies", "2"));
+  EXPECT_TRUE(session.Set("com.other.key", "any"));
   EXPECT_EQ((Notes{"Duplex \"DuplexTumble\" does not fit: this printer has no Duplex",
                    "PageSize \"A3\" does not fit: this printer has no PageSize \"A3\"; it has A4",
                    "VQBNSize \"Large\" does not fit: this printer has no VQBNSize"}),
@@ -86,8 +86,8 @@ OBJC_TEST(JobSession, TakesAwayAllPrinterOptionsForAQueueWithoutAPPD) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("MediaType", "Transparency");
-  session.Set("copies", "2");
+  EXPECT_TRUE(session.Set("MediaType", "Transparency"));
+  EXPECT_TRUE(session.Set("copies", "2"));
   EXPECT_EQ(Notes{"MediaType \"Transparency\" does not fit: this printer has no MediaType"},
             session.UsePrinter(std::nullopt, {}));
   EXPECT_EQ((JobOptions{{"copies", "2"}}), SettingsOf(session));
@@ -97,8 +97,8 @@ OBJC_TEST(JobSession, TakesAwayWhatThePrinterDoesNotListForAPanelsOption) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("VQBNColor", "Red");
-  session.Set("Duplex", "DuplexTumble");
+  EXPECT_TRUE(session.Set("VQBNColor", "Red"));
+  EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
   EXPECT_EQ(
       Notes{"VQBNColor \"Red\" does not fit: this printer has no VQBNColor \"Red\"; it has Black"},
       session.UsePrinter(MonoPPD(), {}));
@@ -110,7 +110,7 @@ OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("VQBNColor", "Red");
+  EXPECT_TRUE(session.Set("VQBNColor", "Red"));
   Expected<PPDFile> mono = PPDFile::Open(SOURCE_DIRECTORY "/tests/support/SampleMono.ppd");
   ASSERT_TRUE(mono) << mono.message();
   EXPECT_EQ(Notes(), session.UsePrinter(std::move(*mono), {}));
@@ -125,14 +125,14 @@ OBJC_TEST(JobSession, ADefaultDoesNotBeatWhatIsSetUnderAnotherNameOfTheSame) {
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(),
                      {{"Duplex", "None"}, {"PageSize", "Letter"}, {"sides", "one-sided"}});
-  session.Set("sides", "two-sided-long-edge");
-  session.Set("media", "A3");
+  EXPECT_TRUE(session.Set("sides", "two-sided-long-edge"));
+  EXPECT_TRUE(session.Set("media", "A3"));
   const JobOptions options = session.Options();
   EXPECT_FALSE(options.contains("Duplex"));
   EXPECT_FALSE(options.contains("PageSize"));
   EXPECT_EQ("two-sided-long-edge", options.at("sides"));
-  session.Set("sides", "");
-  session.Set("Duplex", "DuplexTumble");
+  EXPECT_TRUE(session.Set("sides", ""));
+  EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
   EXPECT_FALSE(session.Options().contains("sides"));
 }
 

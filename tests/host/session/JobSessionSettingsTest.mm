@@ -6,8 +6,8 @@ OBJC_TEST(JobSession, ReplacesAllSettingsInTheSameObject) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("copies", "2");
-  session.Set("VQBNSize", "Large");
+  EXPECT_TRUE(session.Set("copies", "2"));
+  EXPECT_TRUE(session.Set("VQBNSize", "Large"));
   const PMPrintSettings before = session.settings();
   EXPECT_EQ(Notes(), session.UseSettings(SettingsWith(@{@"number-up" : @"4"})));
   EXPECT_EQ(before, session.settings());
@@ -20,7 +20,7 @@ OBJC_TEST(JobSession, PanelsSeeNewSettingsWhenTheyAreRestored) {
   session.UsePrinter(ColorPPD(), {});
   for (const auto &panel : session.panels()) {
     panel->View();
-    EXPECT_EQ(std::nullopt, panel->Restore());
+    EXPECT_TRUE(panel->Restore());
   }
   session.UseSettings(SettingsWith(@{
     @"VQBackgroundNumbering" : @"On",
@@ -28,9 +28,9 @@ OBJC_TEST(JobSession, PanelsSeeNewSettingsWhenTheyAreRestored) {
     @"Duplex" : @"DuplexTumble",
   }));
   for (const auto &panel : session.panels()) {
-    EXPECT_EQ(std::nullopt, panel->Restore());
+    EXPECT_TRUE(panel->Restore());
     panel->WillShow();
-    EXPECT_EQ(std::nullopt, panel->Save());
+    EXPECT_TRUE(panel->Save());
   }
   EXPECT_EQ(
       With(kDefaults,
@@ -42,9 +42,9 @@ OBJC_TEST(JobSession, SetsAndTakesAway) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   EXPECT_EQ("", session.Value("copies"));
-  session.Set("copies", "3");
+  EXPECT_TRUE(session.Set("copies", "3"));
   EXPECT_EQ("3", session.Value("copies"));
-  session.Set("copies", "");
+  EXPECT_TRUE(session.Set("copies", ""));
   EXPECT_EQ(JobOptions(), SettingsOf(session));
 }
 
@@ -69,7 +69,7 @@ OBJC_TEST(JobSession, ChoosesWhatIsSetOrTheQueuesDefaultOrTheFiles) {
   EXPECT_EQ("None", session.Choice("Duplex"));
   EXPECT_EQ("Auto", session.Choice("InputSlot"));
   EXPECT_EQ("Transparency", session.Choice("MediaType"));
-  session.Set("MediaType", "Plain");
+  EXPECT_TRUE(session.Set("MediaType", "Plain"));
   EXPECT_EQ("Plain", session.Choice("MediaType"));
   EXPECT_EQ("", session.Choice("Absent"));
 }
@@ -86,7 +86,7 @@ OBJC_TEST(JobSession, TellsAllPanelsOfAChangedOption) {
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
   bundles.run.Calls();
-  session.ChangeOption("MediaType", "Transparency");
+  EXPECT_TRUE(session.ChangeOption("MediaType", "Transparency"));
   EXPECT_EQ("Transparency", session.Value("MediaType"));
   EXPECT_EQ((Names{"First optionDidChange MediaType=Transparency",
                    "Second optionDidChange MediaType=Transparency"}),
@@ -111,7 +111,7 @@ OBJC_TEST(JobSession, DoesNotPrintWhatTheSettingInfoDoesNotAllow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("VQStartNumber", "1000");
+  EXPECT_TRUE(session.Set("VQStartNumber", "1000"));
   EXPECT_EQ("the job's VQStartNumber is \"1000\": it must be a whole number from 1 to 999",
             ReasonOf(session));
 }
@@ -120,7 +120,7 @@ OBJC_TEST(JobSession, DoesNotPrintWhatThePrinterDoesNotHave) {
   Bundles bundles;
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
-  session.Set("PageSize", "A0");
+  EXPECT_TRUE(session.Set("PageSize", "A0"));
   EXPECT_EQ(
       "the job's PageSize is \"A0\": this printer has no PageSize \"A0\"; it has A4, Letter, A3",
       ReasonOf(session));
@@ -131,7 +131,7 @@ OBJC_TEST(JobSession, PrintsWhatAPanelClaimsWithoutAnOptionOfThePPD) {
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {});
   session.UsePrinter(PlainPPD(kSupported), {});
-  session.Set("VQBNSize", "Large");
+  EXPECT_TRUE(session.Set("VQBNSize", "Large"));
   EXPECT_EQ("", ReasonOf(session));
 }
 

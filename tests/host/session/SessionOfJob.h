@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "host/session/JobSession.h"
+#include "tests/support/MessageOf.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
@@ -68,10 +69,7 @@ inline Names KeywordsOf(const std::vector<PPDOption> &options) {
   return keywords;
 }
 
-inline std::string ReasonOf(JobSession &session) {
-  const std::optional<Failure> failure = session.ReasonNotToPrint();
-  return failure ? failure->message : "";
-}
+inline std::string ReasonOf(JobSession &session) { return MessageOf(session.CheckPrintable()); }
 
 inline JobOptions SettingsOf(const JobSession &session) {
   return *JobOptionsFromSettings(session.settings());

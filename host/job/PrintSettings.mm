@@ -1,0 +1,6 @@
+#include "host/job/PrintSettings.h"
+
+PrintSettings EmptyPrintSettings() {
+  PMPrintSettings settings = nullptr;
+  return PrintSettings(PMCreatePrintSettings(&settings) == kPMNoError ? settings : nullptr);
+}

@@ -1,0 +1,186 @@
+#include "host/ppd/edit/Enabling.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <set>
+
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
+#include "host/ppd/PPDFile.h"
+#include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/OptionBlocks.h"
+#include "host/ppd/edit/OptionDefaults.h"
+#include "host/ppd/edit/OptionLanguages.h"
+#include "host/ppd/edit/OptionOrder.h"
+#include "host/ppd/edit/PPDText.h"
+#include "host/ppd/edit/PostScriptPrinter.h"
+
+namespace {
+
+Failure CannotParse(const std::string &why) {
+  return Failure{Localized("not a PPD file, or a damaged one: %1", {why})};
+}
+
+// The options that the lines open, with their choices.
+std::vector<PPDOption> OptionsIn(std::string_view lines) {
+  std::vector<PPDOption> options;
+  bool is_open = false;
+  for (const PPDStatement &statement : StatementsOf(lines)) {
+    if (!OptionOpenedBy(statement).empty()) {
+      options.emplace_back().keyword = statement.option;
+      is_open = true;
+    } else if (statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI") {
+      is_open = false;
+    } else if (is_open && statement.keyword == options.back().keyword) {
+      options.back().choices.push_back({std::string(statement.option), ""});
+    } else if (is_open && statement.keyword == "Default" + options.back().keyword) {
+      options.back().default_choice = statement.value;
+    }
+  }
+  return options;
+}
+
+Expected<void> CheckNotPrintersOwn(std::string_view base, const PPDFile &ppd,
+                                   const PrinterOptions &options, std::string_view lines) {
+  if (!options.support_keyword.empty() && ppd.Attribute(options.support_keyword)) {
+    return Failure{Localized(
+        "the printer's maker has put the attribute %1 into the file already; the options of %2 are "
+        "only for files without it",
+        {options.support_keyword, options.name})};
+  }
+  const std::vector<PPDOption> added = OptionsIn(lines);
+  for (const PPDStatement &statement : StatementsOf(base)) {
+    const std::string name(OptionOpenedBy(statement));
+    const bool is_added = std::ranges::any_of(added, [&name](const PPDOption &option) {
+      return strcasecmp(option.keyword.c_str(), name.c_str()) == 0;
+    });
+    if (!is_added) continue;
+    return Failure{Localized(
+        "the printer's maker has put the option %1 into the file already; the options of %2 are "
+        "only for files without it",
+        {name, options.name})};
+  }
+  return {};
+}
+
+Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options) {
+  const std::string color = ppd.Attribute("ColorDevice").value_or("");
+  const bool is_color = Trimmed(color) == "True";
+  if (!is_color && Trimmed(color) != "False") {
+    if (color.empty()) {
+      return Failure{
+          Localized("the file does not say whether it is a color printer: *ColorDevice must be "
+                    "True or False")};
+    }
+    return Failure{
+        Localized("the file does not say whether it is a color printer: *ColorDevice must be True "
+                  "or False, not %1",
+                  {Quoted(color)})};
+  }
+  const std::string &lines = is_color ? options.color : options.monochrome;
+  if (!lines.empty()) return lines;
+  return Failure{
+      is_color
+          ? Localized("the bundle %1 brings no options for color printers", {options.name})
+          : Localized("the bundle %1 brings no options for monochrome printers", {options.name})};
+}
+
+bool HasSameChoices(const PPDOption &left, const PPDOption &right) {
+  return std::ranges::equal(
+      left.choices, right.choices,
+      [](const PPDChoice &one, const PPDChoice &other) { return one.keyword == other.keyword; });
+}
+
+// What libcups, the reader that counts, does not find as it was added.
+std::optional<std::string> WhatIsWrong(PPDFile &enabled, const PPDFile &base,
+                                       const PrinterOptions &options, std::string_view lines) {
+  for (const PPDOption &added : OptionsIn(lines)) {
+    const std::optional<PPDOption> found = enabled.Option(added.keyword);
+    if (!found) return Localized("there is no option %1", {added.keyword});
+    if (!HasSameChoices(*found, added)) {
+      return Localized("the option %1 has other choices", {added.keyword});
+    }
+    if (found->default_choice != added.default_choice) {
+      return Localized("the option %1 has another default", {added.keyword});
+    }
+  }
+  if (!options.support_keyword.empty() &&
+      enabled.Attribute(options.support_keyword) != options.support_value) {
+    return Localized("the attribute %1 is not %2",
+                     {options.support_keyword, Quoted(options.support_value)});
+  }
+  for (const PPDOption &own : base.Options()) {
+    const std::optional<PPDOption> found = enabled.Option(own.keyword);
+    if (!found || !HasSameChoices(*found, own) || found->default_choice != own.default_choice) {
+      return Localized("the printer's option %1 is another one", {own.keyword});
+    }
+  }
+  return std::nullopt;
+}
+
+Failure DoNotFit(const PrinterOptions &options, const std::string &why) {
+  return Failure{Localized(
+      "the options of the bundle %1 do not fit this file: %2; report it to the bundle's maker",
+      {options.name, why})};
+}
+
+}  // namespace
+
+Expected<std::string> EnableOptions(std::string_view ppd,
+                                    const std::vector<PrinterOptions> &options) {
+  if (auto done = CheckWhole(ppd); !done) return done.failure();
+  Expected<BlockedPPD> parts = SplitBlocks(ppd);
+  if (!parts) return parts.failure();
+  Expected<PPDFile> base = ParsePPD(parts->base);
+  if (!base) return CannotParse(base.message());
+  if (auto reason = WhyNotPostScript(*base)) {
+    return Failure{Localized("no PostScript printer: %1", {*reason})};
+  }
+
+  std::vector<OptionBlock> earlier;
+  for (const PrinterOptions &bundle : options) {
+    const auto is_its = [&bundle](const OptionBlock &block) {
+      return block.bundle == bundle.bundle;
+    };
+    std::ranges::copy_if(parts->blocks, std::back_inserter(earlier), is_its);
+    std::erase_if(parts->blocks, is_its);
+  }
+  for (const PrinterOptions &bundle : options) {
+    Expected<std::string> lines = LinesFor(*base, bundle);
+    if (!lines) return lines.failure();
+    std::string before = JoinBlocks(*parts);
+    Expected<PPDFile> others = ParsePPD(before);
+    if (!others) return CannotParse(others.message());
+    if (auto done = CheckNotPrintersOwn(before, *others, bundle, *lines); !done)
+      return done.failure();
+    Expected<std::string> ordered = OrderedAfter(before, *lines);
+    if (!ordered) return ordered.failure();
+    if (const auto languages = base->Attribute("cupsLanguages")) {
+      ordered = InLanguages(*languages, *ordered);
+    }
+    for (const OptionBlock &block : earlier) {
+      if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
+    }
+    parts->blocks.push_back({bundle.bundle, *ordered});
+    std::string after = JoinBlocks(*parts);
+    if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.message());
+    Expected<PPDFile> enabled = ParsePPD(after);
+    if (!enabled) return DoNotFit(bundle, enabled.message());
+    if (auto wrong = WhatIsWrong(*enabled, *others, bundle, *ordered)) {
+      return DoNotFit(bundle, *wrong);
+    }
+  }
+  return JoinBlocks(*parts);
+}
+
+Expected<DisabledPPD> DisableOptions(std::string_view ppd) {
+  if (auto done = CheckWhole(ppd); !done) return done.failure();
+  Expected<BlockedPPD> parts = SplitBlocks(ppd);
+  if (!parts) return parts.failure();
+  Expected<PPDFile> base = ParsePPD(parts->base);
+  if (!base) return CannotParse(base.message());
+  DisabledPPD disabled{.text = std::move(parts->base), .bundles = {}};
+  for (OptionBlock &block : parts->blocks) disabled.bundles.push_back(std::move(block.bundle));
+  return disabled;
+}

@@ -1,0 +1,128 @@
+#include "host/ppd/edit/PostScriptPrinter.h"
+
+#include <charconv>
+#include <sstream>
+#include <vector>
+
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
+
+namespace {
+
+constexpr char kPostScript[] = "application/vnd.cups-postscript";
+constexpr char kFoomatic[] = "foomatic-rip";
+
+// A way of documents to the printer.
+struct Filter {
+  std::string type;  // of what goes in
+  std::string program;
+};
+
+// The print system takes the newer kind of statement alone where there is one.
+std::vector<Filter> FiltersOf(const PPDFile &ppd) {
+  std::vector<std::string> values = ppd.Attributes("cupsFilter2");
+  const bool has_destination = !values.empty();
+  if (!has_destination) values = ppd.Attributes("cupsFilter");
+  std::vector<Filter> filters;
+  for (const std::string &value : values) {
+    std::istringstream words(value);
+    Filter filter;
+    std::string word;
+    words >> filter.type;
+    if (has_destination) words >> word;
+    words >> word;  // the cost
+    std::getline(words >> std::ws, filter.program);
+    filter.program = Trimmed(filter.program);
+    // The program of the newer kind may have a limit of memory before it.
+    if (filter.program.starts_with("maxsize(")) {
+      filter.program = Trimmed(filter.program.substr(filter.program.find(')') + 1));
+    }
+    filters.push_back(std::move(filter));
+  }
+  return filters;
+}
+
+// Commands for the printer and documents that are ready for it come with no options.
+bool IsForDocuments(const Filter &filter) {
+  return filter.type != "application/vnd.cups-command" &&
+         filter.type != "application/vnd.cups-raw" && filter.type != "application/octet-stream";
+}
+
+// "cat" with places for options, which no option of a PostScript printer fills.
+bool JustPassesOn(std::string_view command) {
+  std::string rest;
+  for (size_t at = 0; at < command.size(); ++at) {
+    if (command[at] == '%' && at + 1 < command.size() && command[at + 1] >= 'A' &&
+        command[at + 1] <= 'Z') {
+      ++at;
+    } else {
+      rest += command[at];
+    }
+  }
+  return Trimmed(rest) == "cat";
+}
+
+std::optional<std::string> WhyNotThroughFoomatic(const PPDFile &ppd) {
+  for (const char *keyword : {"FoomaticRIPCommandLinePDF", "FoomaticRIPPostPipe"}) {
+    if (ppd.Attribute(keyword)) {
+      return Localized("its filter foomatic-rip sends documents through another program (*%1)",
+                       {keyword});
+    }
+  }
+  const std::string command = ppd.Attribute("FoomaticRIPCommandLine").value_or("");
+  if (!JustPassesOn(command)) {
+    return Localized(
+        "its filter foomatic-rip makes something else of PostScript, with the command %1",
+        {Quoted(command)});
+  }
+  for (const std::string &option : ppd.Attributes("FoomaticRIPOption")) {
+    if (option.find("CmdLine") != std::string::npos) {
+      return Localized(
+          "an option of its changes what its filter foomatic-rip does (*FoomaticRIPOption: %1)",
+          {option});
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> WhyNotThrough(const Filter &filter, const PPDFile &ppd) {
+  if (filter.program == kFoomatic) return WhyNotThroughFoomatic(ppd);
+  if (filter.program != "-") {
+    return Localized(
+        "it does not get PostScript as the print system makes it, but %1 through the filter %2",
+        {filter.type, filter.program});
+  }
+  if (filter.type == kPostScript) return std::nullopt;
+  return Localized("it gets documents of the type %1 as they are, without the code of its options",
+                   {filter.type});
+}
+
+std::optional<std::string> WhyNotLanguageLevel(const PPDFile &ppd) {
+  const std::optional<std::string> value = ppd.Attribute("LanguageLevel");
+  if (!value) {
+    return Localized("its PPD file does not say which *LanguageLevel of PostScript it has");
+  }
+  const std::string_view text = Trimmed(*value);
+  int level = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), level);
+  if (error == std::errc() && end == text.data() + text.size() && level >= 2) return std::nullopt;
+  return Localized("its PostScript is of *LanguageLevel %1; options need 2 or more",
+                   {Quoted(text)});
+}
+
+}  // namespace
+
+std::optional<std::string> WhyNotPostScript(const PPDFile &ppd) {
+  bool has_filter = false;
+  bool gets_postscript = false;
+  for (const Filter &filter : FiltersOf(ppd)) {
+    has_filter = true;
+    if (!IsForDocuments(filter)) continue;
+    if (auto reason = WhyNotThrough(filter, ppd)) return reason;
+    gets_postscript = gets_postscript || filter.type == kPostScript;
+  }
+  if (has_filter && !gets_postscript) {
+    return Localized("none of its filters is for PostScript (%1)", {kPostScript});
+  }
+  return WhyNotLanguageLevel(ppd);
+}

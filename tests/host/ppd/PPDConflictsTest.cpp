@@ -1,0 +1,399 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+#include <stdexcept>
+
+#include "host/ppd/PPDFile.h"
+#include "tests/support/NumberingPPD.h"
+#include "tests/support/TestPPD.h"
+
+namespace {
+
+PPDFile OpenText(const std::string &text) {
+  TemporaryFolder folder;
+  Expected<PPDFile> ppd = PPDFile::Open(folder.Write("a.ppd", text));
+  if (!ppd) throw std::runtime_error(ppd.message());
+  return std::move(*ppd);
+}
+
+// Three options with the choices Off (the default), A and B, called VQ1, VQ2, VQ3, and a page size.
+std::string ThreeOptions(const std::string &lines) {
+  std::string options;
+  for (const std::string keyword : {"VQ1", "VQ2", "VQ3"}) {
+    options +=
+        "*OpenUI *" + keyword + "/Option " + keyword + ": PickOne\n*Default" + keyword + ": Off\n";
+    for (const std::string choice : {"Off", "A", "B"}) {
+      options += "*" + keyword + " " + choice + "/Choice " + choice + ": \"\"\n";
+    }
+    options += "*CloseUI: *" + keyword + "\n";
+  }
+  return NumberingPPDText(true, options + lines);
+}
+
+using Lines = std::vector<std::string>;
+
+// "keyword=choice/keyword=choice" each.
+Lines Described(const std::vector<PPDConflict> &conflicts) {
+  const auto side = [](const PPDOption &option) {
+    std::string text = option.keyword + "=";
+    for (const PPDChoice &choice : option.choices) text += choice.keyword;
+    return text;
+  };
+  Lines lines;
+  for (const PPDConflict &conflict : conflicts) {
+    lines.push_back(side(conflict.first) + "/" + side(conflict.second));
+  }
+  return lines;
+}
+
+// The conflicts of these options in a file with three options and these lines.
+Lines Conflicts(const std::string &lines, const JobOptions &options) {
+  return Described(OpenText(ThreeOptions(lines)).Conflicts(options));
+}
+
+JobOptions Changed(JobOptions options, const JobOptions &changes) {
+  for (const auto &[keyword, value] : changes) options[keyword] = value;
+  return options;
+}
+
+constexpr char kOldConstraint[] = "*UIConstraints: *VQ1 A *VQ2 A\n*UIConstraints: *VQ2 A *VQ1 A\n";
+constexpr char kNewConstraint[] = "*cupsUIConstraints vq: \"*VQ1 A *VQ2 A\"\n";
+
+// An option for installed hardware, which is not installed.
+constexpr char kTray[] =
+    "*OpenGroup: InstallableOptions/Installed\n*OpenUI *VQTray/Tray: Boolean\n"
+    "*DefaultVQTray: False\n*VQTray True/Yes: \"\"\n*VQTray False/No: \"\"\n"
+    "*CloseUI: *VQTray\n*CloseGroup: InstallableOptions\n";
+
+// An option without a default.
+constexpr char kNoDefault[] = "*OpenUI *VQ4/Four: PickOne\n*VQ4 A/A: \"\"\n*CloseUI: *VQ4\n";
+
+const JobOptions kBothSidesOfTransparencies = {{"Duplex", "DuplexTumble"},
+                                               {"MediaType", "Transparency"}};
+
+}  // namespace
+
+TEST(PPDConflicts, AreNoneAmongTheDefaults) {
+  EXPECT_EQ(Lines{}, Conflicts(kOldConstraint, {}));
+  EXPECT_EQ(Lines{}, Conflicts(kNewConstraint, {{"VQ1", "A"}}));
+  EXPECT_EQ(Lines{}, Conflicts(kNewConstraint, {{"VQ1", "A"}, {"VQ2", "B"}}));
+}
+
+TEST(PPDConflicts, AreOncePerPairHoweverOftenTheFileSaysSo) {
+  const JobOptions both = {{"VQ1", "A"}, {"VQ2", "A"}};
+  const Lines pair = {"VQ1=A/VQ2=A"};
+  EXPECT_EQ(pair, Conflicts(kOldConstraint, both));
+  EXPECT_EQ(pair, Conflicts(kNewConstraint, both));
+  EXPECT_EQ(pair, Conflicts(std::string(kNewConstraint) + kNewConstraint, both));
+  EXPECT_EQ(1u, Conflicts(std::string(kOldConstraint) + kNewConstraint, both).size());
+}
+
+TEST(PPDConflicts, CarryTheTextsAndOneChoiceEach) {
+  const std::vector<PPDConflict> conflicts =
+      OpenText(NumberingPPDText(true)).Conflicts(kBothSidesOfTransparencies);
+  ASSERT_EQ(1u, conflicts.size());
+  EXPECT_EQ("Two-Sided", conflicts[0].first.text);
+  ASSERT_EQ(1u, conflicts[0].first.choices.size());
+  EXPECT_EQ("Short-Edge Binding", conflicts[0].first.choices[0].text);
+  EXPECT_EQ("None", conflicts[0].first.default_choice);
+  EXPECT_EQ("Paper Type", conflicts[0].second.text);
+  ASSERT_EQ(1u, conflicts[0].second.choices.size());
+  EXPECT_EQ("Transparency", conflicts[0].second.choices[0].keyword);
+}
+
+TEST(PPDConflicts, OfSeveralConstraintsNameOnlyWhatBelongsTogether) {
+  EXPECT_EQ(
+      (Lines{"Duplex=DuplexTumble/MediaType=Transparency", "VQ1=A/VQ2=A"}),
+      Conflicts(kNewConstraint, Changed(kBothSidesOfTransparencies,
+                                        {{"VQ1", "A"}, {"VQ2", "A"}, {"InputSlot", "Tray1"}})));
+}
+
+TEST(PPDConflicts, WithAnOptionWhateverItsChoiceSpareThoseThatSwitchItOff) {
+  for (const std::string constraint :
+       {"*UIConstraints: *VQ1 *VQ2 A\n", "*cupsUIConstraints: \"*VQ1 *VQ2 A\"\n"}) {
+    EXPECT_EQ(Lines{}, Conflicts(constraint, {{"VQ2", "A"}}));
+    EXPECT_EQ(Lines{"VQ1=B/VQ2=A"}, Conflicts(constraint, {{"VQ1", "B"}, {"VQ2", "A"}}));
+  }
+}
+
+TEST(PPDConflicts, KnowNoneAndFalseForSwitchingOff) {
+  const std::string constraints =
+      std::string(kTray) + "*UIConstraints: *Duplex *VQ1 A\n*UIConstraints: *VQTray *VQ1 A\n";
+  EXPECT_EQ(Lines{}, Conflicts(constraints, {{"VQ1", "A"}}));
+  EXPECT_EQ((Lines{"Duplex=DuplexTumble/VQ1=A", "VQTray=True/VQ1=A"}),
+            Conflicts(constraints, {{"VQ1", "A"}, {"Duplex", "DuplexTumble"}, {"VQTray", "True"}}));
+}
+
+TEST(PPDConflicts, GoByTheFirstWordAfterAnOption) {
+  EXPECT_EQ(Lines{"VQ1=A/VQ2=A"},
+            Conflicts("*cupsUIConstraints: \"x*VQ1 A B *VQ2 A\"\n", {{"VQ1", "A"}, {"VQ2", "A"}}));
+}
+
+TEST(PPDConflicts, OfThreeChoicesNeedAllOfThem) {
+  const char constraint[] = "*cupsUIConstraints: \"*VQ1 A *VQ2 A *VQ3 A\"\n";
+  EXPECT_EQ(Lines{}, Conflicts(constraint, {{"VQ1", "A"}, {"VQ2", "A"}}));
+  EXPECT_EQ((Lines{"VQ1=A/VQ2=A", "VQ1=A/VQ3=A"}),
+            Conflicts(constraint, {{"VQ1", "A"}, {"VQ2", "A"}, {"VQ3", "A"}}));
+}
+
+TEST(PPDConflicts, OfAChoiceThatIsForbiddenAloneNameItTwice) {
+  EXPECT_EQ(Lines{"VQ1=A/VQ1=A"}, Conflicts("*cupsUIConstraints: \"*VQ1 A\"\n", {{"VQ1", "A"}}));
+}
+
+TEST(PPDConflicts, IgnoreConstraintsOnWhatIsNotThere) {
+  EXPECT_EQ(Lines{}, Conflicts("*UIConstraints: *VQ1 A *VQAbsent A\n"
+                               "*UIConstraints: *VQ1 A *VQ2 Absent\n"
+                               "*cupsUIConstraints: \"*VQ1 A *VQAbsent\"\n"
+                               "*cupsUIConstraints: \"\"\n*cupsUIConstraints: \"VQ1 A\"\n"
+                               "*cupsUIConstraints: \"*\"\n",
+                               {{"VQ1", "A"}, {"VQ2", "A"}}));
+}
+
+TEST(PPDConflicts, IgnoreValuesThatAreNoChoices) {
+  EXPECT_EQ(Lines{}, Conflicts(kNewConstraint, {{"VQ1", "A"}, {"VQ2", "Absent"}, {"", ""}}));
+}
+
+TEST(PPDConflicts, OfPageSizeAndPageRegionAreOfThePageSize) {
+  const char constraints[] =
+      "*UIConstraints: *PageSize A3 *VQ1 A\n*UIConstraints: *PageRegion A3 *VQ1 A\n";
+  EXPECT_EQ(Lines{"PageSize=A3/VQ1=A"}, Conflicts(constraints, {{"PageSize", "A3"}, {"VQ1", "A"}}));
+  EXPECT_EQ(Lines{"PageSize=A3/VQ1=A"},
+            Conflicts(constraints, {{"PageRegion", "A3"}, {"VQ1", "A"}}));
+}
+
+TEST(PPDConflicts, KnowWhatNamesOfEveryQueueStandFor) {
+  const PPDFile ppd = OpenText(ThreeOptions("*UIConstraints: *PageSize A3 *VQ1 A\n"));
+  EXPECT_EQ(
+      Lines{"Duplex=DuplexNoTumble/MediaType=Transparency"},
+      Described(ppd.Conflicts({{"sides", "two-sided-long-edge"}, {"MediaType", "Transparency"}})));
+  EXPECT_EQ(Lines{"PageSize=A3/VQ1=A"}, Described(ppd.Conflicts({{"media", "A3"}, {"VQ1", "A"}})));
+  EXPECT_EQ(Lines{}, Described(ppd.Conflicts({{"copies", "3"}, {"page-ranges", "1-3"}})));
+}
+
+TEST(PPDConflicts, ShowCustomValuesAsTheJobHasThem) {
+  EXPECT_EQ(
+      Lines{"PageSize=Custom.300x400/VQ1=A"},
+      Conflicts("*CustomPageSize True: \"pop\"\n*UIConstraints: *CustomPageSize True *VQ1 A\n",
+                {{"PageSize", "Custom.300x400"}, {"VQ1", "A"}}));
+}
+
+TEST(PPDConflicts, OfOptionsThatTakeSeveralChoicesSeeAllThatAreMarked) {
+  const std::string lines =
+      "*OpenUI *VQMany/Many: PickMany\n*DefaultVQMany: One\n*VQMany One/1: \"\"\n"
+      "*VQMany Two/2: \"\"\n*CloseUI: *VQMany\n"
+      "*UIConstraints: *VQMany One *VQ1 A\n*UIConstraints: *VQMany Two *VQ1 A\n";
+  EXPECT_EQ((Lines{"VQMany=One/VQ1=A", "VQMany=Two/VQ1=A"}),
+            Conflicts(lines, {{"VQMany", "Two"}, {"VQ1", "A"}}));
+}
+
+TEST(PPDConflicts, DoNotDependOnWhatOthersHaveMarked) {
+  const PPDFile ppd = OpenText(ThreeOptions(kNewConstraint));
+  ppdMarkOption(ppd.get(), "VQ1", "A");
+  EXPECT_EQ(Lines{}, Described(ppd.Conflicts({{"VQ2", "A"}})));
+}
+
+TEST(PPDConflicts, OfOneJobDoNotChangeThoseOfTheNext) {
+  const PPDFile ppd =
+      OpenText(ThreeOptions(std::string(kNewConstraint) + "*UIConstraints: *PageSize A3 *VQ1 A\n"
+                                                          "*DefaultPageSize: Unknown\n"));
+  EXPECT_EQ(2u, ppd.Conflicts({{"VQ1", "A"}, {"VQ2", "A"}, {"PageSize", "A3"}}).size());
+  EXPECT_EQ(Lines{}, Described(ppd.Conflicts({{"VQ1", "A"}})));
+  EXPECT_TRUE(ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}}, "VQ1"));
+  EXPECT_EQ(Lines{}, Described(ppd.Conflicts({{"VQ2", "A"}})));
+  EXPECT_TRUE(ppdIsMarked(ppd.get(), "VQ1", "Off"));
+  EXPECT_TRUE(ppdIsMarked(ppd.get(), "VQ2", "Off"));
+}
+
+// libcups says which options are in conflict, though not with which others.
+TEST(PPDConflicts, AreThoseThatLibcupsFinds) {
+  const PPDFile ppd = OpenText(ThreeOptions(
+      std::string(kTray) +
+      "*UIConstraints: *VQTray False *VQ3 B\n*UIConstraints: *VQ1 A *VQ2\n"
+      "*NonUIConstraints: *VQ2 B *VQ3 A\n*cupsUIConstraints: \"*VQ1 B *VQ2 *InputSlot Manual\"\n"
+      "*cupsUIConstraints: \"*PageSize A3 *VQ1\"\n*UIConstraints: *PageRegion Letter *VQ2 A\n"));
+  const std::vector<PPDOption> options = ppd.Options();
+  std::mt19937 random(1);
+  int in_conflict = 0;
+  for (int round = 0; round < 500; ++round) {
+    JobOptions job;
+    for (const PPDOption &option : options) {
+      if (random() % 2 == 0)
+        job[option.keyword] = option.choices[random() % option.choices.size()].keyword;
+    }
+    std::set<std::string> ours;
+    for (const PPDConflict &conflict : ppd.Conflicts(job)) {
+      ours.insert({conflict.first.keyword, conflict.second.keyword});
+    }
+    for (const auto &[keyword, choice] : job)
+      ppdMarkOption(ppd.get(), keyword.c_str(), choice.c_str());
+    std::set<std::string> theirs;
+    if (ppdConflicts(ppd.get()) > 0) {
+      ++in_conflict;
+      for (const ppd_option_t *option = ppdFirstOption(ppd.get()); option != nullptr;
+           option = ppdNextOption(ppd.get())) {
+        const std::string keyword = option->keyword;
+        if (option->conflicted) theirs.insert(keyword == "PageRegion" ? "PageSize" : keyword);
+      }
+    }
+    ASSERT_EQ(theirs, ours) << testing::PrintToString(job);
+    ppdMarkDefaults(ppd.get());
+  }
+  EXPECT_GT(in_conflict, 100);
+  EXPECT_LT(in_conflict, 500);
+}
+
+TEST(PPDResolution, IsEmptyWithoutConflicts) {
+  EXPECT_EQ(JobOptions{}, OpenText(NumberingPPDText(true)).Resolution({{"Duplex", "None"}}, ""));
+}
+
+TEST(PPDResolution, ChangesTheOtherOption) {
+  const PPDFile ppd = OpenText(NumberingPPDText(true));
+  EXPECT_EQ((JobOptions{{"MediaType", "Plain"}}),
+            ppd.Resolution(kBothSidesOfTransparencies, "Duplex"));
+  EXPECT_EQ((JobOptions{{"Duplex", "None"}}),
+            ppd.Resolution(kBothSidesOfTransparencies, "MediaType"));
+}
+
+TEST(PPDResolution, ChangesOneOfTheOptionsIfNoneIsToBeKept) {
+  const PPDFile ppd = OpenText(NumberingPPDText(true));
+  for (const char *keep : {"", "VQBNSize", "copies", "VQAbsent"}) {
+    const std::optional<JobOptions> changes = ppd.Resolution(kBothSidesOfTransparencies, keep);
+    ASSERT_TRUE(changes) << keep;
+    EXPECT_EQ(1u, changes->size()) << keep;
+    EXPECT_EQ(Lines{}, Described(ppd.Conflicts(Changed(kBothSidesOfTransparencies, *changes))));
+  }
+}
+
+TEST(PPDResolution, KeepsWhatANameOfEveryQueueStandsFor) {
+  const PPDFile ppd = OpenText(NumberingPPDText(true));
+  EXPECT_EQ(
+      (JobOptions{{"MediaType", "Plain"}}),
+      ppd.Resolution({{"sides", "two-sided-long-edge"}, {"MediaType", "Transparency"}}, "sides"));
+  const PPDFile sizes = OpenText(ThreeOptions("*UIConstraints: *PageSize A3 *VQ1 A\n"));
+  for (const char *media : {"A3", "A3,Transparency"}) {
+    EXPECT_EQ((JobOptions{{"VQ1", "Off"}}),
+              sizes.Resolution({{"media", media}, {"VQ1", "A"}}, "media"))
+        << media;
+  }
+}
+
+TEST(PPDResolution, OverridesANameOfEveryQueue) {
+  const PPDFile ppd = OpenText(NumberingPPDText(true));
+  EXPECT_EQ((JobOptions{{"Duplex", "None"}}),
+            ppd.Resolution({{"sides", "two-sided-long-edge"}, {"MediaType", "Transparency"}},
+                           "MediaType"));
+}
+
+TEST(PPDResolution, FollowsTheResolverOfTheFile) {
+  const PPDFile ppd =
+      OpenText(ThreeOptions(std::string(kNewConstraint) + "*cupsUIResolver vq: \"*VQ2 B\"\n"));
+  EXPECT_EQ((JobOptions{{"VQ2", "B"}}), ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}}, "VQ1"));
+}
+
+TEST(PPDResolution, GoesBackToTheDefaultsWhereTheResolverDoesNotHelp) {
+  for (const char *resolver :
+       {"", "*cupsUIResolver vq: \"*VQ2 A\"\n", "*cupsUIResolver vq: \"*VQ2 Absent\"\n",
+        "*cupsUIResolver vq: \"*VQ1 Off\"\n"}) {
+    const PPDFile ppd = OpenText(ThreeOptions(std::string(kNewConstraint) + resolver));
+    EXPECT_EQ((JobOptions{{"VQ2", "Off"}}), ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}}, "VQ1"))
+        << resolver;
+  }
+}
+
+TEST(PPDResolution, OfDefaultsChangesNoMoreThanItMust) {
+  const std::string lines = std::string(kNewConstraint) + "*cupsUIResolver vq: \"*VQ2 A\"\n";
+  const PPDFile ppd = OpenText(ThreeOptions(lines));
+  const JobOptions job = {{"VQ1", "A"}, {"VQ2", "A"}};
+  EXPECT_EQ((JobOptions{{"VQ2", "Off"}}), ppd.Resolution(job, ""));
+  EXPECT_EQ((JobOptions{{"VQ1", "Off"}}), ppd.Resolution(job, "VQ2"));
+}
+
+TEST(PPDResolution, OfDefaultsLeavesOptionsAloneThatHaveNone) {
+  const PPDFile ppd = OpenText(
+      ThreeOptions(std::string(kNoDefault) +
+                   "*cupsUIConstraints vq: \"*VQ1 A *VQ4 A\"\n*cupsUIResolver vq: \"*VQ4 A\"\n"));
+  EXPECT_EQ((JobOptions{{"VQ1", "Off"}}), ppd.Resolution({{"VQ1", "A"}, {"VQ4", "A"}}, ""));
+}
+
+TEST(PPDResolution, KeepsAnOptionThatHasItsDefault) {
+  const PPDFile ppd = OpenText(ThreeOptions(
+      "*cupsUIConstraints vq: \"*VQ1 Off *VQ2 A\"\n*cupsUIResolver vq: \"*VQ1 A *VQ2 B\"\n"));
+  EXPECT_EQ((JobOptions{{"VQ2", "B"}}), ppd.Resolution({{"VQ2", "A"}}, "VQ1"));
+}
+
+TEST(PPDResolution, KeepsAnOptionThatHasNoChoice) {
+  const PPDFile ppd = OpenText(ThreeOptions(std::string(kNoDefault) + kNewConstraint +
+                                            "*cupsUIResolver vq: \"*VQ4 A *VQ2 B\"\n"));
+  EXPECT_EQ((JobOptions{{"VQ2", "B"}}), ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}}, "VQ4"));
+}
+
+TEST(PPDResolution, EndsSeveralConflictsAtOnce) {
+  const PPDFile ppd =
+      OpenText(ThreeOptions("*UIConstraints: *VQ1 A *VQ2 A\n"
+                            "*UIConstraints: *VQ1 A *VQ3 A\n"));
+  EXPECT_EQ((JobOptions{{"VQ2", "Off"}, {"VQ3", "Off"}}),
+            ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}, {"VQ3", "A"}}, "VQ1"));
+}
+
+TEST(PPDResolution, ChangesThePageSizeAndNotThePageRegion) {
+  const PPDFile ppd = OpenText(ThreeOptions("*UIConstraints: *PageRegion A3 *VQ1 A\n"));
+  EXPECT_EQ((JobOptions{{"PageSize", "A4"}}),
+            ppd.Resolution({{"PageSize", "A3"}, {"VQ1", "A"}}, "VQ1"));
+  EXPECT_EQ((JobOptions{{"VQ1", "Off"}}),
+            ppd.Resolution({{"PageSize", "A3"}, {"VQ1", "A"}}, "PageSize"));
+}
+
+TEST(PPDResolution, IsThereNoneWhereOnlyTheKeptOptionCouldChange) {
+  const PPDFile alone = OpenText(ThreeOptions("*cupsUIConstraints: \"*VQ1 A\"\n"));
+  EXPECT_EQ(std::nullopt, alone.Resolution({{"VQ1", "A"}}, "VQ1"));
+  const PPDFile every =
+      OpenText(ThreeOptions("*UIConstraints: *VQ1 A *VQ2 A\n"
+                            "*UIConstraints: *VQ1 A *VQ2 B\n"
+                            "*UIConstraints: *VQ1 A *VQ2 Off\n"));
+  EXPECT_EQ(std::nullopt, every.Resolution({{"VQ1", "A"}}, "VQ1"));
+}
+
+TEST(PPDResolution, NeverChangesInstalledHardware) {
+  const PPDFile ppd = OpenText(ThreeOptions(std::string(kTray) +
+                                            "*cupsUIConstraints tray: \"*VQTray False *VQ1 A\"\n"
+                                            "*cupsUIResolver tray: \"*VQTray True *VQ1 Off\"\n"));
+  EXPECT_EQ(Lines{"VQTray=False/VQ1=A"}, Described(ppd.Conflicts({{"VQ1", "A"}})));
+  EXPECT_EQ(std::nullopt, ppd.Resolution({{"VQ1", "A"}}, "VQ1"));
+  EXPECT_EQ((JobOptions{{"VQ1", "Off"}}), ppd.Resolution({{"VQ1", "A"}}, ""));
+}
+
+TEST(PPDResolution, DoesNotDependOnThePageSizeOfTheJobBefore) {
+  const PPDFile ppd =
+      OpenText(ThreeOptions(std::string(kNewConstraint) +
+                            "*cupsUIResolver vq: \"*VQ2 B\"\n"
+                            "*UIConstraints: *PageSize A3 *VQ1 A\n*DefaultPageSize: Unknown\n"));
+  EXPECT_EQ(1u, ppd.Conflicts({{"PageSize", "A3"}, {"VQ1", "A"}}).size());
+  EXPECT_EQ((JobOptions{{"VQ2", "B"}}), ppd.Resolution({{"VQ1", "A"}, {"VQ2", "A"}}, "VQ1"));
+}
+
+TEST(PPDResolution, EndsTheConflictsOrIsNone) {
+  const PPDFile ppd = OpenText(ThreeOptions(
+      "*UIConstraints: *VQ1 A *VQ2\n*UIConstraints: *VQ2 B *VQ3 A\n"
+      "*cupsUIConstraints r: \"*VQ1 B *VQ2 *InputSlot Manual\"\n*cupsUIResolver r: \"*VQ1 A\"\n"
+      "*cupsUIConstraints: \"*PageSize A3 *VQ1\"\n"));
+  const std::vector<PPDOption> options = ppd.Options();
+  std::mt19937 random(2);
+  int resolved = 0;
+  for (int round = 0; round < 300; ++round) {
+    JobOptions job;
+    for (const PPDOption &option : options) {
+      if (random() % 2 == 0)
+        job[option.keyword] = option.choices[random() % option.choices.size()].keyword;
+    }
+    const std::string keep = options[random() % options.size()].keyword;
+    if (ppd.Conflicts(job).empty()) continue;
+    const std::optional<JobOptions> changes = ppd.Resolution(job, keep);
+    if (!changes) continue;
+    ++resolved;
+    ASSERT_FALSE(changes->empty());
+    ASSERT_FALSE(changes->contains(keep));
+    ASSERT_EQ(Lines{}, Described(ppd.Conflicts(Changed(job, *changes))));
+  }
+  EXPECT_GT(resolved, 50);
+}
