@@ -60,15 +60,12 @@ Expected<int> SendInterruptibly(const PrintServer &server, const JobRequest &req
 
 int Send(const PrintOptions &options, const ScriptedJob &job) {
   const PrintServer server(options.limit);
-  JobRequest request;
-  request.queue = job.queue.name;
-  request.title = options.title.empty() ? TitleOfJob(options.files) : options.title;
-  request.options = job.session.Options();
-  request.files = options.files;
-  if (job.session.fault()) return Refuse(job.session.fault()->message, kFailed);
-  Expected<int> number = SendInterruptibly(server, request);
+  Expected<JobRequest> request =
+      job.session.RequestFor(job.queue.name, options.files, options.title);
+  if (!request) return Refuse(request.message(), kFailed);
+  Expected<int> number = SendInterruptibly(server, *request);
   if (!number) return Refuse(number.message(), kFailed);
-  const std::string id = RequestId(request.queue, *number);
+  const std::string id = RequestId(job.queue.name, *number);
   const std::string result = "request id is " + id;
   const bool told = PrintResults(result + '\n');
   if (!told) Complain(result);  // a script that only saw a failure would print again

@@ -25,8 +25,7 @@ struct ScriptedJob {
 int WithScriptedJob(const JobSource &source, const std::vector<std::string> &changes,
                     const std::function<int(const ScriptedJob &)> &work);
 
-// What the panels say of the job, and its settings as job options; nothing to be told where the
-// session has a fault then.
-PanelReport ReportOn(JobSession &session);
+// What the panels say of the job, and its settings as job options.
+Expected<PanelReport> ReportOn(JobSession &session);
 
 #endif

@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/extension/Setting.h"
-#include "host/ppd/PPDFile.h"
+#include "host/session/ValueCheck.h"
 
 struct SettingChange {
   std::string name;   // as it was asked for
@@ -16,11 +15,10 @@ struct SettingChange {
   std::string value;  // as it is stored
 };
 
-// The changes that these texts, NAME=VALUE, ask for: settings of bundles by their names, options of
-// the PPD file (if any) by their keywords, and job options of every printer, such as copies,
-// page-ranges or number-up. The failure: no such name, or a value that is not allowed for it.
+// The changes that these texts, NAME=VALUE, ask for: settings of bundles by their names or keys,
+// options of the printer by their keywords, and job options of every printer, such as copies,
+// page-ranges or number-up. The failure: no such name, or a value that does not fit.
 Expected<std::vector<SettingChange>> ParseSettingChanges(const std::vector<std::string> &texts,
-                                                         const std::vector<Setting> &settings,
-                                                         const PPDFile *ppd);
+                                                         const ValueCheck &check);
 
 #endif

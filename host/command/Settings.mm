@@ -13,9 +13,9 @@ int Run(const SettingsOptions &options, const ScriptedJob &job) {
     Complain(Localized("no panel for %1: %2", {job.printer, session.ReasonForNoPanel()}));
     return kFailed;
   }
-  PanelReport report = ReportOn(session);
-  if (session.fault()) {
-    Complain(session.fault()->message);
+  Expected<PanelReport> report = ReportOn(session);
+  if (!report) {
+    Complain(report.message());
     return kFailed;
   }
   if (!options.ticket.empty()) {
@@ -23,9 +23,9 @@ int Run(const SettingsOptions &options, const ScriptedJob &job) {
       Complain(written.message());
       return kFailed;
     }
-    report.ticket = options.ticket.string();
+    report->ticket = options.ticket.string();
   }
-  return PrintResults(options.json ? report.Json() : report.Text()) ? kDone : kFailed;
+  return PrintResults(options.json ? report->Json() : report->Text()) ? kDone : kFailed;
 }
 
 }  // namespace

@@ -54,10 +54,13 @@ void KeepAsLastUsed(PMPrintSettings settings) {
 int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
   std::vector<Failure> failures;
   PanelReport report;
-  if (end == DialogEnd::kAccepted) report = ReportOn(dialog.session());
-  if (dialog.session().fault()) {
-    Complain(dialog.session().fault()->message);
-    return kFailed;
+  if (end == DialogEnd::kAccepted) {
+    Expected<PanelReport> made = ReportOn(dialog.session());
+    if (!made) {
+      Complain(made.message());
+      return kFailed;
+    }
+    report = std::move(*made);
   }
   if (!options.ticket.empty()) {
     if (auto written = WriteTicket(options.ticket, dialog.session().settings())) {

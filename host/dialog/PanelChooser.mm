@@ -84,7 +84,12 @@ void PanelChooser::Show(const std::string &kind) {
 
 void PanelChooser::ShowChoices() {
   [options_.get()
-      showChoices:[this](const std::string &keyword) { return session_.Choice(keyword); }];
+      showChoices:[this](const std::string &keyword) {
+        Expected<std::string> choice = session_.Choice(keyword);
+        if (choice) return *choice;
+        callbacks_.refused(choice.message());
+        return std::string();
+      }];
 }
 
 bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {

@@ -79,6 +79,7 @@ class PrintDialog {
   void ShowQuestion(const std::string &question);
   void ShowNoAnswer(const std::string &reason);
   void ChoosePrinter();
+  void LosePrinter(const std::string &reason);
   void ApplySettings(PrintSettings settings);
 
   void ShowFields();

@@ -204,12 +204,13 @@ void PrintDialog::ShowNoAnswer(const std::string &reason) {
 void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   [view_.get() setPanelView:nil];
   queue_ = queue;
-  if (ppd) extensions_.LoadNamedBy(*ppd);
-  Notes notes = session_.UsePrinter(std::move(ppd), queue.defaults);
-  if (job_.settings) {
-    const Notes more = session_.UseSettings(std::move(job_.settings));
-    notes.insert(notes.end(), more.begin(), more.end());
+  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults);
+  Notes notes = used ? *used : Notes();
+  if (used && job_.settings) {
+    used = session_.UseSettings(std::move(job_.settings));
+    if (used) notes.insert(notes.end(), used->begin(), used->end());
   }
+  if (!used) return LosePrinter(used.message());
   const std::string description = DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
   if (session_.panels().empty()) {
@@ -229,22 +230,32 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   AskAboutConflicts("");
 }
 
+// The settings went with it.
+void PrintDialog::LosePrinter(const std::string &reason) {
+  SetPhase(Phase::kNoPrinter);
+  presets_.Select(kDefaultSettings);
+  ShowNoAnswer(reason);
+}
+
 void PrintDialog::ApplySettings(PrintSettings settings) {
   if (phase_ == Phase::kNoPrinter) {  // it gets them when it answers
     job_.settings = std::move(settings);
     return;
   }
-  ShowNotes(session_.UseSettings(std::move(settings)));
+  Expected<Notes> notes = session_.UseSettings(std::move(settings));
+  if (!notes) return LosePrinter(notes.message());
+  ShowNotes(std::move(*notes));
   ShowFields();
   panels_.Restore();
   AskAboutConflicts("");
 }
 
 void PrintDialog::ShowFields() {
-  const JobOptions options = session_.Options();
+  Expected<JobOptions> options = session_.Options();
+  if (!options) return AddNote(options.message());
   const auto value = [&options](const char *name, const char *otherwise) {
-    const auto option = options.find(name);
-    return String(option == options.end() ? otherwise : option->second);
+    const auto option = options->find(name);
+    return String(option == options->end() ? otherwise : option->second);
   };
   PrintDialogView *view = view_.get();
   [[view copies] setStringValue:value(kCopies, "1")];
@@ -277,12 +288,15 @@ Expected<void> PrintDialog::TakeFields() {
       [window_.get() makeFirstResponder:field];
       return value.failure();
     }
-    const JobOptions options = session_.Options();
-    const auto now = options.find(name);
-    if (*value == (now == options.end() ? otherwise : now->second)) return {};
+    Expected<JobOptions> options = session_.Options();
+    if (!options) return options.failure();
+    const auto now = options->find(name);
+    if (*value == (now == options->end() ? otherwise : now->second)) return {};
     if (auto done = session_.Set(name, *value); !done) return done;
-    if (!value->empty() || !session_.Options().contains(name)) return {};
-    return session_.Set(name, kAllPages);
+    if (!value->empty()) return {};
+    options = session_.Options();
+    if (!options) return options.failure();
+    return options->contains(name) ? session_.Set(name, kAllPages) : Expected<void>();
   };
   if (auto done = take([view copies], kCopies, "1", ParseCopies); !done) return done;
   [[view copiesStepper] setIntValue:[[view copies] intValue]];
@@ -297,12 +311,15 @@ std::vector<SummarySection> PrintDialog::JobSummary() {
   const std::string pages = Text([[view_.get() pages] stringValue]);
   lines.emplace_back(Localized("Pages"), pages.empty() ? Localized("all") : pages);
   for (const PPDOption &option : session_.OtherOptions()) {
-    const std::string keyword = session_.Choice(option.keyword);
-    if (session_.Value(option.keyword).empty() && keyword == option.default_choice) continue;
-    const auto choice =
-        std::find_if(option.choices.begin(), option.choices.end(),
-                     [&keyword](const PPDChoice &known) { return known.keyword == keyword; });
-    lines.emplace_back(option.text, choice == option.choices.end() ? keyword : choice->text);
+    Expected<std::string> value = session_.Value(option.keyword);
+    Expected<std::string> keyword = session_.Choice(option.keyword);
+    if (!value || !keyword) {
+      AddNote(value ? keyword.message() : value.message());
+      break;
+    }
+    if (value->empty() && *keyword == option.default_choice) continue;
+    const auto choice = std::ranges::find(option.choices, *keyword, &PPDChoice::keyword);
+    lines.emplace_back(option.text, choice == option.choices.end() ? *keyword : choice->text);
   }
   return {{Localized("Job"), lines}};
 }
@@ -311,7 +328,6 @@ PMPrintSettings PrintDialog::SettingsToSave() {
   EndEditing(window_.get());
   Expected<void> taken = TakeFields();
   if (taken) taken = panels_.Save();
-  if (taken && session_.fault()) taken = *session_.fault();
   if (taken) return session_.settings();
   AddNote(taken.message());
   return nullptr;
@@ -348,13 +364,17 @@ bool PrintDialog::IsReadyToPrint() {
 // is printed.
 bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
   if (session_.ppd() == nullptr) return true;
-  for (const PPDConflict &conflict : session_.ppd()->Conflicts(session_.Options())) {
+  Expected<JobOptions> options = session_.Options();
+  if (!options) {
+    AddNote(options.message());
+    return false;
+  }
+  for (const PPDConflict &conflict : session_.ppd()->Conflicts(*options)) {
     if (!conflicts_shown_.insert(Pair(conflict)).second) continue;
     const std::string message = Text(
         Sentence(Localized("%1 and %2 cannot be combined on this printer",
                            {DescribeChoice(conflict.first), DescribeChoice(conflict.second)})));
-    const std::optional<JobOptions> changes =
-        session_.ppd()->Resolution(session_.Options(), chosen);
+    const std::optional<JobOptions> changes = session_.ppd()->Resolution(*options, chosen);
     if (!changes || changes->empty()) {
       Tell(message + "\n\n" + Localized("Change one of them."));
       continue;
@@ -379,16 +399,12 @@ bool PrintDialog::AskAboutConflicts(const std::string &chosen) {
 }
 
 void PrintDialog::Send() {
-  JobRequest request;
-  request.queue = queue_.name;
-  request.title = TitleOfJob(job_.files);
-  request.options = session_.Options();
-  request.files = job_.files;
-  if (session_.fault()) return AddNote(session_.fault()->message);
+  Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files);
+  if (!request) return AddNote(request.message());
   has_sent_ = true;
   SetPhase(Phase::kSending);
   [view_.get() setProgressText:String(Localized("Sending…")) fraction:0];
-  sender_.Send(std::move(request));
+  sender_.Send(std::move(*request));
 }
 
 void PrintDialog::ShowRefusal(const std::string &reason) {

@@ -17,26 +17,14 @@ std::string Setting::Demand() const {
 }
 
 Expected<std::string> Setting::Check(std::string_view value) const {
-  const Failure refusal{
-      Localized("%1 cannot be %2: %3", {name, "\"" + std::string(value) + "\"", Demand()})};
   if (!choices.empty()) {
-    if (std::find(choices.begin(), choices.end(), value) == choices.end()) return refusal;
+    if (std::find(choices.begin(), choices.end(), value) == choices.end()) return Failure{Demand()};
     return std::string(value);
   }
   long number = 0;
   const auto [end, error] = std::from_chars(value.begin(), value.end(), number);
-  if (error != std::errc() || end != value.end() || number < min || number > max) return refusal;
-  return std::to_string(number);
-}
-
-std::vector<Setting> SettingsWithBadValues(const std::vector<Setting> &settings,
-                                           const JobOptions &options) {
-  std::vector<Setting> bad;
-  for (const Setting &setting : settings) {
-    const auto stored = options.find(setting.key);
-    if (stored == options.end()) continue;
-    Expected<std::string> value = setting.Check(stored->second);
-    if (!value || *value != stored->second) bad.push_back(setting);
+  if (error != std::errc() || end != value.end() || number < min || number > max) {
+    return Failure{Demand()};
   }
-  return bad;
+  return std::to_string(number);
 }

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "host/base/Expected.h"
-#include "host/base/JobOptions.h"
 
 // One setting: its name, the print-settings key under which it is stored, and what may be stored,
 // either one of the choices or, where there are none, a whole number of a range.
@@ -21,12 +20,8 @@ struct Setting {
 
   // The allowed values, for people: "it must be one of Small, Large".
   std::string Demand() const;
-  // The value as it is stored ("007" is stored as "7"). The failure names what is allowed.
+  // The value as it is stored ("007" is stored as "7"). The failure: Demand().
   Expected<std::string> Check(std::string_view value) const;
 };
-
-// Those settings whose stored value, among these job options by key, is none of the allowed ones.
-std::vector<Setting> SettingsWithBadValues(const std::vector<Setting> &settings,
-                                           const JobOptions &options);
 
 #endif

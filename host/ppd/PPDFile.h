@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,10 @@ class PPDFile {
   // The choice of an option that these job options, over the file's defaults, come to; also those
   // that mean the same under another name, such as sides. Empty: none, or no such option.
   std::string ChoiceOf(const std::string &option, const JobOptions &options) const;
+
+  // The keywords among these options of the file whose choices others, which go by names that every
+  // queue takes, would change: sides that of Duplex, media that of PageSize.
+  std::set<std::string> ChangedBy(const JobOptions &others, const JobOptions &options) const;
 
   // What these job options, over the file's defaults, bring together that the constraints forbid;
   // each pair once. Names that every queue takes (media, sides...) count as the choices that they

@@ -4,7 +4,7 @@
 #ifndef HOST_SESSION_JOBSESSION_H
 #define HOST_SESSION_JOBSESSION_H
 
-#include <map>
+#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
@@ -12,13 +12,16 @@
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/cups/PrintServer.h"
 #include "host/extension/Extensions.h"
-#include "host/job/PrintSettings.h"
 #include "host/ppd/PPDFile.h"
+#include "host/session/JobDefaults.h"
+#include "host/session/JobSettings.h"
+#include "host/session/Notes.h"
+#include "host/session/ValueCheck.h"
 
-// What the user should know, a sentence without full stop each.
-using Notes = std::vector<std::string>;
-
+// Wherever the print system fails to answer or change a setting, the operation fails: nothing may
+// then be printed, nor written, of what came before.
 class JobSession {
  public:
   // The bundles must outlive the session.
@@ -29,19 +32,20 @@ class JobSession {
 
   // Changes the printer: also loads the bundles that the PPD file names, and asks all bundles for
   // panels anew, which restore themselves when they are shown. Settings that do not fit are taken
-  // away, each with a note. The panels of the printer before must be out of the window. The
-  // defaults are the queue's, but for custom values that do not fit, which are left out, each with
-  // a note; no PPD file: the queue has none, and no panels.
-  Notes UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults);
+  // away, each with a note, and so are defaults of the queue. The panels of the printer before must
+  // be out of the window. No PPD file: the queue has none, and no panels. The failure: there is no
+  // printer, and all settings are lost.
+  Expected<Notes> UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults);
 
   // Replaces all settings, by those of a ticket or preset; those that a panel has locked stay, each
   // with a note. What does not fit the printer, if there is one yet, is taken away, each with a
-  // note. Panels in the window must be restored afterwards.
-  Notes UseSettings(PrintSettings settings);
+  // note. Panels in the window must be restored afterwards. The failure: as that of UsePrinter.
+  Expected<Notes> UseSettings(PrintSettings settings);
 
   const PPDFile *ppd() const { return ppd_ ? &*ppd_ : nullptr; }
-  // Always the same object. What panels claim and the user has not set is set here to what the job
-  // would be printed with, for the panels to show; it gives way when the printer changes.
+  // Always the same object, as long as nothing fails. What panels claim and the user has not set is
+  // set here to what the job would be printed with, for the panels to show; it gives way when the
+  // printer changes.
   PMPrintSettings settings() const { return settings_.get(); }
   const ExtensionPanels &panels() const { return panels_; }
   // Drops the panels that have shown a fault; they are then among the bundles left out.
@@ -49,20 +53,18 @@ class JobSession {
   // Why there is no panel, where there is none.
   std::string ReasonForNoPanel() const { return extensions_.ReasonForNoPanel(ppd()); }
 
-  // Why the settings may be others than those that were asked for, or could not be read completely:
-  // the print system failed. From then on nothing may be printed, nor written, of what this object
-  // answers; ask for this last.
-  const std::optional<Failure> &fault() const { return fault_; }
+  // What fits the printer and its panels.
+  const ValueCheck &check() const { return check_; }
 
-  std::string Value(const std::string &keyword) const;  // empty: not set
-  // An empty value takes it away. The failure: all is as before.
+  Expected<std::string> Value(const std::string &keyword) const;  // empty: not set
+  // An empty value takes it away. The failure, also that it is locked: all is as before.
   Expected<void> Set(const std::string &keyword, const std::string &value);
   // The settings as job options.
-  JobOptions OwnOptions() const;
+  Expected<JobOptions> OwnOptions() const { return settings_.Options(); }
   // What the job is printed with if nothing more is set: the queue's defaults under the settings.
-  JobOptions Options() const;
+  Expected<JobOptions> Options() const;
   // The choice of a PPD option as the job stands: set, the queue's default, or the file's.
-  std::string Choice(const std::string &keyword) const;
+  Expected<std::string> Choice(const std::string &keyword) const;
 
   // The PPD options that no panel shows.
   std::vector<PPDOption> OtherOptions() const;
@@ -71,45 +73,42 @@ class JobSession {
   // as before.
   Expected<void> ChangeOption(const std::string &keyword, const std::string &choice);
 
-  // Why the job cannot be printed as it stands: there is a fault, a panel does not allow it, or a
-  // value does not fit the printer. Conflicts of choices are not looked at.
+  // That the job can be printed as it stands. The failure: a panel does not allow it, or a value
+  // does not fit the printer. Conflicts of choices are not looked at.
   Expected<void> CheckPrintable();
+
+  // The job as it stands, to be sent to this queue. An empty title: the files' names.
+  Expected<JobRequest> RequestFor(const std::string &queue,
+                                  const std::vector<std::filesystem::path> &files,
+                                  const std::string &title = "") const;
 
   // The localized summary of every panel that has one, under its name.
   std::vector<std::pair<std::string, SummaryLines>> Summary();
 
  private:
+  Expected<Notes> Take(std::optional<PPDFile> ppd, const JobOptions &defaults);
+  Expected<void> TakePanels(Notes &notes);
+  Expected<Notes> Use(PMPrintSettings settings);
   void DropPrinter();
-  std::set<std::string> Claimed() const;
-  void LearnPrinterSpecificKeywords();
-  bool IsAllowed(const std::string &keyword, const std::string &value) const;
-  std::string DefaultOf(const std::string &keyword) const;
-  void Remember(const std::string &failure) const;
-  Retained<id> Stored(const std::string &keyword) const;
-  // As Set, but what is locked stays without a word, and another failure is remembered.
-  void Put(const std::string &keyword, const std::string &value);
-  void Replace(NSString *key, id value, Notes &notes);
+  void LoseSettings();
 
-  // What must not reach a panel: values that are no text, and those that a bundle's setting info
-  // does not allow.
-  void TakeAwayBadValues(Notes &notes);
-  void TakeAwayUnfitOptions(Notes &notes);
-  void LeaveOutUnfitDefaults(Notes &notes);
-  void TakeAway(const std::string &keyword, const std::string &why, Notes &notes);
-  void SetDefaults(const std::set<std::string> &keywords);
+  std::set<std::string> Claimed() const;
+  void LearnWhatFits();
+  Expected<void> MakeFit(Notes &notes);
+  Expected<void> WithdrawFilledIn();
+  Expected<void> FillIn(const std::set<std::string> &also);
 
   // Declared in the order of dependence: the panels go first, the PPD file late.
   Extensions &extensions_;
   std::optional<PPDFile> ppd_;
-  JobOptions defaults_;
-  PrintSettings settings_;
+  JobSettings settings_;
+  JobDefaults defaults_;
   Retained<HostCallback *> host_;
   ExtensionPanels panels_;
-  mutable std::optional<Failure> fault_;  // the first one
+  ValueCheck check_;
   bool has_printer_ = false;
   std::set<std::string> printer_specific_;  // of all printers so far
-  JobOptions defaults_set_;    // by this object, and not changed since, if they still hold
-  JobOptions panel_defaults_;  // what panels set by themselves
+  JobOptions filled_in_;  // by this object, and not changed since, if it still holds
 };
 
 #endif

@@ -1,39 +1,12 @@
 #include "host/session/JobSession.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
-#include "host/job/OptionFit.h"
-#include "host/job/SettingOptions.h"
-#include "host/job/SettingValues.h"
-
-namespace {
-
-NSString *Key(const std::string &keyword) {
-  return [NSString stringWithUTF8String:keyword.c_str()];
-}
-
-// What takes the value away where there is none.
-id ValueToStore(const std::string &value) { return value.empty() ? nil : Key(value); }
-
-const Setting *SettingOfKey(const std::vector<Setting> &settings, const std::string &key) {
-  const auto found = std::find_if(settings.begin(), settings.end(),
-                                  [&key](const Setting &setting) { return setting.key == key; });
-  return found == settings.end() ? nullptr : &*found;
-}
-
-// Job options of every printer, and the options of printer descriptions that mean the same.
-constexpr std::pair<const char *, const char *> kTwoNames[] = {
-    {"sides", "Duplex"}, {"media", "PageSize"}, {"media", "PageRegion"}};
-
-}  // namespace
+#include "host/job/JobFiles.h"
+#include "host/session/Repair.h"
 
 JobSession::JobSession(Extensions &extensions)
-    : extensions_(extensions), settings_(EmptyPrintSettings()) {
-  if (auto values = ValuesOf(settings_.get()); !values) Remember(values.message());
-}
+    : extensions_(extensions), check_(nullptr, extensions.Settings()) {}
 
 JobSession::~JobSession() { DropPrinter(); }
 
@@ -42,81 +15,89 @@ void JobSession::DropPrinter() {
   // A panel that is not freed keeps this object, and must not find a file in it that is closed.
   [host_.get() forgetPPDFile];
   host_ = Retained<HostCallback *>();
+  check_ = ValueCheck(nullptr, extensions_.Settings());
   ppd_.reset();
+  has_printer_ = false;
 }
 
-Notes JobSession::UsePrinter(std::optional<PPDFile> ppd, JobOptions defaults) {
-  @autoreleasepool {
-    // Nobody asked for these: they were the printer's before.
-    for (const auto &[keyword, value] : std::exchange(defaults_set_, {})) {
-      if (Value(keyword) == value) Put(keyword, "");
-    }
-    DropPrinter();
-    ppd_ = std::move(ppd);
-    defaults_ = std::move(defaults);
-    has_printer_ = true;
+void JobSession::LoseSettings() {
+  DropPrinter();
+  settings_ = JobSettings::None();
+  defaults_ = JobDefaults();
+  filled_in_.clear();
+}
 
-    Notes notes;
-    std::set<std::string> unset;
-    LeaveOutUnfitDefaults(notes);
-    if (ppd_) {
-      extensions_.LoadNamedBy(*ppd_);
-      TakeAwayBadValues(notes);
-      const JobOptions before = OwnOptions();
-      host_ =
-          Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings()
+Expected<Notes> JobSession::UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults) {
+  @autoreleasepool {
+    Expected<Notes> notes = Take(std::move(ppd), defaults);
+    if (!notes) LoseSettings();
+    return notes;
+  }
+}
+
+Expected<Notes> JobSession::UseSettings(PrintSettings settings) {
+  @autoreleasepool {
+    Expected<Notes> notes = Use(settings.get());
+    if (!notes) LoseSettings();
+    return notes;
+  }
+}
+
+Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &defaults) {
+  if (settings_.get() == nullptr) settings_ = JobSettings();
+  if (auto done = WithdrawFilledIn(); !done) return done.failure();
+  DropPrinter();
+  ppd_ = std::move(ppd);
+  if (ppd_) extensions_.LoadNamedBy(*ppd_);
+  LearnWhatFits();
+  Expected<StoredValues> before = settings_.Values();
+  if (!before) return before.failure();
+  Notes notes;
+  if (ppd_) {
+    if (auto done = TakePanels(notes); !done) return done.failure();
+  }
+  LearnWhatFits();
+  std::set<std::string> unset;
+  for (const std::string &keyword : Claimed()) {
+    if (before->contains(keyword)) continue;
+    unset.insert(keyword);
+    Expected<std::string> own = Value(keyword);
+    if (!own) return own.failure();
+    if (!own->empty()) defaults_.AddPanels(keyword, *own);
+  }
+  const Notes of_queue = defaults_.UseQueue(defaults, check_);
+  notes.insert(notes.end(), of_queue.begin(), of_queue.end());
+  has_printer_ = true;
+  if (auto done = MakeFit(notes); !done) return done.failure();
+  if (auto done = FillIn(unset); !done) return done.failure();
+  return notes;
+}
+
+// What is stored when panels are made must not be what they take for a programming error.
+Expected<void> JobSession::TakePanels(Notes &notes) {
+  Expected<Notes> more = Repair(
+      settings_,
+      [this](const auto &key, const auto &value) { return check_.FittingPanels(key, value); },
+      [this](const std::string &key) { return check_.IsKeyOfText(key); });
+  if (!more) return more.failure();
+  notes.insert(notes.end(), more->begin(), more->end());
+  host_ = Retained<HostCallback *>::Adopt([[HostCallback alloc] initWithPrintSettings:settings()
                                                                               ppdFile:ppd_->get()]);
-      panels_ = extensions_.Panels(host_.get());
-      for (const auto &panel : panels_) panel->option_keywords();
-      DropFaultyPanels();
-      for (const std::string &keyword : Claimed()) {
-        if (before.contains(keyword)) continue;
-        unset.insert(keyword);
-        if (const std::string own = Value(keyword); !own.empty()) panel_defaults_[keyword] = own;
-      }
-    }
-    LearnPrinterSpecificKeywords();
-    TakeAwayBadValues(notes);
-    TakeAwayUnfitOptions(notes);
-    for (const std::string &keyword : Claimed()) {
-      if (Value(keyword).empty()) unset.insert(keyword);
-    }
-    SetDefaults(unset);
-    return notes;
-  }
+  panels_ = extensions_.Panels(host_.get());
+  for (const auto &panel : panels_) panel->option_keywords();
+  DropFaultyPanels();
+  return {};
 }
 
-Notes JobSession::UseSettings(PrintSettings settings) {
-  @autoreleasepool {
-    Notes notes;
-    Expected<Retained<NSDictionary *>> before = ValuesOf(settings_.get());
-    Expected<Retained<NSDictionary *>> values = ValuesOf(settings.get());
-    if (!before || !values) {
-      Remember(before ? values.message() : before.message());
-      notes.push_back(fault_->message);
-      return notes;
-    }
-    for (NSString *key in before->get()) {
-      if ([values->get() objectForKey:key] == nil) Replace(key, nil, notes);
-    }
-    for (NSString *key in values->get()) Replace(key, [values->get() objectForKey:key], notes);
-    for (const std::string &name : TextsThatAreNoOptions(values->get())) {
-      notes.push_back(
-          Localized("%1 is not sent to the printer: no option can have this name or this value",
-                    {Quoted(name)}));
-    }
-    defaults_set_.clear();
-
-    if (!has_printer_) return notes;
-    TakeAwayBadValues(notes);
-    TakeAwayUnfitOptions(notes);
-    std::set<std::string> unset;
-    for (const std::string &keyword : Claimed()) {
-      if (Value(keyword).empty()) unset.insert(keyword);
-    }
-    SetDefaults(unset);
-    return notes;
-  }
+Expected<Notes> JobSession::Use(PMPrintSettings settings) {
+  if (settings_.get() == nullptr) settings_ = JobSettings();
+  Expected<Notes> notes = settings_.ReplaceBy(settings);
+  if (!notes) return notes;
+  filled_in_.clear();
+  if (!has_printer_) return notes;
+  if (auto done = MakeFit(*notes); !done) return done.failure();
+  if (auto done = FillIn({}); !done) return done.failure();
+  return notes;
 }
 
 std::set<std::string> JobSession::Claimed() const {
@@ -127,95 +108,49 @@ std::set<std::string> JobSession::Claimed() const {
   return keywords;
 }
 
-void JobSession::LearnPrinterSpecificKeywords() {
+void JobSession::LearnWhatFits() {
   printer_specific_.merge(Claimed());
-  if (!ppd_) return;
-  for (const std::string &keyword : ppd_->OptionKeywords()) printer_specific_.insert(keyword);
-}
-
-void JobSession::TakeAway(const std::string &keyword, const std::string &why, Notes &notes) {
-  const std::string value = Value(keyword);
-  Put(keyword, "");
-  const std::string what = value.empty() ? keyword : keyword + ' ' + Quoted(value);
-  notes.push_back(Localized("%1 does not fit: %2", {what, why}));
-}
-
-void JobSession::TakeAwayBadValues(Notes &notes) {
-  std::set<std::string> texts = Claimed();
-  for (const Setting &setting : extensions_.Settings()) texts.insert(setting.key);
   if (ppd_) {
-    for (const std::string &keyword : ppd_->OptionKeywords()) texts.insert(keyword);
+    for (const std::string &keyword : ppd_->OptionKeywords()) printer_specific_.insert(keyword);
   }
-  for (const std::string &keyword : texts) {
-    const Retained<id> value = Stored(keyword);
-    if (value.get() == nil || [value.get() isKindOfClass:[NSString class]]) continue;
-    if ([value.get() isKindOfClass:[NSNumber class]]) {
-      Put(keyword, Value(keyword));
-    } else {
-      TakeAway(keyword, Localized("its value is no text"), notes);
-    }
-  }
-  for (const Setting &setting : SettingsWithBadValues(extensions_.Settings(), OwnOptions())) {
-    TakeAway(setting.key, setting.Demand(), notes);
-  }
+  check_ = ValueCheck(ppd(), extensions_.Settings(), Claimed(), printer_specific_);
 }
 
-void JobSession::TakeAwayUnfitOptions(Notes &notes) {
-  std::set<std::string> specific = printer_specific_;
-  for (const Setting &setting : extensions_.Settings()) specific.insert(setting.key);
-  JobOptions options = OwnOptions();
-  // What the printer's description does not list is for the panels to correct.
+Expected<void> JobSession::MakeFit(Notes &notes) {
+  Expected<Notes> more = Repair(
+      settings_, [this](const auto &key, const auto &value) { return check_.Fitting(key, value); },
+      [this](const std::string &key) { return check_.IsKeyOfText(key); });
+  if (!more) return more.failure();
+  notes.insert(notes.end(), more->begin(), more->end());
+  return {};
+}
+
+// Nobody asked for these: they were the printer's before.
+Expected<void> JobSession::WithdrawFilledIn() {
+  for (const auto &[keyword, value] : std::exchange(filled_in_, {})) {
+    Expected<std::string> now = Value(keyword);
+    if (!now) return now.failure();
+    if (*now != value) continue;
+    if (auto set = settings_.Set(keyword, ""); !set) return set.failure();
+  }
+  return {};
+}
+
+// What panels claim and has no value, and these keywords.
+Expected<void> JobSession::FillIn(const std::set<std::string> &also) {
   for (const std::string &keyword : Claimed()) {
-    if (!ppd_->HasOption(keyword)) options.erase(keyword);
+    Expected<std::string> value = Value(keyword);
+    if (!value) return value.failure();
+    if (!value->empty() && !also.contains(keyword)) continue;
+    const std::string of_printer = defaults_.Of(keyword, ppd(), check_);
+    if (!of_printer.empty()) {
+      if (auto set = settings_.Set(keyword, of_printer); !set) return set.failure();
+      value = Value(keyword);
+      if (!value) return value.failure();
+    }
+    if (!value->empty()) filled_in_[keyword] = *value;
   }
-  for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
-    TakeAway(unfit.keyword, unfit.reason, notes);
-  }
-}
-
-// Of a choice that the printer does not know it takes its own; a custom value is sent as it is.
-void JobSession::LeaveOutUnfitDefaults(Notes &notes) {
-  if (!ppd_) return;
-  std::erase_if(defaults_, [&](const auto &option) {
-    const auto &[keyword, value] = option;
-    const std::string taken_by = ppd_->TakesUnfitCustomValue(keyword, value);
-    if (taken_by.empty()) return false;
-    notes.push_back(
-        Localized("%1 does not fit: %2",
-                  {keyword + ' ' + Quoted(value),
-                   Localized("this printer has no %1", {taken_by + ' ' + Quoted(value)})}));
-    return true;
-  });
-}
-
-bool JobSession::IsAllowed(const std::string &keyword, const std::string &value) const {
-  if (const Setting *setting = SettingOfKey(extensions_.Settings(), keyword)) {
-    Expected<std::string> stored = setting->Check(value);
-    if (!stored || *stored != value) return false;
-  }
-  return !ppd_ || !ppd_->HasOption(keyword) || ppd_->Allows(keyword, value);
-}
-
-std::string JobSession::DefaultOf(const std::string &keyword) const {
-  std::vector<std::string> candidates;
-  if (const auto of_queue = defaults_.find(keyword); of_queue != defaults_.end()) {
-    candidates.push_back(of_queue->second);
-  }
-  if (ppd_) candidates.push_back(ppd_->DefaultChoice(keyword));
-  if (const auto own = panel_defaults_.find(keyword); own != panel_defaults_.end()) {
-    candidates.push_back(own->second);
-  }
-  for (const std::string &candidate : candidates) {
-    if (!candidate.empty() && IsAllowed(keyword, candidate)) return candidate;
-  }
-  return "";
-}
-
-void JobSession::SetDefaults(const std::set<std::string> &keywords) {
-  for (const std::string &keyword : keywords) {
-    if (const std::string value = DefaultOf(keyword); !value.empty()) Put(keyword, value);
-    if (const std::string value = Value(keyword); !value.empty()) defaults_set_[keyword] = value;
-  }
+  return {};
 }
 
 void JobSession::DropFaultyPanels() {
@@ -225,76 +160,32 @@ void JobSession::DropFaultyPanels() {
   std::erase_if(panels_, [](const auto &panel) { return panel->fault().has_value(); });
 }
 
-void JobSession::Remember(const std::string &failure) const {
-  if (!fault_) fault_ = Failure{failure};
-}
-
-Retained<id> JobSession::Stored(const std::string &keyword) const {
-  Expected<Retained<id>> value = ValueOf(settings(), Key(keyword));
-  if (value) return *value;
-  Remember(value.message());
-  return {};
-}
-
-std::string JobSession::Value(const std::string &keyword) const {
-  Expected<std::optional<std::string>> value = JobOptionFromSettings(settings(), keyword);
-  if (value) return value->value_or("");
-  Remember(value.message());
-  return "";
-}
-
-JobOptions JobSession::OwnOptions() const {
-  Expected<JobOptions> options = JobOptionsFromSettings(settings());
-  if (options) return std::move(*options);
-  Remember(options.message());
-  return {};
+Expected<std::string> JobSession::Value(const std::string &keyword) const {
+  return settings_.Value(keyword);
 }
 
 Expected<void> JobSession::Set(const std::string &keyword, const std::string &value) {
-  Expected<Change> change = SetValue(settings(), Key(keyword), ValueToStore(value));
+  Expected<Change> change = settings_.Set(keyword, value);
   if (!change) return change.failure();
   if (*change == Change::kMade) return {};
-  return IsLocked(Key(keyword));
+  return IsLocked([NSString stringWithUTF8String:keyword.c_str()]);
 }
 
-void JobSession::Put(const std::string &keyword, const std::string &value) {
-  Expected<Change> change = SetValue(settings(), Key(keyword), ValueToStore(value));
-  if (!change) Remember(change.message());
+Expected<JobOptions> JobSession::Options() const {
+  Expected<JobOptions> own = OwnOptions();
+  if (!own) return own;
+  return defaults_.Under(*own, filled_in_, ppd());
 }
 
-void JobSession::Replace(NSString *key, id value, Notes &notes) {
-  Expected<Change> change = SetValue(settings(), key, value);
-  if (!change) return Remember(change.message());
-  if (*change == Change::kMade) return;
-  Expected<Retained<id>> now = ValueOf(settings(), key);
-  if (!now) return Remember(now.message());
-  if (![now->get() isEqual:value]) notes.push_back(IsLocked(key).message);
-}
-
-// A default under one of the names would beat what is set under the other.
-JobOptions JobSession::Options() const {
-  JobOptions options = OwnOptions();
-  JobOptions defaults = defaults_;
-  for (const auto &[general, of_printer] : kTwoNames) {
-    if (options.contains(general)) {
-      defaults.erase(of_printer);
-      const auto filled_in = defaults_set_.find(of_printer);
-      if (filled_in != defaults_set_.end() && filled_in->second == Value(of_printer)) {
-        options.erase(of_printer);
-      }
-    }
-    if (options.contains(of_printer)) defaults.erase(general);
-  }
-  options.insert(defaults.begin(), defaults.end());
-  return options;
-}
-
-std::string JobSession::Choice(const std::string &keyword) const {
-  if (std::string value = Value(keyword); !value.empty()) return value;
-  const auto of_queue = defaults_.find(keyword);
-  if (of_queue != defaults_.end() && IsAllowed(keyword, of_queue->second)) return of_queue->second;
-  if (!ppd_ || !ppd_->HasOption(keyword)) return "";
-  const std::string choice = ppd_->ChoiceOf(keyword, Options());
+Expected<std::string> JobSession::Choice(const std::string &keyword) const {
+  Expected<std::string> value = Value(keyword);
+  if (!value || !value->empty()) return value;
+  const auto of_queue = defaults_.of_queue().find(keyword);
+  if (of_queue != defaults_.of_queue().end()) return of_queue->second;
+  if (!ppd_ || !ppd_->HasOption(keyword)) return std::string();
+  Expected<JobOptions> options = Options();
+  if (!options) return options.failure();
+  const std::string choice = ppd_->ChoiceOf(keyword, *options);
   return choice.empty() ? ppd_->DefaultChoice(keyword) : choice;
 }
 
@@ -319,22 +210,25 @@ Expected<void> JobSession::CheckPrintable() {
       return Failure{Localized("%1 does not allow this job to be printed", {panel->name()})};
     }
   }
-  const JobOptions options = OwnOptions();
-  if (fault_) return *fault_;
-  const auto reason = [](const std::string &keyword, const std::string &value,
-                         const std::string &why) {
-    return Failure{Localized("the job's %1 is %2: %3", {keyword, Quoted(value), why})};
-  };
-  for (const Setting &setting : SettingsWithBadValues(extensions_.Settings(), options)) {
-    return reason(setting.key, options.at(setting.key), setting.Demand());
-  }
-  // What a panel claims, it may know how to print without an option of the PPD file.
-  std::set<std::string> specific = printer_specific_;
-  for (const std::string &keyword : Claimed()) specific.erase(keyword);
-  for (const UnfitOption &unfit : UnfitOptions(options, ppd(), specific)) {
-    return reason(unfit.keyword, unfit.value, unfit.reason);
+  Expected<JobOptions> options = OwnOptions();
+  if (!options) return options.failure();
+  for (const auto &[key, value] : *options) {
+    Expected<std::string> fitting = check_.Fitting(key, value);
+    if (fitting) continue;
+    return Failure{Localized("the job's %1 is %2: %3", {key, Quoted(value), fitting.message()})};
   }
   return {};
+}
+
+Expected<JobRequest> JobSession::RequestFor(const std::string &queue,
+                                            const std::vector<std::filesystem::path> &files,
+                                            const std::string &title) const {
+  Expected<JobOptions> options = Options();
+  if (!options) return options.failure();
+  return JobRequest{.queue = queue,
+                    .title = title.empty() ? TitleOfJob(files) : title,
+                    .options = std::move(*options),
+                    .files = files};
 }
 
 std::vector<std::pair<std::string, SummaryLines>> JobSession::Summary() {

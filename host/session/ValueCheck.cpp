@@ -1,0 +1,112 @@
+#include "host/session/ValueCheck.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "host/base/Localized.h"
+#include "host/base/Text.h"
+#include "host/base/Utf8.h"
+#include "host/job/CommonOptions.h"
+#include "host/job/PageRanges.h"
+
+namespace {
+
+std::optional<int> WholeNumber(const std::string &text) {
+  int number = 0;
+  const char *const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data(), last, number);
+  if (error != std::errc() || end != last || std::to_string(number) != text) return std::nullopt;
+  return number;
+}
+
+// Whether every choice is a number, one more than the one before.
+bool AreConsecutiveNumbers(const std::vector<PPDChoice> &choices) {
+  std::optional<int> last;
+  return std::ranges::all_of(choices, [&](const PPDChoice &choice) {
+    const std::optional<int> number = WholeNumber(choice.keyword);
+    const bool follows = number && (!last || (*last < *number && *number - *last == 1));
+    last = number;
+    return follows;
+  });
+}
+
+std::string Listed(const std::vector<PPDChoice> &choices) {
+  constexpr size_t kShortList = 3;
+  constexpr size_t kLongestList = 12;
+  constexpr size_t kShownOfLonger = 8;
+  if (choices.size() > kShortList && AreConsecutiveNumbers(choices)) {
+    return Localized("%1 to %2", {choices.front().keyword, choices.back().keyword});
+  }
+  const size_t shown = choices.size() > kLongestList ? kShownOfLonger : choices.size();
+  std::string list;
+  for (size_t at = 0; at < shown; ++at) {
+    list += (at == 0 ? "" : ", ") + ToUtf8(choices[at].keyword);
+  }
+  if (shown == choices.size()) return list;
+  return Localized("%1 and %2 more", {list, std::to_string(choices.size() - shown)});
+}
+
+Failure HasOtherChoices(const PPDOption &option, const std::string &value) {
+  const std::string wanted = option.keyword + " " + Quoted(value);
+  if (option.choices.empty()) return Failure{Localized("this printer has no %1", {wanted})};
+  return Failure{Localized("this printer has no %1; it has %2", {wanted, Listed(option.choices)})};
+}
+
+Failure HasNo(const std::string &what) {
+  return Failure{Localized("this printer has no %1", {what})};
+}
+
+}  // namespace
+
+ValueCheck::ValueCheck(const PPDFile *ppd, std::vector<Setting> settings,
+                       std::set<std::string> claimed, std::set<std::string> printer_specific)
+    : ppd_(ppd),
+      settings_(std::move(settings)),
+      claimed_(std::move(claimed)),
+      printer_specific_(std::move(printer_specific)) {}
+
+const Setting *ValueCheck::SettingOf(const std::string &key) const {
+  const auto found = std::ranges::find(settings_, key, &Setting::key);
+  return found == settings_.end() ? nullptr : &*found;
+}
+
+bool ValueCheck::Knows(const std::string &key) const {
+  return IsKeyOfText(key) || IsCommonOption(key);
+}
+
+bool ValueCheck::IsKeyOfText(const std::string &key) const {
+  return SettingOf(key) != nullptr || claimed_.contains(key) ||
+         (ppd_ != nullptr && ppd_->HasOption(key));
+}
+
+Expected<std::string> ValueCheck::FittingPanels(const std::string &key,
+                                                const std::string &value) const {
+  const Setting *setting = SettingOf(key);
+  return setting == nullptr ? value : setting->Check(value);
+}
+
+Expected<std::string> ValueCheck::Fitting(const std::string &key, const std::string &value) const {
+  if (key == "copies") return ParseCopies(value);
+  Expected<std::string> fitting =
+      key == "page-ranges" ? ParsePageRanges(value) : FittingPanels(key, value);
+  if (!fitting) return fitting;
+  if (auto has = CheckPrinterHas(key, *fitting); !has) return has.failure();
+  if (fitting->empty()) return Failure{Localized("it must have a value")};
+  if (ToUtf8(*fitting) != *fitting) return Failure{Localized("it is not UTF-8")};
+  return fitting;
+}
+
+Expected<void> ValueCheck::CheckPrinterHas(const std::string &key, const std::string &value) const {
+  if (ppd_ != nullptr && ppd_->HasOption(key)) {
+    if (ppd_->Allows(key, value)) return {};
+    return HasOtherChoices(*ppd_->Option(key), value);
+  }
+  if (ppd_ != nullptr) {
+    const std::string meant = ppd_->TakesUnfitCustomValue(key, value);
+    if (!meant.empty()) return HasOtherChoices(*ppd_->Option(meant), value);
+  }
+  if (claimed_.contains(key)) return {};
+  if (SettingOf(key) != nullptr || printer_specific_.contains(key)) return HasNo(key);
+  return {};
+}
