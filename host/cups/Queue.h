@@ -3,11 +3,17 @@
 #ifndef HOST_CUPS_QUEUE_H
 #define HOST_CUPS_QUEUE_H
 
+#include <map>
 #include <string>
+#include <vector>
 
 #include "host/base/JobOptions.h"
 
 enum class QueueState { kIdle, kPrinting, kStopped };
+
+// What a queue says that its jobs may ask for: options by name, with the values that it lists, none
+// where it lists none.
+using OfferedOptions = std::map<std::string, std::vector<std::string>>;
 
 struct Queue {
   std::string name;  // an instance of a queue is NAME/INSTANCE
@@ -18,6 +24,7 @@ struct Queue {
   QueueState state = QueueState::kIdle;
   std::string state_message;  // the server's words
   bool accepts_jobs = true;
+  OfferedOptions offered;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue
 };
 

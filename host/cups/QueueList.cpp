@@ -13,7 +13,43 @@ namespace {
 
 using QueuesByName = std::map<std::string, Queue>;
 
+// Of these a queue lists the values that it takes, and silently takes its default for others.
+constexpr const char *kListed[] = {"multiple-document-handling", "output-bin", "print-color-mode",
+                                   "print-quality", "sides"};
+
+// "NAME" of "NAME-supported"; empty: it is none of those.
+std::string ListedOption(std::string_view attribute) {
+  const auto *found = std::ranges::find_if(kListed, [attribute](std::string_view name) {
+    return attribute.starts_with(name) && attribute.substr(name.size()) == "-supported";
+  });
+  return found == std::end(kListed) ? "" : *found;
+}
+
+// The values as a job may have them: keywords, and the numbers of those that have one.
+std::vector<std::string> ValuesOf(const std::string &option, ipp_attribute_t *attribute) {
+  std::vector<std::string> values;
+  for (int at = 0; at < ippGetCount(attribute); ++at) {
+    if (ippGetValueTag(attribute) == IPP_TAG_ENUM) {
+      const int number = ippGetInteger(attribute, at);
+      values.emplace_back(ippEnumString(option.c_str(), number));
+      values.push_back(std::to_string(number));
+    } else if (const char *keyword = ippGetString(attribute, at, nullptr)) {
+      values.emplace_back(keyword);
+    }
+  }
+  return values;
+}
+
+void TakeOffered(const std::string &attribute, ipp_attribute_t *value, OfferedOptions &offered) {
+  if (attribute == "job-creation-attributes-supported") {
+    for (const std::string &name : ValuesOf("", value)) offered.try_emplace(name);
+  } else if (const std::string option = ListedOption(attribute); !option.empty()) {
+    offered[option] = ValuesOf(option, value);
+  }
+}
+
 void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
+  TakeOffered(attribute, value, queue.offered);
   const auto text = [value] {
     const char *string = ippGetString(value, 0, nullptr);
     return string == nullptr ? "" : ToUtf8(Trimmed(string));
@@ -104,7 +140,10 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   IppMessage request = server.Request(IPP_OP_CUPS_GET_PRINTERS);
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
-          "printer-state", "printer-state-message", "printer-is-accepting-jobs"});
+          "printer-state", "printer-state-message", "printer-is-accepting-jobs",
+          "job-creation-attributes-supported", "multiple-document-handling-supported",
+          "output-bin-supported", "print-color-mode-supported", "print-quality-supported",
+          "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));

@@ -204,7 +204,7 @@ void PrintDialog::ShowNoAnswer(const std::string &reason) {
 void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   [view_.get() setPanelView:nil];
   queue_ = queue;
-  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults);
+  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered);
   Notes notes = used ? *used : Notes();
   if (used && job_.settings) {
     used = session_.UseSettings(std::move(job_.settings));

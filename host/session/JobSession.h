@@ -33,9 +33,10 @@ class JobSession {
   // Changes the printer: also loads the bundles that the PPD file names, and asks all bundles for
   // panels anew, which restore themselves when they are shown. Settings that do not fit are taken
   // away, each with a note, and so are defaults of the queue. The panels of the printer before must
-  // be out of the window. No PPD file: the queue has none, and no panels. The failure: there is no
-  // printer, and all settings are lost.
-  Expected<Notes> UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults);
+  // be out of the window. Offered is what the queue says that jobs may ask for. No PPD file: the
+  // queue has none, and no panels. The failure: there is no printer, and all settings are lost.
+  Expected<Notes> UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
+                             OfferedOptions offered = {});
 
   // Replaces all settings, by those of a ticket or preset; those that a panel has locked stay, each
   // with a note. What does not fit the printer, if there is one yet, is taken away, each with a
@@ -86,7 +87,8 @@ class JobSession {
   std::vector<std::pair<std::string, SummaryLines>> Summary();
 
  private:
-  Expected<Notes> Take(std::optional<PPDFile> ppd, const JobOptions &defaults);
+  Expected<Notes> Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
+                       OfferedOptions offered);
   Expected<void> TakePanels(Notes &notes);
   Expected<Notes> Use(PMPrintSettings settings);
   void DropPrinter();
@@ -105,6 +107,7 @@ class JobSession {
   JobDefaults defaults_;
   Retained<HostCallback *> host_;
   ExtensionPanels panels_;
+  OfferedOptions offered_;
   ValueCheck check_;
   bool has_printer_ = false;
   std::set<std::string> printer_specific_;  // of all printers so far

@@ -27,9 +27,10 @@ void JobSession::LoseSettings() {
   filled_in_.clear();
 }
 
-Expected<Notes> JobSession::UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults) {
+Expected<Notes> JobSession::UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
+                                       OfferedOptions offered) {
   @autoreleasepool {
-    Expected<Notes> notes = Take(std::move(ppd), defaults);
+    Expected<Notes> notes = Take(std::move(ppd), defaults, std::move(offered));
     if (!notes) LoseSettings();
     return notes;
   }
@@ -43,11 +44,13 @@ Expected<Notes> JobSession::UseSettings(PrintSettings settings) {
   }
 }
 
-Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &defaults) {
+Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
+                                 OfferedOptions offered) {
   if (settings_.get() == nullptr) settings_ = JobSettings();
   if (auto done = WithdrawFilledIn(); !done) return done.failure();
   DropPrinter();
   ppd_ = std::move(ppd);
+  offered_ = std::move(offered);
   if (ppd_) extensions_.LoadNamedBy(*ppd_);
   LearnWhatFits();
   Expected<StoredValues> before = settings_.Values();
@@ -113,7 +116,7 @@ void JobSession::LearnWhatFits() {
   if (ppd_) {
     for (const std::string &keyword : ppd_->OptionKeywords()) printer_specific_.insert(keyword);
   }
-  check_ = ValueCheck(ppd(), extensions_.Settings(), Claimed(), printer_specific_);
+  check_ = ValueCheck(ppd(), extensions_.Settings(), Claimed(), printer_specific_, offered_);
 }
 
 Expected<void> JobSession::MakeFit(Notes &notes) {

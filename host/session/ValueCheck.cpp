@@ -60,11 +60,13 @@ Failure HasNo(const std::string &what) {
 }  // namespace
 
 ValueCheck::ValueCheck(const PPDFile *ppd, std::vector<Setting> settings,
-                       std::set<std::string> claimed, std::set<std::string> printer_specific)
+                       std::set<std::string> claimed, std::set<std::string> printer_specific,
+                       OfferedOptions offered)
     : ppd_(ppd),
       settings_(std::move(settings)),
       claimed_(std::move(claimed)),
-      printer_specific_(std::move(printer_specific)) {}
+      printer_specific_(std::move(printer_specific)),
+      offered_(std::move(offered)) {}
 
 const Setting *ValueCheck::SettingOf(const std::string &key) const {
   const auto found = std::ranges::find(settings_, key, &Setting::key);
@@ -72,7 +74,7 @@ const Setting *ValueCheck::SettingOf(const std::string &key) const {
 }
 
 bool ValueCheck::Knows(const std::string &key) const {
-  return IsKeyOfText(key) || IsCommonOption(key);
+  return IsKeyOfText(key) || offered_.contains(key) || IsCommonOption(key);
 }
 
 bool ValueCheck::IsKeyOfText(const std::string &key) const {
@@ -97,6 +99,15 @@ Expected<std::string> ValueCheck::Fitting(const std::string &key, const std::str
   return fitting;
 }
 
+Expected<void> ValueCheck::CheckQueueLists(const std::string &key, const std::string &value) const {
+  const auto offered = offered_.find(key);
+  if (offered == offered_.end() || offered->second.empty()) return {};
+  if (std::ranges::find(offered->second, value) != offered->second.end()) return {};
+  PPDOption option{.keyword = key};
+  for (const std::string &listed : offered->second) option.choices.push_back({listed, listed});
+  return HasOtherChoices(option, value);
+}
+
 Expected<void> ValueCheck::CheckPrinterHas(const std::string &key, const std::string &value) const {
   if (ppd_ != nullptr && ppd_->HasOption(key)) {
     if (ppd_->Allows(key, value)) return {};
@@ -107,6 +118,7 @@ Expected<void> ValueCheck::CheckPrinterHas(const std::string &key, const std::st
     if (!meant.empty()) return HasOtherChoices(*ppd_->Option(meant), value);
   }
   if (claimed_.contains(key)) return {};
+  if (auto listed = CheckQueueLists(key, value); !listed) return listed;
   if (SettingOf(key) != nullptr || printer_specific_.contains(key)) return HasNo(key);
   return {};
 }

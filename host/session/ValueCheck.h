@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/cups/Queue.h"
 #include "host/extension/Setting.h"
 #include "host/ppd/PPDFile.h"
 
@@ -16,9 +17,10 @@ class ValueCheck {
  public:
   // Null: a printer without PPD file. Settings are what bundles let be changed without their
   // panels; claimed keywords are those that panels show for this printer; printer-specific ones are
-  // known of other printers. The PPD file must outlive the object.
+  // known of other printers. Offered is what the queue says that jobs may ask for. The PPD file
+  // must outlive the object.
   ValueCheck(const PPDFile *ppd, std::vector<Setting> settings, std::set<std::string> claimed = {},
-             std::set<std::string> printer_specific = {});
+             std::set<std::string> printer_specific = {}, OfferedOptions offered = {});
 
   // The value as a job has it under the key: "007" becomes "7" where that is a number, page ranges
   // are put in order. The failure is a clause: that the setting, the printer or every job takes
@@ -31,7 +33,8 @@ class ValueCheck {
   Expected<std::string> FittingPanels(const std::string &key, const std::string &value) const;
 
   // Whether a job can do something with the key: a setting of a bundle, an option of the printer,
-  // or one of every printer. A job may bring others along; asking for one is a mistake.
+  // one that the queue offers, or one of every printer. A job may bring others along; asking for
+  // one is a mistake.
   bool Knows(const std::string &key) const;
 
   const std::vector<Setting> &settings() const { return settings_; }
@@ -43,11 +46,13 @@ class ValueCheck {
 
  private:
   Expected<void> CheckPrinterHas(const std::string &key, const std::string &value) const;
+  Expected<void> CheckQueueLists(const std::string &key, const std::string &value) const;
 
   const PPDFile *ppd_;
   std::vector<Setting> settings_;
   std::set<std::string> claimed_;
   std::set<std::string> printer_specific_;
+  OfferedOptions offered_;
 };
 
 #endif

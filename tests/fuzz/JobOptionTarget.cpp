@@ -38,12 +38,14 @@ std::string Change(const std::string &text) {
       {.name = "Valid", .key = "VQBackgroundNumbering", .choices = {"On", "Off"}},
       {.name = "StartNumber", .key = "VQStartNumber", .min = 1, .max = 999},
       {.name = "Margin", .key = "Margin", .min = -5, .max = 5}};
-  Expected<std::vector<SettingChange>> changes = ParseSettingChanges({text}, settings, &*ppd);
+  static const ValueCheck check(&*ppd, settings, /*claimed=*/{"Margin"});
+  Expected<std::vector<SettingChange>> changes = ParseSettingChanges({text}, check);
   if (!changes) return changes.message().empty() ? "refused without a reason" : "";
   const SettingChange &change = changes->front();
   if (change.value.empty()) return "a change to nothing is accepted";
   if (!IsUtf8(change.value)) return "a value is accepted that is no UTF-8";
-  if (!SettingsWithBadValues(settings, {{change.key, change.value}}).empty()) {
+  Expected<std::string> again = check.Fitting(change.key, change.value);
+  if (!again || *again != change.value) {
     return "a value is accepted that may not be stored: " + change.value;
   }
   return "";

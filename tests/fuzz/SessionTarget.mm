@@ -1,4 +1,3 @@
-#include "host/job/OptionFit.h"
 #include "host/ppd/PPDSource.h"
 #include "host/session/JobSession.h"
 #include "tests/fuzz/InstalledBundle.h"
@@ -64,19 +63,19 @@ PrintSettings SettingsWith(NSDictionary *values) {
 
 // The panel must never come to see what it takes for a programming error, and nothing may be left
 // that the printer would silently make something else of.
-std::string Judge(JobSession &session, const Extensions &extensions) {
+std::string Judge(JobSession &session) {
   (void)session.CheckPrintable();
   session.Summary();
   for (const auto &panel : session.panels()) {
     if (panel->fault()) return "the panel has a fault: " + *panel->fault();
   }
   if (session.panels().size() != 1) return "there is no panel: " + session.ReasonForNoPanel();
-  const JobOptions options = session.OwnOptions();
-  for (const UnfitOption &unfit : UnfitOptions(options, session.ppd(), {})) {
-    return unfit.keyword + " is left with a value that does not fit: " + unfit.reason;
-  }
-  for (const Setting &bad : SettingsWithBadValues(extensions.Settings(), options)) {
-    return bad.key + " is left with a value that is not allowed: " + options.at(bad.key);
+  Expected<JobOptions> options = session.OwnOptions();
+  if (!options) return options.message();
+  for (const auto &[key, value] : *options) {
+    const Expected<std::string> fitting = session.check().Fitting(key, value);
+    if (!fitting) return key + " is left with a value that does not fit: " + fitting.message();
+    if (*fitting != value) return key + " is left with a value in another form: " + value;
   }
   return "";
 }
@@ -86,15 +85,15 @@ std::string Run(NSDictionary *values) {
   static const std::string monochrome = TestPPD::Text(std::string(kMonoDevice) + kLines);
   static Extensions extensions = LoadBundle();
   JobSession session(extensions);
-  session.UseSettings(SettingsWith(values));
-  session.UsePrinter(std::move(*ParsePPD(color)), {});
-  std::string finding = Judge(session, extensions);
+  if (!session.UseSettings(SettingsWith(values))) return "settings are not taken";
+  if (!session.UsePrinter(std::move(*ParsePPD(color)), {})) return "the printer is not taken";
+  std::string finding = Judge(session);
   if (!finding.empty()) return "color printer: " + finding;
-  session.UsePrinter(std::move(*ParsePPD(monochrome)), {});
-  finding = Judge(session, extensions);
+  if (!session.UsePrinter(std::move(*ParsePPD(monochrome)), {})) return "no second printer";
+  finding = Judge(session);
   if (!finding.empty()) return "monochrome printer: " + finding;
-  session.UseSettings(SettingsWith(values));
-  finding = Judge(session, extensions);
+  if (!session.UseSettings(SettingsWith(values))) return "settings are not taken again";
+  finding = Judge(session);
   return finding.empty() ? "" : "monochrome printer first: " + finding;
 }
 

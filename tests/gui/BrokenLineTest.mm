@@ -5,6 +5,7 @@
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
 #include "tests/support/CuttingRelay.h"
+#include "tests/support/ExpectedValue.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/Slowdown.h"
 

@@ -4,6 +4,7 @@
 
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"

@@ -3,6 +3,7 @@
 #include "host/job/SettingOptions.h"
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
+#include "tests/support/ExpectedValue.h"
 #import "tests/support/ObjCTest.h"
 
 namespace {

@@ -4,6 +4,7 @@
 
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
+#include "tests/support/ExpectedValue.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/SilentServer.h"
 
@@ -269,7 +270,7 @@ OBJC_TEST(PrintDialog, TheProposalEndsTheConflict) {
   screen.ShowPanel(@"Printer Options");
   const AnswerToQuestion answer({"Return"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
-  HandleEventsUntil([&screen] { return screen.session().Value("MediaType") == "Plain"; });
+  HandleEventsUntil([&screen] { return "Plain" == screen.session().Value("MediaType"); });
   EXPECT_EQ("DuplexNoTumble", screen.session().Value("Duplex"));
   EXPECT_EQUAL_OBJECTS(@"Plain Paper", [screen.OptionPopUp(@"Paper Type") titleOfSelectedItem]);
 }

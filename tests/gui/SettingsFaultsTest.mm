@@ -4,6 +4,7 @@
 
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/Interposed.h"
 #import "tests/support/ObjCTest.h"
 
@@ -83,12 +84,11 @@ OBJC_TEST(DialogSettingsFaults, AJobIsSentAsShownOrNotAtAllWhicheverCallFails) {
 OBJC_TEST(DialogSettingsFaults, NoPresetIsSavedOfSettingsThatCouldNotBeRead) {
   DialogOnScreen screen;
   screen.AwaitReady();
-  interposed::FailCall(1, kPMInvalidParameter);
-  screen.session().Options();
-  interposed::FailCall(0, 0);
   // A question for a name, which must not come, is answered.
   const AnswerToQuestion answer({"Escape"});
+  interposed::FailCall(1, kPMInvalidParameter);
   screen.Choose([screen.view() presets], @"Save Settings as Preset…");
+  interposed::FailCall(0, 0);
   const std::string texts = screen.Texts();
   EXPECT_THAT(texts,
               HasSubstr("Cannot read the settings of the job: error -50 of the print system"));

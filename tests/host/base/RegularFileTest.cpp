@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;

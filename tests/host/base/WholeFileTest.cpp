@@ -13,7 +13,7 @@
 #include <random>
 #include <set>
 
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;

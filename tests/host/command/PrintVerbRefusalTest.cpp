@@ -61,7 +61,7 @@ TEST_F(PrintVerb, CopiesThatAreNoneAreWrongUsage) {
 }
 
 TEST_F(PrintVerb, AValueOfTheTicketThatIsNotAllowedIsRefused) {
-  for (const char *number : {"0", "1000", "025"}) {
+  for (const char *number : {"0", "1000"}) {
     EXPECT_EQ(RefusalOn("Office", 1, {"--ticket", Ticket({{"VQStartNumber", number}})}),
               "pdeprint: the job's VQStartNumber is \"" + std::string(number) +
                   "\": it must be a whole number from 1 to 999; mend it with --set "
@@ -111,7 +111,7 @@ TEST_F(PrintVerb, AnUnknownPresetIsRefusedWithTheKnownOnes) {
 TEST_F(PrintVerb, APresetWithAValueThatIsNoStringIsRefusedByItsName) {
   WritePreset("Draft",
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
-              "<key>VQBNSize</key><true/></dict></plist>\n");
+              "<key>VQBNSize</key><dict/></dict></plist>\n");
   EXPECT_EQ(RefusalOn("Office", 1, {"--preset", "Draft"}),
             "pdeprint: cannot use \"Draft\": the value of VQBNSize is not a string\n");
 }

@@ -20,7 +20,8 @@ class SettingChanges : public testing::Test {
       : ppd_(PPDFile::Open(folder_.Write("test.ppd", NumberingPPDText(/*color=*/true)))) {}
 
   Expected<std::vector<SettingChange>> Parse(const std::vector<std::string> &texts) {
-    return ParseSettingChanges(texts, kSettings, &*ppd_);
+    return ParseSettingChanges(
+        texts, ValueCheck(&*ppd_, kSettings, /*claimed=*/{"TestSize", "TestNumber"}));
   }
   std::string Refusal(const std::string &text) {
     Expected<std::vector<SettingChange>> changes = Parse({text});
@@ -86,6 +87,6 @@ TEST_F(SettingChanges, TextWithoutNameOrValueIsRefused) {
 }
 
 TEST_F(SettingChanges, AQueueWithoutPrinterDescriptionHasTheOptionsOfEveryJob) {
-  EXPECT_TRUE(ParseSettingChanges({"copies=2"}, {}, nullptr));
-  EXPECT_FALSE(ParseSettingChanges({"Duplex=None"}, {}, nullptr));
+  EXPECT_TRUE(ParseSettingChanges({"copies=2"}, ValueCheck(nullptr, {})));
+  EXPECT_FALSE(ParseSettingChanges({"Duplex=None"}, ValueCheck(nullptr, {})));
 }

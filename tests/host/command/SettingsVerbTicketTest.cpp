@@ -31,9 +31,6 @@ TEST(SettingsVerb, RefusesAJobWhoseStoredValueIsNotAllowed) {
            std::tuple("VQBNSize", "Huge",
                       "VQBNSize is \"Huge\": it must be one of Small, Medium, Large; mend it with "
                       "--set Size=VALUE\n"),
-           std::tuple("VQStartNumber", "025",
-                      "VQStartNumber is \"025\": it must be a whole number from 1 to 999; mend it "
-                      "with --set StartNumber=VALUE\n"),
            std::tuple("VQStartNumber", "1000",
                       "VQStartNumber is \"1000\": it must be a whole number from 1 to 999; mend it "
                       "with --set StartNumber=VALUE\n"),
@@ -59,7 +56,7 @@ TEST(SettingsVerb, MendsAStoredValueThatIsNotAllowed) {
 
 TEST(SettingsVerb, RefusesATicketWhoseKnownValueIsNoString) {
   TemporaryFolder folder;
-  for (const char *value : {"<integer>5</integer>", "<dict/>", "<array/>", "<true/>"}) {
+  for (const char *value : {"<dict/>", "<array/>", "<date>2026-01-01T00:00:00Z</date>"}) {
     const fs::path ticket =
         folder.Write("ticket.plist", Ticket(std::string("<key>VQStartNumber</key>") + value));
     const std::string before = ContentOf(ticket);
@@ -70,6 +67,16 @@ TEST(SettingsVerb, RefusesATicketWhoseKnownValueIsNoString) {
               result.err);
     EXPECT_EQ(before, ContentOf(ticket));
   }
+}
+
+TEST(SettingsVerb, TakesANumberForAText) {
+  TemporaryFolder folder;
+  const fs::path ticket =
+      folder.Write("ticket.plist", Ticket("<key>VQStartNumber</key><integer>5</integer>"));
+  const RunResult result = Settings(kColorPPD, {"--ticket", ticket.string()});
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_THAT(result.out, HasSubstr("  VQStartNumber=5\n"));
+  EXPECT_THAT(ContentOf(ticket), HasSubstr("<string>5</string>"));
 }
 
 TEST(SettingsVerb, RefusesATicketThatCannotBeRead) {

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "host/cups/PrintServer.h"
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/Patience.h"
 #include "tests/support/PrivateServer.h"
 #include "tests/support/SilentServer.h"

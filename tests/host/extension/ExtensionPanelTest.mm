@@ -3,7 +3,7 @@
 #include "host/extension/ExtensionBundle.h"
 #include "host/job/PrintSettings.h"
 #import "tests/host/extension/PlainPanel.h"
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
 #include "tests/support/TwoPanelsRun.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <vector>
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 
 using testing::EndsWith;
 using testing::HasSubstr;

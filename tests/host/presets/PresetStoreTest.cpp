@@ -7,7 +7,7 @@
 
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;

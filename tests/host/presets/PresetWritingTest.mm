@@ -15,8 +15,8 @@
 #include "host/presets/PresetStore.h"
 #include "host/presets/Ticket.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/LeakCheckingPause.h"
-#include "tests/support/MessageOf.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -4,8 +4,8 @@
 
 #include <sys/stat.h>
 
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/LeakCheckingPause.h"
-#include "tests/support/MessageOf.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TemporaryFolder.h"
 

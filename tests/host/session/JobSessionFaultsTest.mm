@@ -3,9 +3,11 @@
 
 #include <gmock/gmock.h>
 
+#include "host/job/SettingOptions.h"
+#include "host/presets/Ticket.h"
 #include "host/session/JobSession.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/Interposed.h"
-#include "tests/support/MessageOf.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TwoPanelsRun.h"
@@ -113,8 +115,13 @@ class Life {
     if (!preset) return Refuse(preset.message());
     session_ = std::make_unique<JobSession>(BuiltExtensions());
     JobSession &session = *session_;
-    Tell(session.UsePrinter(ColorPPD(), {{"VQBNDensity", "Dark"}, {"InputSlot", "Manual"}}));
-    Tell(session.UseSettings(std::move(*preset)));
+    Expected<Notes> notes =
+        session.UsePrinter(ColorPPD(), {{"VQBNDensity", "Dark"}, {"InputSlot", "Manual"}});
+    if (!notes) return Refuse(notes.message());
+    Tell(*notes);
+    notes = session.UseSettings(std::move(*preset));
+    if (!notes) return Refuse(notes.message());
+    Tell(*notes);
     outcome.of_panel.first = interposed::CallsCounted();
     for (const auto &panel : session.panels()) {
       panel->View();
@@ -127,8 +134,9 @@ class Life {
     if (auto done = session.ChangeOption("InputSlot", "Tray1"); !done)
       return Refuse(done.message());
     if (auto done = session.CheckPrintable(); !done) return Refuse(done.message());
-    outcome.printed = session.Options();
-    if (session.fault()) return Refuse(session.fault()->message);
+    Expected<JobOptions> options = session.Options();
+    if (!options) return Refuse(options.message());
+    outcome.printed = *options;
     const Expected<void> written = WriteTicket(ticket_, session.settings());
     wrote_ = static_cast<bool>(written);
     write_failure_ = MessageOf(written);
@@ -229,17 +237,28 @@ OBJC_TEST(JobSessionFaults, ALockedKeyStaysAsItIsAndChoicesForItAreToldOf) {
   }
 }
 
-OBJC_TEST(JobSessionFaults, AFaultStaysAndNothingIsPrintedFromThenOn) {
+const char kUnreadable[] = "cannot read the settings of the job: error -50 of the print system";
+
+OBJC_TEST(JobSessionFaults, SettingsThatCannotBeReadForOnceAreAFailureForOnce) {
   JobSession session(BuiltExtensions());
-  session.UsePrinter(ColorPPD(), {});
-  EXPECT_FALSE(session.fault());
+  ASSERT_TRUE(session.UsePrinter(ColorPPD(), {}));
   interposed::FailCall(1, kPMInvalidParameter);
-  session.Options();
+  EXPECT_EQ(kUnreadable, MessageOf(session.Options()));
+  EXPECT_TRUE(session.Options());
   interposed::FailCall(0, 0);
-  const std::string why = "cannot read the settings of the job: error -50 of the print system";
-  ASSERT_TRUE(session.fault());
-  EXPECT_EQ(why, session.fault()->message);
-  EXPECT_EQ(why, MessageOf(session.CheckPrintable()));
+}
+
+OBJC_TEST(JobSessionFaults, APrinterWhoseSettingsCannotBeMadeToFitIsNone) {
+  JobSession session(BuiltExtensions());
+  interposed::FailCall(1, kPMInvalidParameter);
+  EXPECT_FALSE(session.UsePrinter(ColorPPD(), {}));
+  interposed::FailCall(0, 0);
+  EXPECT_EQ(nullptr, session.ppd());
+  EXPECT_TRUE(session.panels().empty());
+  EXPECT_EQ(kUnreadable, MessageOf(session.CheckPrintable()));
+  EXPECT_EQ(kUnreadable, MessageOf(session.RequestFor("Office", {})));
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {})) << "another time";
+  EXPECT_TRUE(session.CheckPrintable());
 }
 
 OBJC_TEST(JobSessionFaults, ASessionForWhichNoSettingsCanBeMadePrintsNothing) {
@@ -247,28 +266,24 @@ OBJC_TEST(JobSessionFaults, ASessionForWhichNoSettingsCanBeMadePrintsNothing) {
   JobSession session(BuiltExtensions());
   ASSERT_EQ("create", interposed::FailedCall());
   interposed::FailCall(0, 0);
-  session.UsePrinter(ColorPPD(), {});
-  EXPECT_TRUE(session.fault());
   EXPECT_FALSE(session.CheckPrintable());
+  EXPECT_FALSE(session.Options());
 }
 
-OBJC_TEST(JobSessionFaults, SettingsThatAreNoneReplaceNothing) {
+OBJC_TEST(JobSessionFaults, SettingsThatAreNoneAreAFailureAndNothingIsPrintedOfThoseBefore) {
   JobSession session(BuiltExtensions());
-  session.UseSettings(SettingsWith({{"copies", "2"}}));
-  const Notes notes = session.UseSettings(PrintSettings());
-  EXPECT_EQ(Notes{"cannot read the settings of the job: error -50 of the print system"}, notes);
-  EXPECT_EQ("2", session.Value("copies"));
-  EXPECT_TRUE(session.fault());
+  EXPECT_TRUE(session.UseSettings(SettingsWith({{"copies", "2"}})));
+  EXPECT_EQ(kUnreadable, MessageOf(session.UseSettings(PrintSettings())));
+  EXPECT_EQ(kUnreadable, MessageOf(session.Value("copies")));
 }
 
 OBJC_TEST(JobSessionFaults, ATicketThatDoesNotFitALockedSettingIsToldOf) {
   JobSession session(BuiltExtensions());
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   SetLocked(session, @"Duplex", @"DuplexTumble");
   SetLocked(session, @"InputSlot", @"Manual");
-  const Notes notes =
-      session.UseSettings(SettingsWith({{"Duplex", "None"}, {"InputSlot", "Manual"}}));
-  EXPECT_EQ(Notes{"cannot change Duplex of the job: an extension has locked it"}, notes);
+  EXPECT_EQ(Notes{"cannot change Duplex of the job: an extension has locked it"},
+            session.UseSettings(SettingsWith({{"Duplex", "None"}, {"InputSlot", "Manual"}})));
   EXPECT_EQ("DuplexTumble", session.Value("Duplex"));
   EXPECT_TRUE(session.CheckPrintable());
 }
@@ -278,7 +293,7 @@ OBJC_TEST(JobSessionFaults, ALockedSettingCannotBeSetAndThePanelsAreNotTold) {
   Expected<Extensions> extensions = Extensions::Load(TWO_PANELS);
   ASSERT_TRUE(extensions);
   JobSession session(*extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   SetLocked(session, @"InputSlot", @"Manual");
   run.Calls();
   const std::string why = "cannot change InputSlot of the job: an extension has locked it";
@@ -287,18 +302,17 @@ OBJC_TEST(JobSessionFaults, ALockedSettingCannotBeSetAndThePanelsAreNotTold) {
   EXPECT_EQ(why, MessageOf(session.ChangeOption("InputSlot", "Tray1")));
   EXPECT_EQ(std::vector<std::string>(), run.Calls());
   EXPECT_EQ("Manual", session.Value("InputSlot"));
-  EXPECT_FALSE(session.fault());
 }
 
 OBJC_TEST(JobSessionFaults, WhatIsLockedAndDoesNotFitThePrinterIsNotPrinted) {
   JobSession session(BuiltExtensions());
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   SetLocked(session, @"VQBNColor", @"Red");
   EXPECT_TRUE(session.CheckPrintable());
   TemporaryFolder folder;
   Expected<PPDFile> mono = PPDFile::Open(folder.Write("mono.ppd", NumberingPPDText(false)));
   ASSERT_TRUE(mono);
-  session.UsePrinter(std::move(*mono), {});
+  EXPECT_TRUE(session.UsePrinter(std::move(*mono), {}));
   // The panel would have it Black.
-  EXPECT_FALSE(session.CheckPrintable()) << session.Value("VQBNColor");
+  EXPECT_FALSE(session.CheckPrintable());
 }

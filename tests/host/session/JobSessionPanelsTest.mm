@@ -65,7 +65,7 @@ OBJC_TEST(JobSession, AsksAllBundlesForPanels) {
 OBJC_TEST(JobSession, HasNoPanelsForAQueueWithoutAPPD) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(std::nullopt, {});
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, {}));
   EXPECT_EQ(Names(), PanelNames(session));
   EXPECT_EQ("the queue has no PPD file, in which a printer declares what extensions need",
             session.ReasonForNoPanel());
@@ -75,9 +75,9 @@ OBJC_TEST(JobSession, HasNoPanelsForAQueueWithoutAPPD) {
 OBJC_TEST(JobSession, LoadsWhatThePPDNames) {
   Bundles bundles("", TWO_PANELS);
   JobSession session(bundles.extensions);
-  session.UsePrinter(
+  EXPECT_TRUE(session.UsePrinter(
       PPDWithText(NumberingPPDText(true, "*APDialogExtension: \"" + std::string(kBuilt) + "\"\n")),
-      {});
+      {}));
   EXPECT_EQ((Names{"First", "Second", "Background Numbering"}), PanelNames(session));
 }
 
@@ -87,7 +87,7 @@ OBJC_TEST(JobSession, TakesAwayBadValuesBeforePanelsAreMade) {
   Bundles bundles("", folder.path());
   JobSession session(bundles.extensions);
   NSDictionary *values = @{@"Duplex" : @[ @5 ], @"MediaType" : @{}, @"VQStartNumber" : @25};
-  session.UseSettings(SettingsWith(values));
+  EXPECT_TRUE(session.UseSettings(SettingsWith(values)));
   EXPECT_EQ((Notes{"Duplex does not fit: its value is no text",
                    "MediaType does not fit: its value is no text"}),
             session.UsePrinter(ColorPPD(), {}));
@@ -97,7 +97,7 @@ OBJC_TEST(JobSession, TakesAwayBadValuesBeforePanelsAreMade) {
 OBJC_TEST(JobSession, SummarizesEveryPanelUnderItsName) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ((std::vector<std::pair<std::string, SummaryLines>>{
                 {"Background Numbering", {{"Print background numbers", "Off"}}},
                 {"First", {{"Two-Sided", "None"}}},
@@ -110,7 +110,7 @@ OBJC_TEST(JobSession, SummarizesEveryPanelUnderItsName) {
 OBJC_TEST(JobSession, DropsPanelsThatShowAFault) {
   Bundles bundles("First.shouldPrint=raise");
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ("", ReasonOf(session));
   EXPECT_EQ((Names{"Background Numbering", "First", "Second"}), PanelNames(session));
   bundles.run.Calls();
@@ -127,7 +127,7 @@ OBJC_TEST(JobSession, DropsPanelsThatShowAFault) {
 OBJC_TEST(JobSession, DropsPanelsThatDoNotSayWhatTheyShow) {
   Bundles bundles("Second.optionKeys=raise");
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ((Names{"Background Numbering", "First"}), PanelNames(session));
   EXPECT_EQ(1u, bundles.extensions.left_out().size());
 }
@@ -156,7 +156,7 @@ OBJC_TEST(JobSession, GoesOnWithoutPanelsThatMisbehave) {
                             "First.help=raise"}) {
     Bundles bundles(fault);
     JobSession session(bundles.extensions);
-    session.UsePrinter(ColorPPD(), {});
+    EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
     for (const auto &panel : session.panels()) {
       panel->View();
       (void)panel->Restore();
@@ -175,20 +175,20 @@ OBJC_TEST(JobSession, GoesOnWithoutPanelsThatMisbehave) {
     EXPECT_EQ(0, std::count(names.begin(), names.end(), "First")) << fault;
     EXPECT_EQ(fault == std::string("panels=nil") ? 0u : 1u, bundles.extensions.left_out().size())
         << fault;
-    EXPECT_EQ("25", session.Options()["VQStartNumber"]) << fault;
+    EXPECT_EQ("25", session.Options()->at("VQStartNumber")) << fault;
   }
 }
 
 OBJC_TEST(JobSession, FreesThePanelsOfThePrinterBefore) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   for (const auto &panel : session.panels()) {
     panel->View();
     (void)panel->Restore();
   }
   bundles.run.Calls();
-  session.UsePrinter(std::nullopt, {});
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, {}));
   EXPECT_EQ((Names{"First dealloc", "Second dealloc"}), bundles.run.Calls());
 }
 
@@ -198,10 +198,10 @@ OBJC_TEST(JobSession, LeavesNoClosedPPDFileToWhoeverKeepsTheHost) {
   Bundles bundles("", folder.path());
   {
     JobSession session(bundles.extensions);
-    session.UsePrinter(ColorPPD(), {});
+    EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
     Retained<HostCallback *> first = Retained<HostCallback *>::Share([HostTestKeepsHost lastHost]);
     EXPECT_EQ(session.ppd()->get(), [first.get() ppdFile]);
-    session.UsePrinter(MonoPPD(), {});
+    EXPECT_TRUE(session.UsePrinter(MonoPPD(), {}));
     EXPECT_EQ(nullptr, [first.get() ppdFile]);
     EXPECT_EQ(session.settings(), [first.get() printSettings]);
     EXPECT_EQ(session.ppd()->get(), [[HostTestKeepsHost lastHost] ppdFile]);

@@ -6,7 +6,7 @@
 OBJC_TEST(JobSession, SetsWhatPanelsShowToWhatTheQueueWouldPrint) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"Duplex", "DuplexTumble"}});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"Duplex", "DuplexTumble"}}));
   EXPECT_EQ(With(kDefaults, {{"VQBNSize", "Large"}, {"Duplex", "DuplexTumble"}}),
             SettingsOf(session));
 }
@@ -14,16 +14,17 @@ OBJC_TEST(JobSession, SetsWhatPanelsShowToWhatTheQueueWouldPrint) {
 OBJC_TEST(JobSession, PassesOverDefaultsOfTheQueueThatAreNotAllowed) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {{"VQBNSize", "Huge"}, {"VQStartNumber", "0"}, {"Duplex", "Any"}});
+  EXPECT_TRUE(session.UsePrinter(
+      ColorPPD(), {{"VQBNSize", "Huge"}, {"VQStartNumber", "0"}, {"Duplex", "Any"}}));
   EXPECT_EQ(kDefaults, SettingsOf(session));
-  session.UsePrinter(PlainPPD(kSupported), {{"VQBNSize", "Huge"}});
+  EXPECT_TRUE(session.UsePrinter(PlainPPD(kSupported), {{"VQBNSize", "Huge"}}));
   EXPECT_EQ("Medium", session.Value("VQBNSize"));
 }
 
 OBJC_TEST(JobSession, LeavesPanelsTheirOwnDefaultsWhereThePrinterHasNoOption) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(PlainPPD(kSupported), {{"VQBNSize", "Large"}});
+  EXPECT_TRUE(session.UsePrinter(PlainPPD(kSupported), {{"VQBNSize", "Large"}}));
   const JobOptions expected = {{"VQBNColor", "Black"},
                                {"VQBNDensity", "Medium"},
                                {"VQBNSize", "Large"},
@@ -38,7 +39,8 @@ OBJC_TEST(JobSession, LeavesPanelsTheirOwnDefaultsWhereThePrinterHasNoOption) {
 OBJC_TEST(JobSession, KeepsWhatIsSetAlready) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UseSettings(SettingsWith(@{@"VQBNSize" : @"Small", @"Duplex" : @"DuplexNoTumble"}));
+  EXPECT_TRUE(
+      session.UseSettings(SettingsWith(@{@"VQBNSize" : @"Small", @"Duplex" : @"DuplexNoTumble"})));
   EXPECT_EQ(Notes(), session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}}));
   EXPECT_EQ(With(kDefaults, {{"VQBNSize", "Small"}, {"Duplex", "DuplexNoTumble"}}),
             SettingsOf(session));
@@ -47,7 +49,7 @@ OBJC_TEST(JobSession, KeepsWhatIsSetAlready) {
 OBJC_TEST(JobSession, TakesTheDefaultsOfTheNewPrinterForWhatNobodyChanged) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"VQBNDensity", "Dark"}});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"VQBNDensity", "Dark"}}));
   EXPECT_TRUE(session.Set("VQBNDensity", "Light"));
   EXPECT_EQ(Notes(), session.UsePrinter(ColorPPD(), {{"Duplex", "DuplexTumble"}}));
   EXPECT_EQ(With(kDefaults, {{"VQBNDensity", "Light"}, {"Duplex", "DuplexTumble"}}),
@@ -57,9 +59,9 @@ OBJC_TEST(JobSession, TakesTheDefaultsOfTheNewPrinterForWhatNobodyChanged) {
 OBJC_TEST(JobSession, KeepsWhatATicketSetsEvenIfItIsTheDefault) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
-  session.UseSettings(SettingsWith(@{@"VQBNSize" : @"Medium"}));
-  session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"VQBNDensity", "Dark"}});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
+  EXPECT_TRUE(session.UseSettings(SettingsWith(@{@"VQBNSize" : @"Medium"})));
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"VQBNSize", "Large"}, {"VQBNDensity", "Dark"}}));
   EXPECT_EQ("Medium", session.Value("VQBNSize"));
   EXPECT_EQ("Dark", session.Value("VQBNDensity"));
 }
@@ -67,7 +69,7 @@ OBJC_TEST(JobSession, KeepsWhatATicketSetsEvenIfItIsTheDefault) {
 OBJC_TEST(JobSession, TakesAwayWhatTheNewPrinterDoesNotHave) {
   Bundles bundles("panels=nil");
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
   EXPECT_TRUE(session.Set("MediaType", "Plain"));
   EXPECT_TRUE(session.Set("PageSize", "A3"));
@@ -85,7 +87,7 @@ OBJC_TEST(JobSession, TakesAwayWhatTheNewPrinterDoesNotHave) {
 OBJC_TEST(JobSession, TakesAwayAllPrinterOptionsForAQueueWithoutAPPD) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("MediaType", "Transparency"));
   EXPECT_TRUE(session.Set("copies", "2"));
   EXPECT_EQ(Notes{"MediaType \"Transparency\" does not fit: this printer has no MediaType"},
@@ -96,7 +98,7 @@ OBJC_TEST(JobSession, TakesAwayAllPrinterOptionsForAQueueWithoutAPPD) {
 OBJC_TEST(JobSession, TakesAwayWhatThePrinterDoesNotListForAPanelsOption) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("VQBNColor", "Red"));
   EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
   EXPECT_EQ(
@@ -109,7 +111,7 @@ OBJC_TEST(JobSession, TakesAwayWhatThePrinterDoesNotListForAPanelsOption) {
 OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("VQBNColor", "Red"));
   Expected<PPDFile> mono = PPDFile::Open(SOURCE_DIRECTORY "/tests/support/SampleMono.ppd");
   ASSERT_TRUE(mono) << mono.message();
@@ -123,34 +125,34 @@ OBJC_TEST(JobSession, LeavesToThePanelWhatThePrintersDescriptionDoesNotKnow) {
 OBJC_TEST(JobSession, ADefaultDoesNotBeatWhatIsSetUnderAnotherNameOfTheSame) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(),
-                     {{"Duplex", "None"}, {"PageSize", "Letter"}, {"sides", "one-sided"}});
+  EXPECT_TRUE(session.UsePrinter(
+      ColorPPD(), {{"Duplex", "None"}, {"PageSize", "Letter"}, {"sides", "one-sided"}}));
   EXPECT_TRUE(session.Set("sides", "two-sided-long-edge"));
   EXPECT_TRUE(session.Set("media", "A3"));
-  const JobOptions options = session.Options();
+  const JobOptions options = *session.Options();
   EXPECT_FALSE(options.contains("Duplex"));
   EXPECT_FALSE(options.contains("PageSize"));
   EXPECT_EQ("two-sided-long-edge", options.at("sides"));
   EXPECT_TRUE(session.Set("sides", ""));
   EXPECT_TRUE(session.Set("Duplex", "DuplexTumble"));
-  EXPECT_FALSE(session.Options().contains("sides"));
+  EXPECT_FALSE(session.Options()->contains("sides"));
 }
 
 OBJC_TEST(JobSession, TakesAwayValuesThatTheSettingInfoDoesNotAllow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ((Notes{"VQBNSize \"Huge\" does not fit: it must be one of Small, Medium, Large",
-                   "VQStartNumber \"025\" does not fit: it must be a whole number from 1 to 999"}),
+                   "VQStartNumber \"1000\" does not fit: it must be a whole number from 1 to 999"}),
             session.UseSettings(SettingsWith(
-                @{@"VQBNSize" : @"Huge", @"VQStartNumber" : @"025", @"VQBNDensity" : @"Dark"})));
+                @{@"VQBNSize" : @"Huge", @"VQStartNumber" : @"1000", @"VQBNDensity" : @"Dark"})));
   EXPECT_EQ(With(kDefaults, {{"VQBNDensity", "Dark"}}), SettingsOf(session));
 }
 
 OBJC_TEST(JobSession, TakesAwayWhatIsNoText) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   NSDictionary *values = @{
     @"VQBNSize" : @[ @"Large" ],
     @"Duplex" : @{@"any" : @1},
@@ -167,11 +169,23 @@ OBJC_TEST(JobSession, TakesAwayWhatIsNoText) {
   EXPECT_EQUAL_OBJECTS(@[ @5 ], (id)others);
 }
 
+OBJC_TEST(JobSession, GivesValuesTheFormInWhichTheyAreSent) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"copies", " 2"}, {"page-ranges", "5, 1-3"}}));
+  EXPECT_EQ((JobOptions{{"copies", "2"}, {"page-ranges", "1-3,5"}}),
+            Only({"copies", "page-ranges"}, *session.Options()));
+  EXPECT_EQ(Notes(), session.UseSettings(
+                         SettingsWith(@{@"VQStartNumber" : @"025", @"page-ranges" : @"4 , 2"})));
+  EXPECT_EQ("25", session.Value("VQStartNumber"));
+  EXPECT_EQ("2,4", session.Value("page-ranges"));
+}
+
 // Hand-written tickets have them.
 OBJC_TEST(JobSession, TakesNumbersForTexts) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ(Notes(), session.UseSettings(SettingsWith(@{@"VQStartNumber" : @25})));
   CFTypeRef stored = nullptr;
   PMPrintSettingsGetValue(session.settings(), (CFStringRef) @"VQStartNumber", &stored);
@@ -185,7 +199,7 @@ OBJC_TEST(JobSession, LeavesOutCustomDefaultsOfTheQueueThatDoNotFit) {
       "*CustomPageSize True: \"pop\"\n*ParamCustomPageSize Width: 1 points 100 900\n"
       "*ParamCustomPageSize Height: 2 points 200 1200\n";
   EXPECT_EQ((Notes{"PageSize \"Custom.1x1\" does not fit: this printer has no PageSize "
-                   "\"Custom.1x1\""}),
+                   "\"Custom.1x1\"; it has A4"}),
             session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.1x1"}, {"sides", "any"}}));
   EXPECT_EQ((JobOptions{{"sides", "any"}}), session.Options());
   EXPECT_EQ(Notes(), session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.300x400"}}));

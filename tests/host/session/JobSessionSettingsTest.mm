@@ -5,7 +5,7 @@
 OBJC_TEST(JobSession, ReplacesAllSettingsInTheSameObject) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("copies", "2"));
   EXPECT_TRUE(session.Set("VQBNSize", "Large"));
   const PMPrintSettings before = session.settings();
@@ -17,16 +17,16 @@ OBJC_TEST(JobSession, ReplacesAllSettingsInTheSameObject) {
 OBJC_TEST(JobSession, PanelsSeeNewSettingsWhenTheyAreRestored) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   for (const auto &panel : session.panels()) {
     panel->View();
     EXPECT_TRUE(panel->Restore());
   }
-  session.UseSettings(SettingsWith(@{
+  EXPECT_TRUE(session.UseSettings(SettingsWith(@{
     @"VQBackgroundNumbering" : @"On",
     @"VQStartNumber" : @"7",
     @"Duplex" : @"DuplexTumble",
-  }));
+  })));
   for (const auto &panel : session.panels()) {
     EXPECT_TRUE(panel->Restore());
     panel->WillShow();
@@ -51,12 +51,13 @@ OBJC_TEST(JobSession, SetsAndTakesAway) {
 OBJC_TEST(JobSession, PrintsWithTheQueuesDefaultsUnderTheSettings) {
   Bundles bundles("panels=nil");
   JobSession session(bundles.extensions);
-  session.UsePrinter(PlainPPD(), {{"sides", "two-sided-long-edge"}, {"number-up", "2"}});
-  session.UseSettings(SettingsWith(@{
+  EXPECT_TRUE(
+      session.UsePrinter(PlainPPD(), {{"sides", "two-sided-long-edge"}, {"number-up", "2"}}));
+  EXPECT_TRUE(session.UseSettings(SettingsWith(@{
     @"number-up" : @"4",
     @"com.other.count" : @12,
     @"com.other.list" : @[ @5 ],
-  }));
+  })));
   EXPECT_EQ(
       (JobOptions{{"sides", "two-sided-long-edge"}, {"number-up", "4"}, {"com.other.count", "12"}}),
       session.Options());
@@ -65,7 +66,8 @@ OBJC_TEST(JobSession, PrintsWithTheQueuesDefaultsUnderTheSettings) {
 OBJC_TEST(JobSession, ChoosesWhatIsSetOrTheQueuesDefaultOrTheFiles) {
   Bundles bundles("panels=nil");
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {{"MediaType", "Transparency"}, {"InputSlot", "Absent"}});
+  EXPECT_TRUE(
+      session.UsePrinter(ColorPPD(), {{"MediaType", "Transparency"}, {"InputSlot", "Absent"}}));
   EXPECT_EQ("None", session.Choice("Duplex"));
   EXPECT_EQ("Auto", session.Choice("InputSlot"));
   EXPECT_EQ("Transparency", session.Choice("MediaType"));
@@ -77,14 +79,14 @@ OBJC_TEST(JobSession, ChoosesWhatIsSetOrTheQueuesDefaultOrTheFiles) {
 OBJC_TEST(JobSession, LeavesOtherOptionsToTheDialog) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ((Names{"PageSize", "MediaType"}), KeywordsOf(session.OtherOptions()));
 }
 
 OBJC_TEST(JobSession, TellsAllPanelsOfAChangedOption) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   bundles.run.Calls();
   EXPECT_TRUE(session.ChangeOption("MediaType", "Transparency"));
   EXPECT_EQ("Transparency", session.Value("MediaType"));
@@ -96,21 +98,21 @@ OBJC_TEST(JobSession, TellsAllPanelsOfAChangedOption) {
 OBJC_TEST(JobSession, PrintsAsItStands) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ("", ReasonOf(session));
 }
 
 OBJC_TEST(JobSession, DoesNotPrintIfAPanelDoesNotAllowIt) {
   Bundles bundles("Second.shouldPrint=no");
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_EQ("Second does not allow this job to be printed", ReasonOf(session));
 }
 
 OBJC_TEST(JobSession, DoesNotPrintWhatTheSettingInfoDoesNotAllow) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("VQStartNumber", "1000"));
   EXPECT_EQ("the job's VQStartNumber is \"1000\": it must be a whole number from 1 to 999",
             ReasonOf(session));
@@ -119,7 +121,7 @@ OBJC_TEST(JobSession, DoesNotPrintWhatTheSettingInfoDoesNotAllow) {
 OBJC_TEST(JobSession, DoesNotPrintWhatThePrinterDoesNotHave) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
   EXPECT_TRUE(session.Set("PageSize", "A0"));
   EXPECT_EQ(
       "the job's PageSize is \"A0\": this printer has no PageSize \"A0\"; it has A4, Letter, A3",
@@ -129,8 +131,8 @@ OBJC_TEST(JobSession, DoesNotPrintWhatThePrinterDoesNotHave) {
 OBJC_TEST(JobSession, PrintsWhatAPanelClaimsWithoutAnOptionOfThePPD) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {});
-  session.UsePrinter(PlainPPD(kSupported), {});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {}));
+  EXPECT_TRUE(session.UsePrinter(PlainPPD(kSupported), {}));
   EXPECT_TRUE(session.Set("VQBNSize", "Large"));
   EXPECT_EQ("", ReasonOf(session));
 }

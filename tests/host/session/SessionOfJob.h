@@ -5,8 +5,9 @@
 
 #include <algorithm>
 
+#include "host/job/SettingOptions.h"
 #include "host/session/JobSession.h"
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/TestPPD.h"
@@ -79,6 +80,11 @@ inline const JobOptions kDefaults = {{"Duplex", "None"},     {"InputSlot", "Auto
                                      {"VQBNColor", "Black"}, {"VQBNDensity", "Medium"},
                                      {"VQBNSize", "Medium"}, {"VQBackgroundNumbering", "Off"},
                                      {"VQStartNumber", "1"}};
+
+inline JobOptions Only(const std::set<std::string> &keywords, JobOptions options) {
+  std::erase_if(options, [&](const auto &option) { return !keywords.contains(option.first); });
+  return options;
+}
 
 inline JobOptions With(JobOptions options, const JobOptions &changes) {
   for (const auto &[keyword, value] : changes) options[keyword] = value;

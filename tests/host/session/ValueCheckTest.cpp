@@ -1,4 +1,4 @@
-#include "host/job/OptionFit.h"
+#include "host/session/ValueCheck.h"
 
 #include <gmock/gmock.h>
 
@@ -9,14 +9,16 @@ using testing::HasSubstr;
 
 namespace {
 
-class OptionFit : public testing::Test {
+class ValueCheckTest : public testing::Test {
  protected:
   // What does not fit the printer, "keyword=value: reason" each.
   std::vector<std::string> Unfit(const JobOptions &options) { return Unfit(options, &*ppd_); }
   std::vector<std::string> Unfit(const JobOptions &options, const PPDFile *ppd) {
     std::vector<std::string> lines;
-    for (const UnfitOption &option : UnfitOptions(options, ppd, {"VQBNColor", "VQOther"})) {
-      lines.push_back(option.keyword + "=" + option.value + ": " + option.reason);
+    const ValueCheck check(ppd, {}, {}, {"VQBNColor", "VQOther"});
+    for (const auto &[key, value] : options) {
+      const Expected<std::string> fitting = check.Fitting(key, value);
+      if (!fitting) lines.push_back(key + "=" + value + ": " + fitting.message());
     }
     return lines;
   }
@@ -45,24 +47,24 @@ using Lines = std::vector<std::string>;
 
 }  // namespace
 
-TEST_F(OptionFit, ChoicesThatThePrinterHasFit) {
+TEST_F(ValueCheckTest, ChoicesThatThePrinterHasFit) {
   EXPECT_EQ(Lines{}, Unfit({{"PageSize", "A3"}, {"VQStartNumber", "999"}, {"Duplex", "None"}}));
 }
 
-TEST_F(OptionFit, OtherChoicesDoNotFit) {
+TEST_F(ValueCheckTest, OtherChoicesDoNotFit) {
   EXPECT_EQ((Lines{"Duplex=Both: this printer has no Duplex \"Both\"; it has None, DuplexNoTumble, "
                    "DuplexTumble",
                    "VQBNColor=Red: this printer has no VQBNColor \"Red\"; it has Black"}),
             Unfit({{"VQBNColor", "Red"}, {"Duplex", "Both"}, {"PageSize", "A4"}}));
 }
 
-TEST_F(OptionFit, ConsecutiveNumbersAreListedByTheirEnds) {
+TEST_F(ValueCheckTest, ConsecutiveNumbersAreListedByTheirEnds) {
   EXPECT_EQ(
       Lines{"VQStartNumber=1000: this printer has no VQStartNumber \"1000\"; it has 1 to 999"},
       Unfit({{"VQStartNumber", "1000"}}));
 }
 
-TEST_F(OptionFit, LongListsAreCutShort) {
+TEST_F(ValueCheckTest, LongListsAreCutShort) {
   std::vector<std::string> choices;
   for (int choice = 1; choice <= 20; ++choice) choices.push_back("C" + std::to_string(choice));
   EXPECT_EQ("C1, C2, C3, C4, C5, C6, C7, C8 and 12 more", Listed(choices));
@@ -70,14 +72,14 @@ TEST_F(OptionFit, LongListsAreCutShort) {
   EXPECT_EQ("C1, C2, C3, C4, C5, C6, C7, C8, C9, C10, C11, C12", Listed(choices));
 }
 
-TEST_F(OptionFit, FewNumbersAndThoseWithGapsAreListed) {
+TEST_F(ValueCheckTest, FewNumbersAndThoseWithGapsAreListed) {
   EXPECT_EQ("1, 2, 3", Listed({"1", "2", "3"}));
   EXPECT_EQ("300, 600, 601, 1200", Listed({"300", "600", "601", "1200"}));
   EXPECT_EQ("01, 02, 03, 04", Listed({"01", "02", "03", "04"}));
   EXPECT_EQ("-1 to 2", Listed({"-1", "0", "1", "2"}));
 }
 
-TEST_F(OptionFit, CustomPageSizesFitWithinTheLimits) {
+TEST_F(ValueCheckTest, CustomPageSizesFitWithinTheLimits) {
   EXPECT_EQ(Lines{}, Unfit({{"PageSize", "Custom.100x200mm"}}));
   EXPECT_EQ(Lines{"PageSize=Custom.1x1: this printer has no PageSize \"Custom.1x1\"; it has A4, "
                   "Letter, A3"},
@@ -85,7 +87,7 @@ TEST_F(OptionFit, CustomPageSizesFitWithinTheLimits) {
 }
 
 // The print system does not look at the case of letters.
-TEST_F(OptionFit, CustomValuesDoNotFitUnderAnotherSpellingEither) {
+TEST_F(ValueCheckTest, CustomValuesDoNotFitUnderAnotherSpellingEither) {
   EXPECT_EQ((Lines{"pagesize=custom.1x1: this printer has no PageSize \"custom.1x1\"; it has A4, "
                    "Letter, A3"}),
             Unfit({{"pagesize", "custom.1x1"}}));
@@ -93,14 +95,14 @@ TEST_F(OptionFit, CustomValuesDoNotFitUnderAnotherSpellingEither) {
   EXPECT_EQ(Lines{}, Unfit({{"duplex", "anything"}}));
 }
 
-TEST_F(OptionFit, OptionsOfEveryQueueFit) {
+TEST_F(ValueCheckTest, OptionsOfEveryQueueFit) {
   const JobOptions options = {
       {"media", "anything"}, {"sides", "anything"}, {"fit-to-page", "true"}};
   EXPECT_EQ(Lines{}, Unfit(options));
   EXPECT_EQ(Lines{}, Unfit(options, nullptr));
 }
 
-TEST_F(OptionFit, CopiesAndPageRangesFitIfTheyCanBeParsed) {
+TEST_F(ValueCheckTest, CopiesAndPageRangesFitIfTheyCanBeParsed) {
   for (const PPDFile *ppd :
        {static_cast<const PPDFile *>(&*ppd_), static_cast<const PPDFile *>(nullptr)}) {
     EXPECT_EQ(Lines{}, Unfit({{"copies", "9999"}, {"page-ranges", "1-3,5"}}, ppd));
@@ -111,14 +113,14 @@ TEST_F(OptionFit, CopiesAndPageRangesFitIfTheyCanBeParsed) {
   }
 }
 
-TEST_F(OptionFit, PrinterSpecificOptionsThatThePrinterLacksDoNotFit) {
+TEST_F(ValueCheckTest, PrinterSpecificOptionsThatThePrinterLacksDoNotFit) {
   EXPECT_EQ(Lines{"VQOther=1: this printer has no VQOther"}, Unfit({{"VQOther", "1"}}));
   EXPECT_EQ((Lines{"VQBNColor=Black: this printer has no VQBNColor",
                    "VQOther=1: this printer has no VQOther"}),
             Unfit({{"VQOther", "1"}, {"VQBNColor", "Black"}, {"Duplex", "None"}}, nullptr));
 }
 
-TEST_F(OptionFit, ReasonsAreOneShortLine) {
+TEST_F(ValueCheckTest, ReasonsAreOneShortLine) {
   const Lines lines = Unfit({{"Duplex", "a\nb" + std::string(100, 'x')}});
   ASSERT_EQ(1u, lines.size());
   EXPECT_THAT(lines[0],

@@ -1,7 +1,7 @@
 #include "host/ppd/edit/PPDText.h"
 
 #include <gtest/gtest.h>
-#include "tests/support/MessageOf.h"
+#include "tests/support/ExpectedValue.h"
 
 namespace {
 
