@@ -57,6 +57,8 @@ Expected<std::vector<SettingChange>> ParseSettingChanges(const std::vector<std::
   for (const std::string &text : texts) {
     Expected<SettingChange> change = Parse(text, check);
     if (!change) return change.failure();
+    std::erase_if(changes,
+                  [&change](const SettingChange &earlier) { return earlier.key == change->key; });
     changes.push_back(std::move(*change));
   }
   return changes;

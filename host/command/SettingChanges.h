@@ -17,7 +17,8 @@ struct SettingChange {
 
 // The changes that these texts, NAME=VALUE, ask for: settings of bundles by their names or keys,
 // options of the printer by their keywords, and job options of every printer, such as copies,
-// page-ranges or number-up. The failure: no such name, or a value that does not fit.
+// page-ranges or number-up; of several of one key the last. The failure: no such name, or a value
+// that does not fit.
 Expected<std::vector<SettingChange>> ParseSettingChanges(const std::vector<std::string> &texts,
                                                          const ValueCheck &check);
 

@@ -33,7 +33,7 @@ const Row kRows[] = {
     {"copies", "3", "3"},
     {"copies", "3 ", "3"},
     {"copies", "0", "", "is not a number of copies"},
-    {"page-ranges", "5, 1-3", "1-3,5"},
+    {"page-ranges", "5-6, 1-3", "1-3,5-6"},
     {"page-ranges", "3-1", "", "ends before it begins"},
     {"number-up", "4", "4"},
     {"number-up", "", "", "it must have a value"},

@@ -113,11 +113,36 @@ TEST_F(PrintVerb, TheTicketGoesBeforeTheUsersAndTheServersOptions) {
   EXPECT_EQ(job.at("copies"), "1");
 }
 
-TEST_F(PrintVerb, AUsersOptionThatThePanelDoesNotAllowIsNotSent) {
+TEST_F(PrintVerb, AUsersOptionThatThePanelDoesNotAllowIsNotSentAndToldOf) {
   WriteLpoptions("Dest Office VQStartNumber=1000 VQBNColor=Purple\n");
-  const Attributes job = JobOn("Office", {"--set", "Valid=On"});
+  const RunResult result = PrintOn("Office", {"--set", "Valid=On"});
+  EXPECT_EQ(
+      result.err,
+      "pdeprint: note: VQBNColor \"Purple\" does not fit: it must be one of Black, Red, Green, "
+      "Blue, Cyan, Magenta, Yellow\npdeprint: note: VQStartNumber \"1000\" does not fit: it "
+      "must be a whole number from 1 to 999\n");
+  const Attributes job = server().JobAttributes(JobSaidIn(result, "Office"));
   EXPECT_EQ(job.at("VQStartNumber"), "1");
   EXPECT_EQ(job.at("VQBNColor"), "Black");
+}
+
+TEST_F(PrintVerb, OptionsThatTheQueueOffersAreTakenWithTheValuesThatItLists) {
+  const TemporaryFolder folder;
+  server().AddQueue(
+      {.name = "Bins",
+       .ppd = folder.Write("bins.ppd", NumberingPPDText(/*color=*/true,
+                                                        "*OpenUI *OutputBin/Bin: PickOne\n"
+                                                        "*DefaultOutputBin: Upper\n"
+                                                        "*OutputBin Upper/Upper: \"\"\n"
+                                                        "*OutputBin Lower/Lower: \"\"\n"
+                                                        "*CloseUI: *OutputBin\n")),
+       .stopped = "Paused"});
+  EXPECT_EQ(JobOn("Bins", {"--set", "output-bin=lower"}).at("output-bin"), "lower");
+  EXPECT_EQ(
+      Refusal(2, {"-d", "Bins", "--set", "output-bin=attic", file_}),
+      "pdeprint: output-bin cannot be \"attic\": this printer has no output-bin \"attic\"; it "
+      "has upper, lower\n");
+  EXPECT_EQ(JobOn("Bins", {"--set", "job-account-id=7"}).at("job-account-id"), "7");
 }
 
 TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {

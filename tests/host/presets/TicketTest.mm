@@ -177,8 +177,7 @@ OBJC_TEST(JobTicket, ReadsUtf8WhateverTheDeclarationSays) {
       folder.Write("utf7.plist", "<?xml version=\"1.0\" encoding=\"UTF-7\"?><plist><dict>"
                                  "<key>a</key><string>+AOQ-</string></dict></plist>"));
   ASSERT_TRUE(settings) << settings.message();
-  const JobOptions expected = {{"a", "+AOQ-"}};
-  EXPECT_EQ(expected, *JobOptionsFromSettings(settings->get()));
+  EXPECT_EQUAL_OBJECTS(@{@"a" : @"+AOQ-"}, Values(settings->get()));
 }
 
 OBJC_TEST(JobTicket, ReadsAPropertyListWithoutADeclaration) {
@@ -208,52 +207,6 @@ OBJC_TEST(JobTicket, RefusesWhatIsNoRegularFile) {
   }
 }
 
-OBJC_TEST(JobTicket, StringsAndNumbersBecomeOptions) {
-  NSDictionary *values = @{
-    @"größe" : @"groß",
-    @"number" : [NSNumber numberWithInt:7],
-    @"fraction" : [NSNumber numberWithDouble:1.25],
-    @"dictionary" : @{@"a" : @"b"},
-    @"list" : @[ @"a" ],
-    @"data" : [NSData data],
-    @"date" : [NSDate date],
-  };
-  const JobOptions expected = {{"größe", "groß"}, {"number", "7"}, {"fraction", "1.25"}};
-  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
-}
-
-OBJC_TEST(JobTicket, OneOptionIsAsAmongAll) {
-  NSDictionary *values = @{@"größe" : @"groß", @"number" : @7, @"list" : @[ @"a" ]};
-  const PrintSettings settings = SettingsWith(values);
-  EXPECT_EQ("groß", *JobOptionFromSettings(settings.get(), "größe"));
-  EXPECT_EQ("7", *JobOptionFromSettings(settings.get(), "number"));
-  EXPECT_EQ(std::nullopt, *JobOptionFromSettings(settings.get(), "list"));
-  EXPECT_EQ(std::nullopt, *JobOptionFromSettings(settings.get(), "absent"));
-}
-
-OBJC_TEST(JobTicket, TextsThatCannotBeSentAreNoOptions) {
-  const unichar kZero[] = {'a', 0, 'b'};
-  NSString *zero = [NSString stringWithCharacters:kZero length:3];
-  NSMutableString *half = [NSMutableString stringWithString:@"\U0001F600"];
-  [half deleteCharactersInRange:NSMakeRange(0, 1)];  // half a surrogate pair
-  NSDictionary *values = @{@"a" : @"b", zero : @"c", @"d" : zero, @"e" : half};
-  const JobOptions expected = {{"a", "b"}};
-  EXPECT_EQ(expected, *JobOptionsFromSettings(SettingsWith(values).get()));
-}
-
-OBJC_TEST(JobTicket, NamesThatWouldBeReadAsSomethingElseAreNoOptions) {
-  for (NSString *name in @[ @"a", @"com.other.print-note_2", @"größe", @"a/b", @"a:b" ]) {
-    EXPECT_EQ(1u, JobOptionsFromSettings(SettingsWith(@{name : @"x"}).get())->size());
-    EXPECT_EQ(std::vector<std::string>(), TextsThatAreNoOptions(@{name : @"x"}));
-  }
-  for (NSString *name in @[
-         @"", @"a b", @"a=b", @"a\nb", @"a\tb", @"a\"b", @"a'b", @"a{b", @"a}b", @"a\\b", @"a\x7f"
-       ]) {
-    EXPECT_EQ(0u, JobOptionsFromSettings(SettingsWith(@{name : @"x"}).get())->size());
-    EXPECT_EQ(std::vector<std::string>{[name UTF8String]}, TextsThatAreNoOptions(@{name : @7}));
-  }
-}
-
 OBJC_TEST(JobTicket, SettingsThatCannotBeReadAreNoEmptyTicket) {
   TemporaryFolder folder;
   const fs::path file = folder.Write("ticket.plist", "old");
@@ -261,5 +214,4 @@ OBJC_TEST(JobTicket, SettingsThatCannotBeReadAreNoEmptyTicket) {
                 ": cannot read the settings of the job: error -50 of the print system",
             MessageOf(WriteTicket(file, nullptr)));
   EXPECT_EQ("old", ContentOf(file));
-  EXPECT_FALSE(JobOptionsFromSettings(nullptr));
 }
