@@ -4,6 +4,7 @@
 
 #include <sys/stat.h>
 
+#include "host/job/SettingOptions.h"
 #include "tests/support/LeakCheckingPause.h"
 #include "tests/support/MessageOf.h"
 #import "tests/support/ObjCTest.h"
