@@ -43,35 +43,35 @@ std::string Listed(const std::vector<PPDChoice> &choices) {
     list += (at == 0 ? "" : ", ") + ToUtf8(choices[at].keyword);
   }
   if (shown == choices.size()) return list;
-  return Localized("%1 and %2 more", {list, std::to_string(choices.size() - shown)});
+  return LocalizedCount("%1 and %2 more", {list}, choices.size() - shown);
 }
 
-std::string ReasonAgainstChoice(const PPDOption &option, const std::string &value) {
+Failure NoChoice(const PPDOption &option, const std::string &value) {
   const std::string wanted = option.keyword + " " + Quoted(value);
-  if (option.choices.empty()) return Localized("this printer has no %1", {wanted});
-  return Localized("this printer has no %1; it has %2", {wanted, Listed(option.choices)});
+  if (option.choices.empty()) return Failure{Localized("this printer has no %1", {wanted})};
+  return Failure{Localized("this printer has no %1; it has %2", {wanted, Listed(option.choices)})};
 }
 
-std::optional<std::string> ReasonIn(const Expected<std::string> &parsed) {
-  if (parsed) return std::nullopt;
-  return parsed.message();
+// Whether it is a value, whatever comes of it.
+Expected<void> Check(const Expected<std::string> &parsed) {
+  if (!parsed) return parsed.failure();
+  return {};
 }
 
-std::optional<std::string> ReasonAgainst(const std::string &keyword, const std::string &value,
-                                         const PPDFile *ppd,
-                                         const std::set<std::string> &printer_specific) {
-  if (keyword == "copies") return ReasonIn(ParseCopies(value));
-  if (keyword == "page-ranges") return ReasonIn(ParsePageRanges(value));
+Expected<void> CheckFit(const std::string &keyword, const std::string &value, const PPDFile *ppd,
+                        const std::set<std::string> &printer_specific) {
+  if (keyword == "copies") return Check(ParseCopies(value));
+  if (keyword == "page-ranges") return Check(ParsePageRanges(value));
   if (ppd != nullptr && ppd->HasOption(keyword)) {
-    if (ppd->Allows(keyword, value)) return std::nullopt;
-    return ReasonAgainstChoice(*ppd->Option(keyword), value);
+    if (ppd->Allows(keyword, value)) return {};
+    return NoChoice(*ppd->Option(keyword), value);
   }
   if (ppd != nullptr) {
     const std::string meant = ppd->TakesUnfitCustomValue(keyword, value);
-    if (!meant.empty()) return ReasonAgainstChoice(*ppd->Option(meant), value);
+    if (!meant.empty()) return NoChoice(*ppd->Option(meant), value);
   }
-  if (!printer_specific.contains(keyword)) return std::nullopt;
-  return Localized("this printer has no %1", {keyword});
+  if (!printer_specific.contains(keyword)) return {};
+  return Failure{Localized("this printer has no %1", {keyword})};
 }
 
 }  // namespace
@@ -80,9 +80,8 @@ std::vector<UnfitOption> UnfitOptions(const JobOptions &options, const PPDFile *
                                       const std::set<std::string> &printer_specific) {
   std::vector<UnfitOption> unfit;
   for (const auto &[keyword, value] : options) {
-    if (std::optional<std::string> reason = ReasonAgainst(keyword, value, ppd, printer_specific)) {
-      unfit.push_back({keyword, value, *std::move(reason)});
-    }
+    Expected<void> fits = CheckFit(keyword, value, ppd, printer_specific);
+    if (!fits) unfit.push_back({keyword, value, fits.message()});
   }
   return unfit;
 }
