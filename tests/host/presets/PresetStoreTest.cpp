@@ -77,8 +77,8 @@ TEST_F(PresetStoreTest, ListsWhatWasSaved) {
 }
 
 TEST_F(PresetStoreTest, ListsByName) {
-  for (const char *name : {"b", "a", "C", "B"}) Save(name);
-  EXPECT_EQ((Names{"a", "B", "b", "C"}), NamesIn(store()));
+  for (const char *name : {"b", "a", "C", "B", "Draft 10", "Draft 2"}) Save(name);
+  EXPECT_EQ((Names{"a", "b", "B", "C", "Draft 2", "Draft 10"}), NamesIn(store()));
 }
 
 TEST_F(PresetStoreTest, NamesThatDifferInCaseAreDifferentPresets) {
