@@ -84,7 +84,7 @@ TEST_F(PresetStoreTest, ListsByName) {
 TEST_F(PresetStoreTest, NamesThatDifferInCaseAreDifferentPresets) {
   Save("draft", "small");
   Save("Draft", "large");
-  EXPECT_EQ((Names{"Draft", "draft"}), NamesIn(store()));
+  EXPECT_EQ((Names{"draft", "Draft"}), NamesIn(store()));
   EXPECT_EQ("small", ContentOf(store().Find("draft")->path));
   EXPECT_EQ("large", ContentOf(store().Find("Draft")->path));
   EXPECT_EQ(std::nullopt, store().Find("DRAFT"));
