@@ -14,9 +14,13 @@
 struct Failure {
   std::string message;         // for people: what, where, what to do; no full stop, no line end
   bool is_unanswered = false;  // the one who was asked could not be reached, or did not answer
+
+  // The same failure in words that say more of where it happened.
+  Failure Reworded(std::string words) const { return {std::move(words), is_unanswered}; }
 };
 
-// A failure of somebody else's is passed on whole: `if (!value) return value.failure();`.
+// A failure of somebody else's is passed on whole: `if (!value) return value.failure();`, or
+// Reworded.
 template <typename Value>
 class [[nodiscard]] Expected {
  public:

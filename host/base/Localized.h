@@ -3,6 +3,7 @@
 #ifndef HOST_BASE_LOCALIZED_H
 #define HOST_BASE_LOCALIZED_H
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -16,6 +17,10 @@ using Translation = std::unordered_map<std::string, std::string>;
 std::string Localized(const char *text);
 // The same with its parts in the places %1, %2...
 std::string Localized(const char *text, std::initializer_list<std::string> parts);
+// The same with a number as its last part, in the form that the language has for the number: the
+// text under "TEXT|FORM" where the translation has it (Plural.h).
+std::string LocalizedCount(const char *text, std::initializer_list<std::string> parts,
+                           size_t number);
 
 // The text with its parts in the places %1 to %9; a place without a part stays. What looks like a
 // place in a part is none.

@@ -183,7 +183,7 @@ std::string NamesOf(const std::vector<Queue> &queues) {
     names += (names.empty() ? "" : ", ") + queue.name;
   }
   if (queues.size() <= kMost) return names;
-  return Localized("%1 and %2 more", {names, std::to_string(queues.size() - kMost)});
+  return LocalizedCount("%1 and %2 more", {names}, queues.size() - kMost);
 }
 
 bool IsSameQueue(const std::string &left, const std::string &right) {

@@ -81,6 +81,7 @@ Expected<std::optional<PrinterOptions>> PrinterOptionsOf(const ExtensionBundle &
     result = Failure{Localized("it raised %1", {*raised})};
   }
   if (result) return result;
-  return Failure{Localized("the bundle %1 cannot give its printer options: %2",
-                           {Words([bundle.bundle() bundlePath]), result.message()})};
+  return result.failure().Reworded(
+      Localized("the bundle %1 cannot give its printer options: %2",
+                {Words([bundle.bundle() bundlePath]), result.message()}));
 }

@@ -37,7 +37,8 @@ Expected<ExtensionBundle> ExtensionBundle::Load(const std::filesystem::path &pat
     result = Failure{Localized("it raised %1", {*raised})};
   }
   if (result) return result;
-  return Failure{Localized("cannot load bundle %1: %2", {path.string(), result.message()})};
+  return result.failure().Reworded(
+      Localized("cannot load bundle %1: %2", {path.string(), result.message()}));
 }
 
 Expected<ExtensionBundle> ExtensionBundle::Open(const std::filesystem::path &path) {

@@ -31,5 +31,5 @@ std::string TitleOfJob(const std::vector<fs::path> &files) {
   if (files.empty()) return "";
   std::string first = ToUtf8(files.front().filename().string());
   if (files.size() == 1) return first;
-  return Localized("%1 and %2 more", {first, std::to_string(files.size() - 1)});
+  return LocalizedCount("%1 and %2 more", {first}, files.size() - 1);
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -10,7 +12,7 @@
 
 namespace {
 
-constexpr int kLastPage = 9999;
+constexpr int kLastPage = std::numeric_limits<int32_t>::max();  // of an integer of IPP
 constexpr int kMostCopies = 9999;
 
 struct Range {
@@ -86,7 +88,7 @@ std::vector<Range> Merged(std::vector<Range> ranges) {
   std::ranges::sort(ranges, {}, &Range::first);
   std::vector<Range> merged;
   for (const Range &range : ranges) {
-    if (!merged.empty() && range.first <= merged.back().last + 1) {
+    if (!merged.empty() && range.first - 1 <= merged.back().last) {
       merged.back().last = std::max(merged.back().last, range.last);
     } else {
       merged.push_back(range);
@@ -109,6 +111,15 @@ Expected<std::string> ParsePageRanges(std::string_view text) {
   }
   return value;
 }
+
+std::string TypedPageRanges(const std::string &value) {
+  if (value == AllPages()) return "";
+  const std::string to_the_last = "-" + std::to_string(kLastPage);
+  if (!value.ends_with(to_the_last)) return value;
+  return value.substr(0, value.size() - to_the_last.size() + 1);
+}
+
+std::string AllPages() { return "1-" + std::to_string(kLastPage); }
 
 Expected<std::string> ParseCopies(std::string_view text) {
   const std::string_view digits = Trimmed(text);

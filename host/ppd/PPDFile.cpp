@@ -14,6 +14,7 @@
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
 #include "host/ppd/CustomChoice.h"
+#include "host/ppd/Keywords.h"
 
 namespace {
 
@@ -22,8 +23,6 @@ struct IgnoringCase {
 };
 
 constexpr char kInstalledHardware[] = "InstallableOptions";
-
-bool IsSame(const char *left, const char *right) { return strcasecmp(left, right) == 0; }
 
 // libcups has converted most texts; those of custom choices and of translations it takes as they
 // are. Texts in UTF-8 it cuts anywhere.

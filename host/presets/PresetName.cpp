@@ -116,8 +116,3 @@ std::optional<std::string> PresetNameOfFile(std::string_view file_name) {
   if (!CheckPresetName(name) || FileNameOfPreset(name) != file_name) return std::nullopt;
   return name;
 }
-
-bool PresetNameComesBefore(std::string_view name, std::string_view other) {
-  const int order = InLowerCase(name).compare(InLowerCase(other));
-  return order != 0 ? order < 0 : name < other;
-}

@@ -24,8 +24,4 @@ std::string FileNameOfPreset(std::string_view name);
 // The name of the preset whose file has this name; none: it is no preset's file.
 std::optional<std::string> PresetNameOfFile(std::string_view file_name);
 
-// Sorted for people: letters of either case side by side, and by bytes where that is all the
-// difference.
-bool PresetNameComesBefore(std::string_view name, std::string_view other);
-
 #endif

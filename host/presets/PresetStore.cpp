@@ -9,6 +9,7 @@
 #include "host/base/ConfigFolders.h"
 #include "host/base/Localized.h"
 #include "host/base/MoveFile.h"
+#include "host/base/NameOrder.h"
 #include "host/base/Text.h"
 
 namespace fs = std::filesystem;
@@ -64,12 +65,15 @@ PresetStore PresetStore::OfUser() {
 }
 
 std::vector<Preset> PresetStore::List() const {
+  std::vector<Preset> presets = Unsorted();
+  std::ranges::sort(presets, NameComesBefore, &Preset::name);
+  return presets;
+}
+
+std::vector<Preset> PresetStore::Unsorted() const {
   std::vector<Preset> presets;
   AddPresets(folder_, false, presets);
   for (const fs::path &folder : folders_for_all_) AddPresets(folder, true, presets);
-  std::sort(presets.begin(), presets.end(), [](const Preset &preset, const Preset &other) {
-    return PresetNameComesBefore(preset.name, other.name);
-  });
   return presets;
 }
 
@@ -87,7 +91,7 @@ Expected<void> PresetStore::CheckFolders() const {
 }
 
 std::optional<Preset> PresetStore::Find(const std::string &name) const {
-  for (Preset &preset : List()) {
+  for (Preset &preset : Unsorted()) {
     if (preset.name == name) return std::move(preset);
   }
   return std::nullopt;
@@ -104,8 +108,8 @@ Expected<void> PresetStore::MakeFolder() const {
   }
   Expected<void> made = MakePrivateFolder(folder_);
   if (made) return made;
-  return Failure{
-      Localized("%1; set XDG_CONFIG_HOME to a folder that can be written", {made.message()})};
+  return made.failure().Reworded(
+      Localized("%1; set XDG_CONFIG_HOME to a folder that can be written", {made.message()}));
 }
 
 Expected<fs::path> PresetStore::PathForWriting(const std::string &name) const {

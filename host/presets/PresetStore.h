@@ -27,7 +27,7 @@ class PresetStore {
   // pdeprint/presets in the folders of XDG_CONFIG_DIRS, or in /etc/xdg.
   static PresetStore OfUser();
 
-  // By name. A user's own preset hides one for all users that has the same name. Nothing is read
+  // By name, as people sort (NameOrder.h). A user's own preset hides one for all users that has the same name. Nothing is read
   // but the folders; one that cannot be read counts as empty. What else lies in them is left alone.
   std::vector<Preset> List() const;
   std::optional<Preset> Find(const std::string &name) const;
@@ -50,6 +50,7 @@ class PresetStore {
   Expected<std::filesystem::path> LastUsedPathForWriting() const;
 
  private:
+  std::vector<Preset> Unsorted() const;
   Expected<void> MakeFolder() const;
 
   std::filesystem::path folder_;

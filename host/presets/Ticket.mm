@@ -3,6 +3,7 @@
 #include "host/base/Localized.h"
 #include "host/base/WholeFile.h"
 #include "host/job/SettingValues.h"
+#include "host/presets/EscapedPairs.h"
 #include "host/presets/TicketText.h"
 
 namespace {
@@ -12,43 +13,63 @@ NSString *String(const std::filesystem::path &path) {
                                                                      length:path.native().size()];
 }
 
-int HexDigit(char character) {
-  if (character >= '0' && character <= '9') return character - '0';
-  if (character >= 'A' && character <= 'F') return character - 'A' + 10;
-  return -1;
+Expected<std::string> DocumentIn(const std::filesystem::path &path) {
+  const auto damaged = [](const Failure &why) {
+    return why.Reworded(Localized("not a property list: %1", {why.message}));
+  };
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) {
+    return Failure{Localized("not a regular file")};
+  }
+  if (std::filesystem::file_size(path, error) > kLargestTicket) {
+    return damaged({Localized("the file is larger than 1 MiB")});
+  }
+  NSData *data = [NSData dataWithContentsOfFile:String(path)];
+  if (data == nil) return Failure{Localized("no permission, or a reading error")};
+  Expected<std::string> document =
+      TicketDocument({static_cast<const char *>([data bytes]), [data length]});
+  if (!document) return damaged(document.failure());
+  return document;
 }
 
-// The code unit that is escaped here as \UXXXX, -1 if none is.
-int EscapedUnit(std::string_view text) {
-  if (text.size() < 6 || text[0] != '\\' || text[1] != 'U') return -1;
-  int unit = 0;
-  for (const char character : text.substr(2, 4)) {
-    const int digit = HexDigit(character);
-    if (digit < 0) return -1;
-    unit = unit * 16 + digit;
+Expected<Retained<NSDictionary *>> ValuesIn(const std::string &document) {
+  NSString *why = nil;
+  id root = nil;
+  @try {
+    root = [NSPropertyListSerialization propertyListFromData:[NSData dataWithBytes:document.data()
+                                                                            length:document.size()]
+                                            mutabilityOption:NSPropertyListImmutable
+                                                      format:nullptr
+                                            errorDescription:&why];
+  } @catch (NSException *exception) {
+    why = [exception reason];
   }
-  return unit;
+  if (root == nil) {
+    return Failure{Localized("not a property list: %1",
+                             {why == nil ? Localized("the file is damaged or cut off")
+                                         : std::string([why UTF8String])})};
+  }
+  if (![root isKindOfClass:[NSDictionary class]]) {
+    return Failure{Localized("the property list is no dictionary of print settings")};
+  }
+  return Retained<NSDictionary *>::Share(root);
 }
 
-// The platform escapes characters beyond the basic plane in a way that it cannot read back.
-std::string WithoutEscapedPairs(std::string_view xml) {
-  std::string result;
-  while (!xml.empty()) {
-    const int high = EscapedUnit(xml);
-    const int low = high < 0xD800 || high > 0xDBFF ? -1 : EscapedUnit(xml.substr(6));
-    if (low < 0xDC00 || low > 0xDFFF) {
-      result += xml.front();
-      xml.remove_prefix(1);
-      continue;
-    }
-    const int code = 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
-    for (const int byte : {0xF0 | code >> 18, 0x80 | (code >> 12 & 0x3F), 0x80 | (code >> 6 & 0x3F),
-                           0x80 | (code & 0x3F)}) {
-      result += static_cast<char>(byte);
-    }
-    xml.remove_prefix(12);
+Expected<void> SetValues(PMPrintSettings settings, NSDictionary *values) {
+  for (id key in values) {
+    Expected<Change> change = SetValue(settings, key, [values objectForKey:key]);
+    if (!change) return change.failure();
+    if (*change == Change::kLocked) return IsLocked(key);
   }
-  return result;
+  return {};
+}
+
+Expected<void> ReadInto(PMPrintSettings settings, const std::filesystem::path &path) {
+  Expected<std::string> document = DocumentIn(path);
+  if (!document) return document.failure();
+  Expected<Retained<NSDictionary *>> values = ValuesIn(*document);
+  if (!values) return values.failure();
+  return SetValues(settings, values->get());
 }
 
 }  // namespace
@@ -61,61 +82,26 @@ Expected<PrintSettings> ReadTicket(const std::filesystem::path &path) {
       std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
     return settings;
   }
-  const auto failure = [&path](const std::string &why) {
-    return Failure{Localized("cannot read ticket %1: %2", {path.string(), why})};
-  };
-  const auto damaged = [&failure](const std::string &why) {
-    return failure(Localized("not a property list: %1", {why}));
-  };
-  if (!std::filesystem::is_regular_file(path, error))
-    return failure(Localized("not a regular file"));
-  if (std::filesystem::file_size(path, error) > kLargestTicket) {
-    return damaged(Localized("the file is larger than 1 MiB"));
-  }
-  NSData *data = [NSData dataWithContentsOfFile:String(path)];
-  if (data == nil) return failure(Localized("no permission, or a reading error"));
-  const std::string_view text =
-      WithoutByteOrderMark({static_cast<const char *>([data bytes]), [data length]});
-  if (auto reason = ReasonAgainstTicketText(text)) return damaged(*reason);
-  const std::string document = WithUtf8Declaration(text);
-  data = [NSData dataWithBytes:document.data() length:document.size()];
-
-  NSString *why = nil;
-  id root = nil;
-  @try {
-    root = [NSPropertyListSerialization propertyListFromData:data
-                                            mutabilityOption:NSPropertyListImmutable
-                                                      format:nullptr
-                                            errorDescription:&why];
-  } @catch (NSException *exception) {
-    why = [exception reason];
-  }
-  if (root == nil)
-    return damaged(why == nil ? Localized("the file is damaged or cut off") : [why UTF8String]);
-  if (![root isKindOfClass:[NSDictionary class]]) {
-    return failure(Localized("the property list is no dictionary of print settings"));
-  }
-  for (id key in root) {
-    Expected<Change> change = SetValue(settings.get(), key, [root objectForKey:key]);
-    if (!change) return failure(change.message());
-    if (*change == Change::kLocked) return failure(IsLocked(key).message);
+  if (auto done = ReadInto(settings.get(), path); !done) {
+    return done.failure().Reworded(
+        Localized("cannot read ticket %1: %2", {path.string(), done.message()}));
   }
   return settings;
 }
 
 Expected<void> WriteTicket(const std::filesystem::path &path, PMPrintSettings settings) {
-  const auto failure = [&path](const std::string &why) {
-    return Failure{Localized("cannot write %1: %2", {path.string(), why})};
+  const auto failure = [&path](const Failure &why) {
+    return why.Reworded(Localized("cannot write %1: %2", {path.string(), why.message}));
   };
   Expected<Retained<NSDictionary *>> values = ValuesOf(settings);
-  if (!values) return failure(values.message());
+  if (!values) return failure(values.failure());
   NSString *why = nil;
   NSData *data = [NSPropertyListSerialization dataFromPropertyList:values->get()
                                                             format:NSPropertyListXMLFormat_v1_0
                                                   errorDescription:&why];
   if (data == nil) {
-    return failure(why == nil ? Localized("a value is no property list")
-                              : std::string([why UTF8String]));
+    return failure(
+        {why == nil ? Localized("a value is no property list") : std::string([why UTF8String])});
   }
   return WriteWholeFile(
       path, WithoutEscapedPairs({static_cast<const char *>([data bytes]), [data length]}));

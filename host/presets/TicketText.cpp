@@ -1,129 +1,66 @@
 #include "host/presets/TicketText.h"
 
+#include <libxml/xmlreader.h>
+
 #include <algorithm>
-#include <cctype>
-#include <utility>
-#include <vector>
+#include <memory>
 
 #include "host/base/Localized.h"
-#include "host/base/Text.h"
 
 namespace {
 
-constexpr size_t kDeepest = 100;
+constexpr int kDeepest = 100;
 
-bool IsBlank(std::string_view text) { return Trimmed(text).empty(); }
-
-bool IsName(std::string_view text) {
-  return !text.empty() && std::ranges::all_of(text, [](unsigned char character) {
-    return std::isalnum(character) != 0 ||
-           std::string_view("-._:").find(static_cast<char>(character)) != std::string_view::npos;
-  });
-}
-
-// Where markup that holds text, which may look like tags, ends; npos if it does not, 0 if none
-// begins here.
-size_t EndOfText(std::string_view xml) {
-  constexpr std::pair<std::string_view, std::string_view> kTexts[] = {{"<!--", "-->"},
-                                                                      {"<![CDATA[", "]]>"}};
-  for (const auto &[start, end] : kTexts) {
-    if (!xml.starts_with(start)) continue;
-    const size_t at = xml.find(end, start.size());
-    return at == std::string_view::npos ? at : at + end.size();
-  }
-  return 0;
-}
-
-// Where the tag, or declaration, ends with which the text begins; npos if it does not, or has other
-// markup in it.
-size_t EndOfTag(std::string_view xml) {
-  char quotation = 0;
-  for (size_t at = 1; at < xml.size() && xml[at] != '<'; ++at) {
-    const char character = xml[at];
-    if (quotation != 0) {
-      if (character == quotation) quotation = 0;
-    } else if (character == '"' || character == '\'') {
-      quotation = character;
-    } else if (character == '>') {
-      return at + 1;
-    }
-  }
-  return std::string_view::npos;
-}
-
-// The elements that are open, from tag to tag. The parser descends into damaged text too, as it
-// understands it: only what is well-formed is understood here in the same way.
-class OpenElements {
- public:
-  // False: the tag cannot stand here.
-  bool Take(std::string_view tag) {
-    tag = tag.substr(1, tag.size() - 2);
-    if (tag.starts_with('/')) return Close(Trimmed(tag.substr(1)));
-    const bool is_empty = tag.ends_with('/');
-    if (is_empty) tag.remove_suffix(1);
-    const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n"));
-    if (!IsName(name) || (names_.empty() && has_begun_)) return false;
-    has_begun_ = true;
-    if (!is_empty) names_.push_back(name);
-    return true;
-  }
-
-  bool has_begun() const { return has_begun_; }
-  bool none() const { return names_.empty(); }
-  size_t depth() const {
-    return static_cast<size_t>(std::ranges::count(names_, "dict") +
-                               std::ranges::count(names_, "array"));
-  }
-
- private:
-  bool Close(std::string_view name) {
-    if (names_.empty() || names_.back() != name) return false;
-    names_.pop_back();
-    return true;
-  }
-
-  std::vector<std::string_view> names_;
-  bool has_begun_ = false;
+struct ReaderCloser {
+  void operator()(xmlTextReader *reader) const { xmlFreeTextReader(reader); }
 };
 
-// A document type without declarations of its own, or a processing instruction. The parser takes
-// the first > for the end of one.
-bool IsDeclaration(std::string_view tag, const OpenElements &elements) {
-  if (tag.starts_with("<?")) return tag.ends_with("?>");
-  return tag.starts_with("<!DOCTYPE") && !elements.has_begun() &&
-         tag.find('[') == std::string_view::npos;
+// Null is none.
+std::string_view View(const xmlChar *text) {
+  return text == nullptr ? "" : reinterpret_cast<const char *>(text);
 }
 
-std::string Damaged() { return Localized("the file is damaged or cut off"); }
+bool IsCollection(const xmlChar *name) { return View(name) == "dict" || View(name) == "array"; }
 
-std::optional<std::string> ReasonAgainstMarkup(std::string_view xml) {
-  OpenElements elements;
-  while (!xml.empty()) {
-    const size_t begin = std::min(xml.find('<'), xml.size());
-    if (elements.none() && !IsBlank(xml.substr(0, begin))) return Damaged();
-    xml.remove_prefix(begin);
-    if (xml.empty()) break;
-    size_t end = EndOfText(xml);
-    if (end == 0) {
-      end = EndOfTag(xml);
-      if (end == std::string_view::npos) return Damaged();
-      const std::string_view tag = xml.substr(0, end);
-      if (!IsDeclaration(tag, elements) && !elements.Take(tag)) return Damaged();
-      if (elements.depth() > kDeepest) return Localized("it is nested deeper than 100 levels");
-    } else if (end == std::string_view::npos || (elements.none() && xml.starts_with("<![CDATA["))) {
+bool IsPlain(const xmlDtd *type) {
+  return type == nullptr || (type->children == nullptr &&
+                             View(type->SystemID).find_first_of("<>") == std::string_view::npos);
+}
+
+Failure Damaged() { return Failure{Localized("the file is damaged or cut off")}; }
+
+Expected<void> CheckNode(xmlTextReader *reader) {
+  switch (xmlTextReaderNodeType(reader)) {
+    case XML_READER_TYPE_ELEMENT:
+      // The root is at depth 0. Only there is all of the document type known.
+      if (xmlTextReaderDepth(reader) == 0 &&
+          !IsPlain(xmlGetIntSubset(xmlTextReaderCurrentNode(reader)->doc))) {
+        return Damaged();
+      }
+      if (xmlTextReaderDepth(reader) > kDeepest &&
+          IsCollection(xmlTextReaderConstLocalName(reader))) {
+        return Failure{Localized("it is nested deeper than 100 levels")};
+      }
+      return {};
+    case XML_READER_TYPE_ENTITY_REFERENCE:
+    case XML_READER_TYPE_PROCESSING_INSTRUCTION:
       return Damaged();
-    }
-    xml.remove_prefix(end);
+    default:
+      return {};
   }
-  if (elements.none() && elements.has_begun()) return std::nullopt;
-  return Damaged();
 }
 
-}  // namespace
-
-std::string_view WithoutByteOrderMark(std::string_view text) {
-  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-  return text;
+Expected<void> CheckMarkup(std::string_view document) {
+  const std::unique_ptr<xmlTextReader, ReaderCloser> reader(
+      xmlReaderForMemory(document.data(), static_cast<int>(document.size()), nullptr, nullptr,
+                         XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
+  if (reader == nullptr) return Damaged();
+  int more = 0;
+  while ((more = xmlTextReaderRead(reader.get())) == 1) {
+    if (auto done = CheckNode(reader.get()); !done) return done;
+  }
+  if (more != 0) return Damaged();
+  return {};
 }
 
 std::string WithUtf8Declaration(std::string_view text) {
@@ -135,9 +72,19 @@ std::string WithUtf8Declaration(std::string_view text) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + std::string(text);
 }
 
-std::optional<std::string> ReasonAgainstTicketText(std::string_view text) {
-  if (text.empty()) return Localized("the file is empty");
-  if (text.size() > kLargestTicket) return Localized("the file is larger than 1 MiB");
-  if (text.find("<plist") == std::string_view::npos) return Localized("there is no <plist> in it");
-  return ReasonAgainstMarkup(text);
+}  // namespace
+
+Expected<std::string> TicketDocument(std::string_view bytes) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (bytes.empty()) return Failure{Localized("the file is empty")};
+  if (bytes.size() > kLargestTicket) {
+    return Failure{Localized("the file is larger than 1 MiB")};
+  }
+  if (bytes.find("<plist") == std::string_view::npos) {
+    return Failure{Localized("there is no <plist> in it")};
+  }
+  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  std::string document = WithUtf8Declaration(bytes);
+  if (auto done = CheckMarkup(document); !done) return done.failure();
+  return document;
 }

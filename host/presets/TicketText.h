@@ -1,26 +1,28 @@
 // The text of a ticket file, before the platform's parser sees it.
+//
+// libxml2 says whether it is well-formed, and how deep. By hand is what it cannot know: what the
+// platform's parser, which is no reader of XML but looks for tags, takes otherwise than it is.
 
 #ifndef HOST_PRESETS_TICKETTEXT_H
 #define HOST_PRESETS_TICKETTEXT_H
 
-#include <optional>
 #include <string>
 #include <string_view>
+
+#include "host/base/Expected.h"
 
 // In bytes.
 inline constexpr size_t kLargestTicket = 1 << 20;
 
-// Why this text cannot be a ticket, if it cannot: it is empty, no XML property list, larger than
-// any ticket, not well-formed, or nested so deep that the parser, which descends with every level,
-// would not come back. Declarations of markup are taken for damage.
-std::optional<std::string> ReasonAgainstTicketText(std::string_view text);
-
-// The text without the byte-order mark that some editors put before it.
-std::string_view WithoutByteOrderMark(std::string_view text);
-
-// The text with an XML declaration of ours in the place of its own, if it has one. The platform
-// takes a text without one for another format, and one in another encoding may have tags in it that
-// nobody sees here.
-std::string WithUtf8Declaration(std::string_view text);
+// What the platform's parser is given for the bytes of a file: the same text in UTF-8, whatever it
+// says of its encoding, without a byte-order mark, and with a declaration, as the platform takes a
+// text without one for another format. Nothing is fetched, and no entity is replaced.
+//
+// The failure: it is empty, no XML property list, larger than any ticket, not well-formed, or
+// nested so deep that the parser, which descends with every level, would not come back. What
+// no property list has is taken for damage, as the parser would see tags in it, or none where there
+// are some: entities other than XML's own, instructions, a document type with declarations or angle
+// brackets in it.
+Expected<std::string> TicketDocument(std::string_view bytes);
 
 #endif

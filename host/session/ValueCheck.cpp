@@ -44,7 +44,7 @@ std::string Listed(const std::vector<PPDChoice> &choices) {
     list += (at == 0 ? "" : ", ") + ToUtf8(choices[at].keyword);
   }
   if (shown == choices.size()) return list;
-  return Localized("%1 and %2 more", {list, std::to_string(choices.size() - shown)});
+  return LocalizedCount("%1 and %2 more", {list}, choices.size() - shown);
 }
 
 Failure HasOtherChoices(const PPDOption &option, const std::string &value) {

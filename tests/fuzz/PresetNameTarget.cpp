@@ -1,3 +1,4 @@
+#include "host/base/NameOrder.h"
 #include "host/base/Utf8.h"
 #include "host/presets/PresetName.h"
 #include "host/presets/PresetStore.h"
@@ -42,8 +43,8 @@ std::string AsNameOfFile(const std::string &file) {
 }
 
 std::string InOrder(const std::string &name, const std::string &other) {
-  const bool before = PresetNameComesBefore(name, other);
-  const bool after = PresetNameComesBefore(other, name);
+  const bool before = NameComesBefore(name, other);
+  const bool after = NameComesBefore(other, name);
   if (before && after) return "each of two names comes before the other";
   return before || after || name == other ? "" : "two names have no order";
 }

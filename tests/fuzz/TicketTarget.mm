@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "host/job/SettingOptions.h"
 #include "host/presets/Ticket.h"
 #include "tests/fuzz/Outcome.h"
 #include "tests/fuzz/Targets.h"

@@ -50,6 +50,17 @@ TEST(SheetLayout, PagesThatAreNotPrintedAreNotCounted) {
   }
 }
 
+// As far as the protocol goes, which the filters count no further than.
+TEST(SheetLayout, PagesToTheLastOneAreAllPrinted) {
+  for (const std::string &document : Kinds()) {
+    const PrintedJob job(On({{"page-ranges", "2-2147483647"}}), document);
+    EXPECT_EQ(job.Numbers(), "25 26");
+    EXPECT_TRUE(job.Pages()[0].Says("Page 2"));
+    EXPECT_TRUE(job.Pages()[1].Says("Page 3"));
+    EXPECT_EQ(PrintedJob(On({{"page-ranges", "1-2147483647"}}), document).Numbers(), "25 26 27");
+  }
+}
+
 TEST(SheetLayout, OddPagesOnlyAreNumberedInARow) {
   for (const std::string &document : Kinds()) {
     const PrintedJob job(On({{"page-set", "odd"}}), document);

@@ -18,8 +18,8 @@
 
 namespace {
 
-Failure CannotParse(const std::string &why) {
-  return Failure{Localized("not a PPD file, or a damaged one: %1", {why})};
+Failure CannotParse(const Failure &why) {
+  return why.Reworded(Localized("not a PPD file, or a damaged one: %1", {why.message}));
 }
 
 // The options that the lines open, with their choices.
@@ -92,37 +92,37 @@ bool HasSameChoices(const PPDOption &left, const PPDOption &right) {
       [](const PPDChoice &one, const PPDChoice &other) { return one.keyword == other.keyword; });
 }
 
-// What libcups, the reader that counts, does not find as it was added.
-std::optional<std::string> WhatIsWrong(PPDFile &enabled, const PPDFile &base,
-                                       const PrinterOptions &options, std::string_view lines) {
+// That libcups, the reader that counts, finds everything as it was added.
+Expected<void> CheckEnabled(const PPDFile &enabled, const PPDFile &base,
+                            const PrinterOptions &options, std::string_view lines) {
   for (const PPDOption &added : OptionsIn(lines)) {
     const std::optional<PPDOption> found = enabled.Option(added.keyword);
-    if (!found) return Localized("there is no option %1", {added.keyword});
+    if (!found) return Failure{Localized("there is no option %1", {added.keyword})};
     if (!HasSameChoices(*found, added)) {
-      return Localized("the option %1 has other choices", {added.keyword});
+      return Failure{Localized("the option %1 has other choices", {added.keyword})};
     }
     if (found->default_choice != added.default_choice) {
-      return Localized("the option %1 has another default", {added.keyword});
+      return Failure{Localized("the option %1 has another default", {added.keyword})};
     }
   }
   if (!options.support_keyword.empty() &&
       enabled.Attribute(options.support_keyword) != options.support_value) {
-    return Localized("the attribute %1 is not %2",
-                     {options.support_keyword, Quoted(options.support_value)});
+    return Failure{Localized("the attribute %1 is not %2",
+                             {options.support_keyword, Quoted(options.support_value)})};
   }
   for (const PPDOption &own : base.Options()) {
     const std::optional<PPDOption> found = enabled.Option(own.keyword);
     if (!found || !HasSameChoices(*found, own) || found->default_choice != own.default_choice) {
-      return Localized("the printer's option %1 is another one", {own.keyword});
+      return Failure{Localized("the printer's option %1 is another one", {own.keyword})};
     }
   }
-  return std::nullopt;
+  return {};
 }
 
-Failure DoNotFit(const PrinterOptions &options, const std::string &why) {
-  return Failure{Localized(
+Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
+  return why.Reworded(Localized(
       "the options of the bundle %1 do not fit this file: %2; report it to the bundle's maker",
-      {options.name, why})};
+      {options.name, why.message}));
 }
 
 }  // namespace
@@ -133,9 +133,9 @@ Expected<std::string> EnableOptions(std::string_view ppd,
   Expected<BlockedPPD> parts = SplitBlocks(ppd);
   if (!parts) return parts.failure();
   Expected<PPDFile> base = ParsePPD(parts->base);
-  if (!base) return CannotParse(base.message());
-  if (auto reason = WhyNotPostScript(*base)) {
-    return Failure{Localized("no PostScript printer: %1", {*reason})};
+  if (!base) return CannotParse(base.failure());
+  if (auto takes = CheckTakesPostScript(*base); !takes) {
+    return takes.failure().Reworded(Localized("no PostScript printer: %1", {takes.message()}));
   }
 
   std::vector<OptionBlock> earlier;
@@ -151,7 +151,7 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     if (!lines) return lines.failure();
     std::string before = JoinBlocks(*parts);
     Expected<PPDFile> others = ParsePPD(before);
-    if (!others) return CannotParse(others.message());
+    if (!others) return CannotParse(others.failure());
     if (auto done = CheckNotPrintersOwn(before, *others, bundle, *lines); !done)
       return done.failure();
     Expected<std::string> ordered = OrderedAfter(before, *lines);
@@ -164,11 +164,11 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     }
     parts->blocks.push_back({bundle.bundle, *ordered});
     std::string after = JoinBlocks(*parts);
-    if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.message());
+    if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.failure());
     Expected<PPDFile> enabled = ParsePPD(after);
-    if (!enabled) return DoNotFit(bundle, enabled.message());
-    if (auto wrong = WhatIsWrong(*enabled, *others, bundle, *ordered)) {
-      return DoNotFit(bundle, *wrong);
+    if (!enabled) return DoNotFit(bundle, enabled.failure());
+    if (auto done = CheckEnabled(*enabled, *others, bundle, *ordered); !done) {
+      return DoNotFit(bundle, done.failure());
     }
   }
   return JoinBlocks(*parts);
@@ -179,7 +179,7 @@ Expected<DisabledPPD> DisableOptions(std::string_view ppd) {
   Expected<BlockedPPD> parts = SplitBlocks(ppd);
   if (!parts) return parts.failure();
   Expected<PPDFile> base = ParsePPD(parts->base);
-  if (!base) return CannotParse(base.message());
+  if (!base) return CannotParse(base.failure());
   DisabledPPD disabled{.text = std::move(parts->base), .bundles = {}};
   for (OptionBlock &block : parts->blocks) disabled.bundles.push_back(std::move(block.bundle));
   return disabled;

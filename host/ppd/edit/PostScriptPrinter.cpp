@@ -1,6 +1,7 @@
 #include "host/ppd/edit/PostScriptPrinter.h"
 
 #include <charconv>
+#include <optional>
 #include <sstream>
 #include <vector>
 
@@ -62,67 +63,69 @@ bool JustPassesOn(std::string_view command) {
   return Trimmed(rest) == "cat";
 }
 
-std::optional<std::string> WhyNotThroughFoomatic(const PPDFile &ppd) {
+Expected<void> CheckThroughFoomatic(const PPDFile &ppd) {
   for (const char *keyword : {"FoomaticRIPCommandLinePDF", "FoomaticRIPPostPipe"}) {
     if (ppd.Attribute(keyword)) {
-      return Localized("its filter foomatic-rip sends documents through another program (*%1)",
-                       {keyword});
+      return Failure{Localized(
+          "its filter foomatic-rip sends documents through another program (*%1)", {keyword})};
     }
   }
   const std::string command = ppd.Attribute("FoomaticRIPCommandLine").value_or("");
   if (!JustPassesOn(command)) {
-    return Localized(
-        "its filter foomatic-rip makes something else of PostScript, with the command %1",
-        {Quoted(command)});
+    return Failure{
+        Localized("its filter foomatic-rip makes something else of PostScript, with the command %1",
+                  {Quoted(command)})};
   }
   for (const std::string &option : ppd.Attributes("FoomaticRIPOption")) {
     if (option.find("CmdLine") != std::string::npos) {
-      return Localized(
+      return Failure{Localized(
           "an option of its changes what its filter foomatic-rip does (*FoomaticRIPOption: %1)",
-          {option});
+          {option})};
     }
   }
-  return std::nullopt;
+  return {};
 }
 
-std::optional<std::string> WhyNotThrough(const Filter &filter, const PPDFile &ppd) {
-  if (filter.program == kFoomatic) return WhyNotThroughFoomatic(ppd);
+Expected<void> CheckThrough(const Filter &filter, const PPDFile &ppd) {
+  if (filter.program == kFoomatic) return CheckThroughFoomatic(ppd);
   if (filter.program != "-") {
-    return Localized(
+    return Failure{Localized(
         "it does not get PostScript as the print system makes it, but %1 through the filter %2",
-        {filter.type, filter.program});
+        {filter.type, filter.program})};
   }
-  if (filter.type == kPostScript) return std::nullopt;
-  return Localized("it gets documents of the type %1 as they are, without the code of its options",
-                   {filter.type});
+  if (filter.type == kPostScript) return {};
+  return Failure{
+      Localized("it gets documents of the type %1 as they are, without the code of its options",
+                {filter.type})};
 }
 
-std::optional<std::string> WhyNotLanguageLevel(const PPDFile &ppd) {
+Expected<void> CheckLanguageLevel(const PPDFile &ppd) {
   const std::optional<std::string> value = ppd.Attribute("LanguageLevel");
   if (!value) {
-    return Localized("its PPD file does not say which *LanguageLevel of PostScript it has");
+    return Failure{
+        Localized("its PPD file does not say which *LanguageLevel of PostScript it has")};
   }
   const std::string_view text = Trimmed(*value);
   int level = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), level);
-  if (error == std::errc() && end == text.data() + text.size() && level >= 2) return std::nullopt;
-  return Localized("its PostScript is of *LanguageLevel %1; options need 2 or more",
-                   {Quoted(text)});
+  if (error == std::errc() && end == text.data() + text.size() && level >= 2) return {};
+  return Failure{
+      Localized("its PostScript is of *LanguageLevel %1; options need 2 or more", {Quoted(text)})};
 }
 
 }  // namespace
 
-std::optional<std::string> WhyNotPostScript(const PPDFile &ppd) {
+Expected<void> CheckTakesPostScript(const PPDFile &ppd) {
   bool has_filter = false;
   bool gets_postscript = false;
   for (const Filter &filter : FiltersOf(ppd)) {
     has_filter = true;
     if (!IsForDocuments(filter)) continue;
-    if (auto reason = WhyNotThrough(filter, ppd)) return reason;
+    if (auto through = CheckThrough(filter, ppd); !through) return through;
     gets_postscript = gets_postscript || filter.type == kPostScript;
   }
   if (has_filter && !gets_postscript) {
-    return Localized("none of its filters is for PostScript (%1)", {kPostScript});
+    return Failure{Localized("none of its filters is for PostScript (%1)", {kPostScript})};
   }
-  return WhyNotLanguageLevel(ppd);
+  return CheckLanguageLevel(ppd);
 }

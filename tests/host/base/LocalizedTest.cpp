@@ -53,6 +53,28 @@ TEST(Localized, ReportsAreInEnglish) {
   EXPECT_EQ("Drucker", Localized("Printer"));
 }
 
+TEST(LocalizedCount, WithoutATranslationIsTheTextWithTheNumber) {
+  EXPECT_EQ("a and 1 more", LocalizedCount("%1 and %2 more", {"a"}, 1));
+}
+
+TEST(LocalizedCount, IsInTheFormOfTheNumber) {
+  const Translation czech = {{"en", "cs"},
+                             {"%1 and %2 more", "%1 a %2 dalších"},
+                             {"%1 and %2 more|one", "%1 a jeden další"},
+                             {"%1 and %2 more|few", "%1 a %2 další"}};
+  const TextsOf texts(&czech);
+  EXPECT_EQ("a a jeden další", LocalizedCount("%1 and %2 more", {"a"}, 1));
+  EXPECT_EQ("a a 3 další", LocalizedCount("%1 and %2 more", {"a"}, 3));
+  EXPECT_EQ("a a 5 dalších", LocalizedCount("%1 and %2 more", {"a"}, 5));
+}
+
+TEST(LocalizedCount, FitsEveryNumberWhereThereAreNoForms) {
+  const Translation russian = {{"en", "ru"}, {"%1 and %2 more", "%1 и еще %2"}};
+  const TextsOf texts(&russian);
+  EXPECT_EQ("a и еще 1", LocalizedCount("%1 and %2 more", {"a"}, 1));
+  EXPECT_EQ("a и еще 22", LocalizedCount("%1 and %2 more", {"a"}, 22));
+}
+
 TEST(Filled, APlaceInAPartIsNone) { EXPECT_EQ("%2 b", Filled("%1 %2", {"%2", "b"})); }
 
 TEST(Filled, APlaceWithoutAPartStays) { EXPECT_EQ("a %2 %0", Filled("%1 %2 %0", {"a"})); }

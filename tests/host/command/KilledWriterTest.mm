@@ -9,6 +9,7 @@
 #include <random>
 #include <thread>
 
+#include "host/job/SettingOptions.h"
 #include "host/presets/PresetStore.h"
 #include "host/job/SettingOptions.h"
 #include "host/presets/Ticket.h"

@@ -28,8 +28,8 @@ TEST(PageRanges, AreNoneForNothingButBlanks) {
 TEST(PageRanges, ArePagesAndRanges) {
   EXPECT_EQ("7", Pages("7"));
   EXPECT_EQ("2-4", Pages("2-4"));
-  EXPECT_EQ("1-3,5,8-9999", Pages("1-3, 5, 8-"));
-  EXPECT_EQ("9999", Pages("9999"));
+  EXPECT_EQ("1-3,5,8-2147483647", Pages("1-3, 5, 8-"));
+  EXPECT_EQ("2147483647", Pages("2147483647"));
 }
 
 TEST(PageRanges, MayHaveBlanksAndZerosAroundNumbers) {
@@ -38,7 +38,7 @@ TEST(PageRanges, MayHaveBlanksAndZerosAroundNumbers) {
 
 TEST(PageRanges, OfOnePageAreThatPage) {
   EXPECT_EQ("5", Pages("5-5"));
-  EXPECT_EQ("9999", Pages("9999-"));
+  EXPECT_EQ("2147483647", Pages("2147483647-"));
 }
 
 TEST(PageRanges, ComeInRisingOrder) { EXPECT_EQ("1,3-4,8", Pages("8, 3-4, 1")); }
@@ -48,7 +48,8 @@ TEST(PageRanges, ThatOverlapOrFollowEachOtherBecomeOne) {
   EXPECT_EQ("1-9", Pages("1-9, 3-4"));
   EXPECT_EQ("1-4", Pages("1-2, 3-4"));
   EXPECT_EQ("2", Pages("2, 2"));
-  EXPECT_EQ("1-9999", Pages("5-, 1-4, 7-"));
+  EXPECT_EQ("1-2147483647", Pages("5-, 1-4, 7-"));
+  EXPECT_EQ("1-2147483647", Pages("1-, 2147483647"));
   EXPECT_EQ("1-2,4", Pages("1-2, 4"));
 }
 
@@ -63,8 +64,10 @@ TEST(PageRanges, CountPagesFromOne) {
 }
 
 TEST(PageRanges, EndAtTheLastPageThatThereCanBe) {
-  EXPECT_EQ("failure: page \"10000\" is too high; the last page can be 9999", Pages("10000"));
-  EXPECT_EQ("failure: page \"99999999999999999999\" is too high; the last page can be 9999",
+  EXPECT_EQ("10000", Pages("10000"));
+  EXPECT_EQ("failure: page \"2147483648\" is too high; the last page can be 2147483647",
+            Pages("2147483648"));
+  EXPECT_EQ("failure: page \"99999999999999999999\" is too high; the last page can be 2147483647",
             Pages("1-99999999999999999999"));
 }
 
@@ -105,6 +108,19 @@ TEST(PageRanges, CanBeMany) {
   const std::string value = Pages(typed);
   EXPECT_THAT(value, StartsWith("1,3,5,7,"));
   EXPECT_THAT(value, EndsWith(",9997,9999"));
+}
+
+TEST(PageRanges, AreTypedWithoutTheLastPageThatThereCanBe) {
+  EXPECT_EQ("8-", TypedPageRanges(*ParsePageRanges("8-")));
+  EXPECT_EQ("1-3,8-", TypedPageRanges(*ParsePageRanges("1-3, 8-")));
+  EXPECT_EQ("", TypedPageRanges(AllPages()));
+  for (const std::string typed : {"", "5", "1-3,5", "2147483647", "1-9999"}) {
+    EXPECT_EQ(typed, TypedPageRanges(typed));
+  }
+}
+
+TEST(PageRanges, OfAllPagesAreThoseFromTheFirstOn) {
+  EXPECT_EQ(AllPages(), *ParsePageRanges("1-"));
 }
 
 TEST(Copies, AreAWholeNumber) {

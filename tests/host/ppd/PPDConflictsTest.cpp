@@ -4,6 +4,8 @@
 #include <set>
 #include <stdexcept>
 
+#include "host/ppd/CupsOptions.h"
+#include "host/ppd/Marks.h"
 #include "host/ppd/PPDFile.h"
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/TestPPD.h"
@@ -241,6 +243,19 @@ TEST(PPDConflicts, AreThoseThatLibcupsFinds) {
   }
   EXPECT_GT(in_conflict, 100);
   EXPECT_LT(in_conflict, 500);
+}
+
+// Otherwise the constraints need not be read here.
+TEST(PPDConflicts, AreNotToldByLibcupsAsPairs) {
+  const PPDFile ppd = OpenText(ThreeOptions(kNewConstraint));
+  const JobOptions job = Changed(kBothSidesOfTransparencies, {{"VQ1", "A"}, {"VQ2", "A"}});
+  EXPECT_EQ((Lines{"Duplex=DuplexTumble/MediaType=Transparency", "VQ1=A/VQ2=A"}),
+            Described(ppd.Conflicts(job)));
+  const Marks marks(ppd.get(), job);
+  cups_option_t *options = nullptr;
+  const int count = cupsGetConflicts(ppd.get(), "VQ1", "A", &options);
+  EXPECT_EQ((JobOptions{{"Duplex", "DuplexTumble"}, {"MediaType", "Transparency"}, {"VQ2", "A"}}),
+            CupsOptions(count, options).Content());
 }
 
 TEST(PPDResolution, IsEmptyWithoutConflicts) {

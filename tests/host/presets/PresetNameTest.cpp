@@ -104,10 +104,3 @@ TEST(PresetName, OtherFilesAreNoPresets) {
     EXPECT_EQ(std::nullopt, PresetNameOfFile(file)) << file;
   }
 }
-
-TEST(PresetName, SortsLettersOfEitherCaseSideBySide) {
-  const std::vector<std::string> sorted = {"1", "A", "a", "AB", "Ab", "ab", "b", "C", "ä"};
-  std::vector<std::string> names(sorted.rbegin(), sorted.rend());
-  std::sort(names.begin(), names.end(), PresetNameComesBefore);
-  EXPECT_EQ(sorted, names);
-}

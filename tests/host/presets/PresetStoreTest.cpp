@@ -77,14 +77,14 @@ TEST_F(PresetStoreTest, ListsWhatWasSaved) {
 }
 
 TEST_F(PresetStoreTest, ListsByName) {
-  for (const char *name : {"b", "a", "C", "B"}) Save(name);
-  EXPECT_EQ((Names{"a", "B", "b", "C"}), NamesIn(store()));
+  for (const char *name : {"b", "a", "C", "B", "Draft 10", "Draft 2"}) Save(name);
+  EXPECT_EQ((Names{"a", "b", "B", "C", "Draft 2", "Draft 10"}), NamesIn(store()));
 }
 
 TEST_F(PresetStoreTest, NamesThatDifferInCaseAreDifferentPresets) {
   Save("draft", "small");
   Save("Draft", "large");
-  EXPECT_EQ((Names{"Draft", "draft"}), NamesIn(store()));
+  EXPECT_EQ((Names{"draft", "Draft"}), NamesIn(store()));
   EXPECT_EQ("small", ContentOf(store().Find("draft")->path));
   EXPECT_EQ("large", ContentOf(store().Find("Draft")->path));
   EXPECT_EQ(std::nullopt, store().Find("DRAFT"));

@@ -141,6 +141,65 @@ TEST(CheckStrings, FindsLineEndsThatAreMissing) {
             project.MistakesWithGerman("\"a\\nb\" = \"c d\";\n"));
 }
 
+namespace {
+
+// What is wrong with the forms of a text with a number in this language.
+std::string MistakesInForms(const std::string &language, const std::string &forms) {
+  SmallProject project;
+  project.Write("host/base/Text.cpp",
+                "auto text = LocalizedCount(\"%1 and %2 more\", {name}, 5) + Localized(\"en\");\n");
+  project.Write("host/strings/en.lproj/pdeprint.strings",
+                "\"%1 and %2 more\" = \"%1 and %2 more\";\n\"en\" = \"en\";\n");
+  project.WriteGerman("\"%1 and %2 more\" = \"%1 und %2\";\n\"en\" = \"de\";\n");
+  const std::string table = "strings/" + language + ".lproj/pdeprint.strings";
+  project.Write("host/" + table,
+                "\"%1 and %2 more\" = \"%1, %2\";\n\"en\" = \"" + language + "\";\n" + forms);
+  const std::string mistakes = project.Mistakes();
+  return mistakes.starts_with(table + ": ") ? mistakes.substr(table.size() + 2) : mistakes;
+}
+
+std::string Form(const std::string &form, const std::string &text) {
+  return "\"%1 and %2 more|" + form + "\" = \"" + text + "\";\n";
+}
+
+}  // namespace
+
+TEST(CheckStrings, TakesTextsWithNumbersInOneFormOrInAll) {
+  EXPECT_EQ("", MistakesInForms("cs", ""));
+  EXPECT_EQ("", MistakesInForms("cs", Form("one", "%1 a %2") + Form("few", "%1 a %2")));
+  EXPECT_EQ("", MistakesInForms("sv", Form("one", "%1 och %2")));
+}
+
+TEST(CheckStrings, FindsFormsThatAreMissingOrTooMany) {
+  EXPECT_EQ("\"%1 and %2 more\" has the forms one; it needs few one besides its own text\n",
+            MistakesInForms("cs", Form("one", "%1 a %2")));
+  EXPECT_EQ("\"%1 and %2 more\" has the forms few one; it needs one besides its own text\n",
+            MistakesInForms("sv", Form("one", "%1 och %2") + Form("few", "%1 och %2")));
+  EXPECT_EQ("\"%1 and %2 more\" has the forms one; it needs none besides its own text\n",
+            MistakesInForms("ja", Form("one", "%1 %2")));
+}
+
+TEST(CheckStrings, FindsPlacesThatAFormHasNot) {
+  EXPECT_EQ("", MistakesInForms("sv", Form("one", "%1 och en till")));
+  EXPECT_EQ("\"en till\" has not the places of \"%1 and %2 more\"\n",
+            MistakesInForms("sv", Form("one", "en till")));
+  EXPECT_EQ("\"%1 a\" has not the places of \"%1 and %2 more\"\n",
+            MistakesInForms("cs", Form("one", "%1 a jeden") + Form("few", "%1 a")));
+}
+
+TEST(CheckStrings, FindsFormsOfTextsWithoutANumber) {
+  EXPECT_EQ(kTable + "\"all|one\" is not in the English table\n",
+            SmallProject().MistakesWithGerman(std::string(kGerman) + "\"all|one\" = \"eins\";\n"));
+}
+
+TEST(CheckStrings, FindsATableThatNamesAnotherLanguage) {
+  SmallProject project;
+  project.Write("host/base/Text.cpp", "auto text = Localized(\"en\");\n");
+  project.Write("host/strings/en.lproj/pdeprint.strings", "\"en\" = \"en\";\n");
+  EXPECT_EQ(kTable + "the text of \"en\" is not \"de\"\n",
+            project.MistakesWithGerman("\"en\" = \"fr\";\n"));
+}
+
 TEST(CheckStrings, FindsWhereATableIsDamaged) {
   const std::string mistakes =
       SmallProject().MistakesWithGerman("\"%1 of %2\" = \"%1/%2\";\n\"all\" = alle;\n");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/ppd/PPDSource.h"
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/TestPPD.h"
 
 namespace {
@@ -18,7 +19,7 @@ std::string Replaced(std::string text, const std::string &what, const std::strin
 
 std::string WhyNotText(const std::string &text) {
   Expected<PPDFile> ppd = ParsePPD(text);
-  return ppd ? WhyNotPostScript(*ppd).value_or("") : "unreadable: " + ppd.message();
+  return ppd ? MessageOf(CheckTakesPostScript(*ppd)) : "unreadable: " + ppd.message();
 }
 
 std::string WhyNot(const std::string &lines) { return WhyNotText(TestPPD::Text(lines)); }
