@@ -14,7 +14,7 @@ bool IsSame(LayoutSize one, LayoutSize other) {
 }  // namespace
 
 LayoutSize FittedSize::Next(LayoutSize wanted, LayoutSize now, LayoutSize limit) {
-  const LayoutSize size = Intersection(wanted, limit);
-  fitted_ = IsSame(now, fitted_) ? size : Union(size, now);
+  if (!IsSame(now, fitted_)) chosen_ = now;
+  fitted_ = Union(Intersection(wanted, limit), chosen_);
   return fitted_;
 }

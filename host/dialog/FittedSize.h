@@ -16,6 +16,7 @@ class FittedSize {
 
  private:
   LayoutSize fitted_;  // the one answered last: any other one is the user's
+  LayoutSize chosen_;  // by the user; empty: none
 };
 
 #endif

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "host/base/Retained.h"
 #include "host/cups/PrintServer.h"
 #include "host/dialog/JobSender.h"
 #include "host/dialog/PrintDialogJob.h"

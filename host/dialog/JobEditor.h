@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "host/base/Retained.h"
 #include "host/cups/Queue.h"
 #include "host/dialog/ActionTarget.h"
 #include "host/dialog/ConflictQuestions.h"

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "host/base/Retained.h"
 #include "host/cups/Queue.h"
 #include "host/dialog/ActionTarget.h"
 #import "host/dialog/DialogWindow.h"

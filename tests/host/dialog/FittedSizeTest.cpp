@@ -24,7 +24,17 @@ TEST(FittedSize, IsNotLargerThanTheScreen) {
 
 TEST(FittedSize, StaysWhereTheUserHasMadeItLarger) {
   FittedSize size(kFirst);
-  EXPECT_EQ((LayoutSize{800, 480}), size.Next({600, 400}, {800, 480}, kScreen));
+  const LayoutSize chosen = {800, 480};
+  EXPECT_EQ(chosen, size.Next({600, 400}, chosen, kScreen));
+  EXPECT_EQ(chosen, size.Next({560, 420}, chosen, kScreen)) << "however often it is asked for";
+  EXPECT_EQ((LayoutSize{800, 600}), size.Next({560, 600}, chosen, kScreen));
+  EXPECT_EQ(chosen, size.Next({560, 420}, {800, 600}, kScreen)) << "no larger than was needed";
+}
+
+TEST(FittedSize, TakesTheUsersLatestWord) {
+  FittedSize size(kFirst);
+  EXPECT_EQ((LayoutSize{800, 700}), size.Next({600, 400}, {800, 700}, kScreen));
+  EXPECT_EQ((LayoutSize{700, 500}), size.Next({600, 400}, {700, 500}, kScreen));
 }
 
 TEST(FittedSize, GrowsOverASizeThatTheUserHasMadeSmaller) {
