@@ -1,63 +1,15 @@
 #import "host/dialog/PrintDialogView.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "host/base/Localized.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/KeyViewLoop.h"
 #include "host/dialog/PlatformGeometry.h"
+#import "host/dialog/PrintDialogControls.h"
 #include "host/dialog/PrintDialogLayout.h"
-
-namespace {
-
-NSTextField *Notices() {
-  NSTextField *notices = Label(@"");
-  [notices setDrawsBackground:YES];
-  [notices setBackgroundColor:[NSColor colorWithCalibratedRed:1 green:0.96 blue:0.80 alpha:1]];
-  [notices setBordered:YES];
-  [notices setHidden:YES];
-  return notices;
-}
-
-// What explains the control above it or before it.
-NSTextField *Remark(const std::string &text) {
-  NSTextField *remark = Label(String(text));
-  [remark setTextColor:[NSColor colorWithCalibratedWhite:0.35 alpha:1]];
-  return remark;
-}
-
-NSStepper *CopiesStepper() {
-  NSStepper *stepper = [[[NSStepper alloc] initWithFrame:NSZeroRect] autorelease];
-  [stepper setMinValue:1];
-  [stepper setMaxValue:9999];
-  [stepper setValueWraps:NO];
-  [stepper setIntValue:1];
-  return stepper;
-}
-
-NSBox *Line() {
-  NSBox *line = [[[NSBox alloc] initWithFrame:NSZeroRect] autorelease];
-  [line setBoxType:NSBoxSeparator];
-  return line;
-}
-
-NSTextField *ProgressText() {
-  NSTextField *text = Label(@"");
-  [[text cell] setWraps:NO];
-  return text;
-}
-
-NSProgressIndicator *ProgressBar() {
-  NSProgressIndicator *bar = [[[NSProgressIndicator alloc] initWithFrame:NSZeroRect] autorelease];
-  [bar setIndeterminate:NO];
-  [bar setMinValue:0];
-  [bar setMaxValue:1];
-  [bar setHidden:YES];
-  return bar;
-}
-
-}  // namespace
 
 @implementation PrintDialogView
 
@@ -79,10 +31,10 @@ NSProgressIndicator *ProgressBar() {
     [self addSubview:view];
     return view;
   };
-  _notices = add(Notices());
+  _notices = add(NoticesLabel());
   _printerCaption = add(Caption(Localized("Printer")));
   _printers = add(PopUpButton(nil, nullptr));
-  _printerInfo = add(Remark(""));
+  _printerInfo = add(RemarkLabel(""));
   _presetCaption = add(Caption(Localized("Presets")));
   _presets = add(PopUpButton(nil, nullptr));
   _copiesCaption = add(Caption(Localized("Copies")));
@@ -90,15 +42,15 @@ NSProgressIndicator *ProgressBar() {
   _copiesStepper = add(CopiesStepper());
   _pagesCaption = add(Caption(Localized("Pages")));
   _pages = add(TextBox(nil));
-  _pagesHint = add(Remark(Localized("such as 1-3, 5; empty: all")));
-  _leftLine = add(Line());
-  _rightLine = add(Line());
+  _pagesHint = add(RemarkLabel(Localized("such as 1-3, 5; empty: all")));
+  _leftLine = add(SeparatorLine());
+  _rightLine = add(SeparatorLine());
   _panels = add(PopUpButton(nil, nullptr));
   _panelArea = add([[[PanelArea alloc] initWithFrame:NSZeroRect] autorelease]);
-  _lowerLine = add(Line());
+  _lowerLine = add(SeparatorLine());
   _help = add(PushButton(@"?", nil, nullptr));
   [_help setToolTip:String(Localized("Help"))];
-  _progressText = add(ProgressText());
+  _progressText = add(ProgressLabel());
   _progress = add(ProgressBar());
   _cancel = add(PushButton(String(Localized("Cancel")), nil, nullptr));
   _print = add(PushButton(String(Localized("Print")), nil, nullptr));

@@ -10,7 +10,7 @@ const SummarizedJob kJob = {
 }  // namespace
 
 OBJC_TEST(JobSummary, SaysWhereWhatAndHowMuchIsPrinted) {
-  Bundles bundles;
+  Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   session.UsePrinter(std::nullopt, {});
   EXPECT_EQ((SummarySection{
@@ -20,7 +20,7 @@ OBJC_TEST(JobSummary, SaysWhereWhatAndHowMuchIsPrinted) {
 }
 
 OBJC_TEST(JobSummary, HasNoDocumentWhereNothingIsPrintedAndSaysThatAllPagesAre) {
-  Bundles bundles;
+  Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   session.UsePrinter(std::nullopt, {});
   EXPECT_EQ(
@@ -29,7 +29,7 @@ OBJC_TEST(JobSummary, HasNoDocumentWhereNothingIsPrintedAndSaysThatAllPagesAre) 
 }
 
 OBJC_TEST(JobSummary, ListsThePrintersOptionsThatAreNotAsThePrinterHasThem) {
-  Bundles bundles;
+  Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   session.UsePrinter(ColorPPD(), {{"PageSize", "A3"}});
   const size_t without_options = 4;
@@ -46,7 +46,7 @@ OBJC_TEST(JobSummary, ListsThePrintersOptionsThatAreNotAsThePrinterHasThem) {
 }
 
 OBJC_TEST(JobSummary, ListsACustomValueAsItIs) {
-  Bundles bundles;
+  Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   session.UsePrinter(PlainPPD("*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n"
                               "*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"

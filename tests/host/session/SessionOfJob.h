@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "host/job/SettingOptions.h"
 #include "host/session/JobSession.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/NumberingPPD.h"
