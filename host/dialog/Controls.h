@@ -7,8 +7,7 @@
 
 #include <string>
 
-inline constexpr CGFloat kControlHeight = 24;
-inline constexpr CGFloat kLineHeight = 18;
+#include "host/dialog/LayoutGeometry.h"
 
 /// A view whose coordinates run downwards.
 @interface FlippedView : NSView

@@ -1,15 +1,15 @@
 #import "host/dialog/FocusRing.h"
 
+#import "host/dialog/Focus.h"
+
 namespace {
 
 const CGFloat kDistance = 3;  // of the ring's outer edge from the control
 const CGFloat kWidth = 2;
 
 NSControl *FocusedControl(NSWindow *window) {
-  id focus = [window firstResponder];
-  // A field editor stands for the control that it edits.
-  if ([focus isKindOfClass:[NSText class]] && [focus isFieldEditor]) focus = [focus delegate];
-  return [focus isKindOfClass:[NSControl class]] ? focus : nil;
+  NSView *focus = FocusedView(window);
+  return [focus isKindOfClass:[NSControl class]] ? (NSControl *)focus : nil;
 }
 
 }  // namespace

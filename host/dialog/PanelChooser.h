@@ -7,12 +7,12 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
+#include <vector>
 
-#import "host/dialog/OptionsView.h"
+#include "host/base/Retained.h"
+#include "host/dialog/OwnPanel.h"
 #import "host/dialog/PrintDialogView.h"
-#import "host/dialog/SummaryView.h"
 #include "host/session/JobSession.h"
 
 class PanelChooser {
@@ -20,13 +20,14 @@ class PanelChooser {
   struct Callbacks {
     std::function<void()> shown;            // another panel than before
     std::function<void()> panels_left_out;  // some showed a fault
-    // A panel stays, or does not save; or an option of the printer cannot be changed.
+    // A panel stays, or does not save.
     std::function<void(const std::string &message)> refused;
-    std::function<void(const std::string &keyword)> option_chosen;  // among the printer's options
-    std::function<std::vector<SummarySection>()> job_summary;       // what precedes the panels' own
   };
 
-  PanelChooser(PrintDialogView *view, JobSession &session, Callbacks callbacks);
+  // The dialog's own panels follow those of the extensions; the last one always has something to
+  // show.
+  PanelChooser(PrintDialogView *view, JobSession &session,
+               std::vector<std::unique_ptr<OwnPanel>> own_panels, Callbacks callbacks);
   ~PanelChooser();
 
   // Fills the pop-up with the session's panels, and shows the one that was shown last, or else the
@@ -45,24 +46,24 @@ class PanelChooser {
 
   // Leaves out the panels that have shown a fault. True if the shown one is among them, and gone.
   bool DropFaulty();
-  // The extension panel that is shown, if one is.
-  ExtensionPanel *shown() const { return shown_.get(); }
+  // What is shown needs, if no extension's panel is to scroll: what most panels need, or more.
+  NSSize Size() const;
 
  private:
-  void Show(const std::string &kind);
-  void ShowChoices();
-  bool ShowPanel(std::shared_ptr<ExtensionPanel> panel);
-  Expected<void> SaveShown();
   void Fill();
   void SelectShown();
+  void Show(const std::string &kind);
+  void ShowOwn(OwnPanel &panel);
+  bool ShowExtension(std::shared_ptr<ExtensionPanel> panel);
+  Expected<void> SaveShown();
+
   Retained<PrintDialogView *> view_;
   JobSession &session_;
+  const std::vector<std::unique_ptr<OwnPanel>> own_panels_;
   Callbacks callbacks_;
-  std::shared_ptr<ExtensionPanel> shown_;
-  std::string kind_;    // of what is shown
+  std::shared_ptr<ExtensionPanel> shown_;  // null: an own panel is, or none
+  std::string kind_;                       // of what is shown
   std::string wanted_;  // likewise, of what the user chose last; empty: the first
-  Retained<OptionsView *> options_;
-  Retained<SummaryView *> summary_;
 };
 
 #endif

@@ -1,23 +1,30 @@
 #include "host/dialog/PanelChooser.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "host/base/Localized.h"
 #import "host/dialog/Appearance.h"
 #import "host/dialog/Controls.h"
 
-#include "host/base/Localized.h"
-
 namespace {
 
-// The dialog's own panels; no extension's kind looks like these.
-const char kOptionsKind[] = "pdeprint options";
-const char kSummaryKind[] = "pdeprint summary";
+const NSSize kUsualSize = {520, 216};
+
+// That of the kind; the end: there is none.
+template <typename Panels>
+auto FindPanel(const Panels &panels, const std::string &kind) {
+  return std::find_if(panels.begin(), panels.end(),
+                      [&kind](const auto &panel) { return panel->kind() == kind; });
+}
 
 }  // namespace
 
-PanelChooser::PanelChooser(PrintDialogView *view, JobSession &session, Callbacks callbacks)
+PanelChooser::PanelChooser(PrintDialogView *view, JobSession &session,
+                           std::vector<std::unique_ptr<OwnPanel>> own_panels, Callbacks callbacks)
     : view_(Retained<PrintDialogView *>::Share(view)),
       session_(session),
+      own_panels_(std::move(own_panels)),
       callbacks_(std::move(callbacks)) {}
 
 // A click in a panel's view afterwards would reach a panel that is gone.
@@ -34,65 +41,32 @@ void PanelChooser::Fill() {
   for (const auto &panel : session_.panels()) {
     AddItem(pop_up, String(panel->name()), String(panel->kind()));
   }
-  const std::vector<PPDOption> options = session_.OtherOptions();
-  options_ = Retained<OptionsView *>();
-  if (!options.empty()) {
-    options_ = Retained<OptionsView *>::Adopt([[OptionsView alloc]
-        initWithOptions:options
-             whenChosen:[this](const std::string &keyword, const std::string &choice) {
-               if (const auto changed = session_.ChangeOption(keyword, choice); !changed) {
-                 ShowChoices();
-                 return callbacks_.refused(changed.message());
-               }
-               callbacks_.option_chosen(keyword);
-             }]);
-    AddItem(pop_up, String(Localized("Printer Options")), String(kOptionsKind));
+  for (const auto &panel : own_panels_) {
+    if (panel->Prepare()) AddItem(pop_up, String(panel->title()), String(panel->kind()));
   }
-  AddItem(pop_up, String(Localized("Summary")), String(kSummaryKind));
 }
 
+// Where there is none of this kind, the first one.
 void PanelChooser::Show(const std::string &kind) {
   NSPopUpButton *pop_up = [view_.get() panels];
-  NSInteger index = [pop_up indexOfItemWithRepresentedObject:String(kind)];
-  if (index < 0) index = 0;
-  const std::string wanted = Text([[pop_up itemAtIndex:index] representedObject]);
-  [pop_up selectItemAtIndex:index];
+  const NSInteger index = [pop_up indexOfItemWithRepresentedObject:String(kind)];
+  [pop_up selectItemAtIndex:index < 0 ? 0 : index];
+  kind_ = Text([[pop_up selectedItem] representedObject]);
   shown_.reset();
-  kind_ = wanted;
-  if (wanted == kOptionsKind) {
-    ShowChoices();
-    [view_.get() setPanelView:options_.get()];
-    return callbacks_.shown();
+  if (const auto own = FindPanel(own_panels_, kind_); own != own_panels_.end()) {
+    ShowOwn(**own);
+  } else if (!ShowExtension(*FindPanel(session_.panels(), kind_))) {
+    return Show("");
   }
-  if (wanted == kSummaryKind) {
-    if (summary_.get() == nil) {
-      summary_ = Retained<SummaryView *>::Adopt([[SummaryView alloc] initWithFrame:NSZeroRect]);
-    }
-    std::vector<SummarySection> sections = callbacks_.job_summary();
-    for (SummarySection &section : session_.Summary()) sections.push_back(std::move(section));
-    [view_.get() setPanelView:nil];
-    [summary_.get() showSections:sections];
-    [view_.get() setPanelView:summary_.get()];
-    DropFaulty();
-    return callbacks_.shown();
-  }
-  const auto panel = std::find_if(session_.panels().begin(), session_.panels().end(),
-                                  [&wanted](const auto &known) { return known->kind() == wanted; });
-  if (!ShowPanel(*panel)) return Show("");
   callbacks_.shown();
 }
 
-void PanelChooser::ShowChoices() {
-  [options_.get()
-      showChoices:[this](const std::string &keyword) {
-        Expected<std::string> choice = session_.Choice(keyword);
-        if (choice) return *choice;
-        callbacks_.refused(choice.message());
-        return std::string();
-      }];
+void PanelChooser::ShowOwn(OwnPanel &panel) {
+  [view_.get() setPanelView:panel.View()];
+  if (panel.AsksExtensions()) DropFaulty();
 }
 
-bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {
+bool PanelChooser::ShowExtension(std::shared_ptr<ExtensionPanel> panel) {
   NSView *view = panel->View();
   if (view != nil) {
     if (const auto restored = panel->Restore(); !restored && !panel->fault()) {
@@ -110,7 +84,6 @@ bool PanelChooser::ShowPanel(std::shared_ptr<ExtensionPanel> panel) {
 void PanelChooser::ShowChosen() {
   const std::string chosen = Text([[[view_.get() panels] selectedItem] representedObject]);
   if (chosen == kind_) return;
-  const std::string before = kind_;
   if (!TakeAway()) {
     SelectShown();
     return;
@@ -174,6 +147,14 @@ bool PanelChooser::WantsHelp() {
   return wanted;
 }
 
+NSSize PanelChooser::Size() const {
+  NSView *panel = shown_ == nullptr ? nil : [view_.get() panelView];
+  if (panel == nil) return kUsualSize;
+  const NSSize size = [panel frame].size;
+  return NSMakeSize(std::max(kUsualSize.width, size.width),
+                    std::max(kUsualSize.height, size.height));
+}
+
 bool PanelChooser::DropFaulty() {
   const auto &panels = session_.panels();
   if (std::none_of(panels.begin(), panels.end(),
@@ -187,7 +168,6 @@ bool PanelChooser::DropFaulty() {
   }
   session_.DropFaultyPanels();
   callbacks_.panels_left_out();
-  const std::string kind = kind_;
   Fill();
   if (!shown_is_faulty) SelectShown();
   return shown_is_faulty;

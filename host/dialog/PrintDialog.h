@@ -5,45 +5,29 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include <chrono>
-#include <filesystem>
-#include <functional>
-#include <memory>
 #include <optional>
-#include <set>
 #include <string>
-#include <vector>
 
-#include "host/cups/PrintServer.h"
+#include "host/base/Retained.h"
+#include "host/cups/Queue.h"
 #include "host/dialog/ActionTarget.h"
 #import "host/dialog/DialogWindow.h"
-#include "host/dialog/JobSender.h"
-#include "host/dialog/PanelChooser.h"
-#include "host/dialog/PresetChooser.h"
+#include "host/dialog/JobDelivery.h"
+#include "host/dialog/JobEditor.h"
+#include "host/dialog/Notices.h"
+#include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
 #include "host/dialog/PrinterChooser.h"
 #import "host/dialog/WaitingView.h"
+#include "host/dialog/WindowFitter.h"
 #include "host/extension/Extensions.h"
 #include "host/presets/PresetStore.h"
 #include "host/session/JobSession.h"
 
-struct PrintDialogJob {
-  std::string queue;           // empty: the default one, or else the first
-  std::optional<PPDFile> ppd;  // instead of a queue's: no server is asked, and nothing printed
-  PrintSettings settings;      // to begin with
-  std::string preset;          // whose settings these are; empty: none's
-  std::vector<std::filesystem::path> files;  // none: nothing is printed, the choices are accepted
-  bool waits = false;                        // for the end of the job
-  std::chrono::milliseconds limit{5000};     // for each of the server's answers
-};
-
-enum class DialogEnd {
-  kCanceled,
-  kAccepted,  // the choices hold; nothing was to be printed
-  kPrinted,   // the server has taken the job; where that is waited for, it is complete
-  kJobFailed  // the server has taken the job, but it was canceled or aborted, or not waited for
-};
-
+// The phases of a job: its printer is asked for (PrinterChooser), it is made up (JobEditor), it is
+// printed (JobDelivery). These do not know of each other; what each of them comes to, and what the
+// window then offers, is decided here.
+//
 // Everything is called on the main thread. Nothing but presets is changed outside the process
 // before the end.
 class PrintDialog {
@@ -66,70 +50,50 @@ class PrintDialog {
   // After the end.
   JobSession &session() { return session_; }
   const Queue &queue() const { return queue_; }
-  int job_number() const { return job_number_; }
-  bool has_sent() const { return has_sent_; }  // or has tried to
-  // Of a job that failed, what has become of it: "ID was canceled: REASON".
-  const std::string &failure() const { return failure_; }
+  int job_number() const { return delivery_.job_number(); }
+  bool has_sent() const { return delivery_.has_begun(); }             // or has tried to
+  const std::string &failure() const { return delivery_.failure(); }  // of a job that failed
 
  private:
+  // A printer is asked for, or did not answer; a job can be made up, and printed; it is being sent,
+  // and can be taken back; its end is waited for.
   enum class Phase { kNoPrinter, kReady, kSending, kWaitingForEnd };
+  void SetPhase(Phase phase);
 
+  PrinterChooser::Callbacks CallbacksOfPrinters();
+  JobEditor::Callbacks CallbacksOfEditor();
+  JobDelivery::Callbacks CallbacksOfDelivery();
   void TieControls();
-  void UsePrinter(const Queue &queue, std::optional<PPDFile> ppd);
+
+  void OpenPrinterFromFile();
+  void ChoosePrinter();
   void ShowQuestion(const std::string &question);
   void ShowNoAnswer(const std::string &reason);
-  void ChoosePrinter();
-  void LosePrinter(const std::string &reason);
-  void ApplySettings(PrintSettings settings);
-
-  void ShowFields();
-  void ShowFieldsNotTyped();
-  Expected<void> TakeFields();
-  std::vector<SummarySection> JobSummary();
-  PMPrintSettings SettingsToSave();
+  void UsePrinter(const Queue &queue, std::optional<PPDFile> ppd);
 
   void Accept();
-  bool IsReadyToPrint();
-  bool AskAboutConflicts(const std::string &chosen);
-  void Send();
   void ShowRefusal(const std::string &reason);
   void Cancel();
   void End(DialogEnd end);
 
-  void AfterThisEvent(std::function<void()> work);
-  void SetPhase(Phase phase);
-  void ShowNotes(Notes notes);
-  void AddNote(const std::string &note);
-  void ShowNotices();
-  void TellOfLeftOut();
+  void ShowHelp();
   void FitWindow();
 
   PrintDialogJob job_;
-  Extensions &extensions_;
   JobSession session_;
   Retained<PrintDialogView *> view_;
   Retained<DialogWindow *> window_;
+  WindowFitter fitter_;
   Retained<WaitingView *> waiting_;
   Actions actions_;
-  std::set<std::string> presets_left_out_;  // and why
-  PanelChooser panels_;
-  PresetChooser presets_;
+  Notices notices_;
   PrinterChooser printers_;
-  JobSender sender_;
+  JobEditor editor_;
+  JobDelivery delivery_;
 
-  Poller later_;
-  std::string shown_copies_;  // in the fields, before anything was typed
-  std::string shown_pages_;
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;
   std::optional<DialogEnd> end_;
-  int job_number_ = 0;
-  bool has_sent_ = false;
-  std::string failure_;
-  Notes notes_;  // of what happened last
-  size_t left_out_told_ = 0;
-  std::set<std::set<std::string>> conflicts_shown_;
-  NSSize fitted_size_ = NSZeroSize;
 };
 
 #endif

@@ -1,15 +1,16 @@
-// The controls of the print dialog and where they stand.
+// The controls of the print dialog; PrintDialogLayout says where they stand.
 
 #ifndef HOST_DIALOG_PRINTDIALOGVIEW_H
 #define HOST_DIALOG_PRINTDIALOGVIEW_H
 
 #import <Cocoa/Cocoa.h>
 
-#include <vector>
+#import "host/dialog/PanelArea.h"
 
 /// All controls of the dialog, without targets. Whatever changes their texts sends layOut
 /// afterwards.
 @interface PrintDialogView : NSView {
+  // Its subviews, and retained as such.
   NSTextField *_notices;
   NSTextField *_printerCaption, *_printerInfo;
   NSPopUpButton *_printers;
@@ -20,12 +21,11 @@
   NSStepper *_copiesStepper;
   NSBox *_leftLine, *_rightLine, *_lowerLine;
   NSPopUpButton *_panels;
-  NSScrollView *_area;
+  PanelArea *_panelArea;
   NSButton *_help;
   NSTextField *_progressText;
   NSProgressIndicator *_progress;
   NSButton *_cancel, *_print;
-  std::vector<NSView *> _panelKeyViews;
 }
 
 @property(readonly) NSPopUpButton *printers;

@@ -5,16 +5,14 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include <string>
-#include <utility>
 #include <vector>
 
-using SummarySection = std::pair<std::string, std::vector<std::pair<std::string, std::string>>>;
+#include "host/dialog/SummarySection.h"
 
 /// Titles and values in two columns, under headings; long values wrap.
 @interface SummaryView : NSView
 
-- (void)showSections:(const std::vector<SummarySection> &)sections;
+- (instancetype)initWithSections:(const std::vector<SummarySection> &)sections;
 
 @end
 

@@ -14,12 +14,9 @@ const CGFloat kValueLeft = kTitleWidth + 10;
 
 @implementation SummaryView
 
-- (BOOL)isFlipped {
-  return YES;
-}
-
-- (void)showSections:(const std::vector<SummarySection> &)sections {
-  while ([[self subviews] count] > 0) [[[self subviews] lastObject] removeFromSuperview];
+- (instancetype)initWithSections:(const std::vector<SummarySection> &)sections {
+  self = [super initWithFrame:NSZeroRect];
+  if (self == nil) return nil;
   CGFloat y = 8;
   for (const auto &[heading, lines] : sections) {
     NSTextField *label = Label(String(heading));
@@ -41,6 +38,11 @@ const CGFloat kValueLeft = kTitleWidth + 10;
     y += 8;
   }
   [self setFrameSize:NSMakeSize(kWidth, y)];
+  return self;
+}
+
+- (BOOL)isFlipped {
+  return YES;
 }
 
 @end

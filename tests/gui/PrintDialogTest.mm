@@ -91,7 +91,8 @@ OBJC_TEST(PrintDialog, AllPagesArePrintedIfTheQueuesFewerAreTakenAway) {
   EXPECT_EQUAL_OBJECTS(@"1-2", [[screen.view() pages] stringValue]);
   PressKeys({"Tab", "Tab", "Tab", "ctrl+a", "BackSpace", "Return"});
   screen.AwaitEnd();
-  EXPECT_EQ("1-9999", TestServer().JobAttributes(screen.dialog().job_number())["page-ranges"]);
+  EXPECT_EQ("1-2147483647",
+            TestServer().JobAttributes(screen.dialog().job_number())["page-ranges"]);
 }
 
 OBJC_TEST(PrintDialog, ShowsTheChoicesThatAQueuesDefaultsComeToUnderOtherNames) {

@@ -1,0 +1,178 @@
+#include "host/dialog/JobEditor.h"
+
+#include <utility>
+
+#include "host/base/Localized.h"
+#import "host/dialog/Focus.h"
+#include "host/dialog/JobSummary.h"
+#include "host/dialog/OptionsPanel.h"
+#import "host/dialog/Prompt.h"
+#include "host/dialog/SummaryPanel.h"
+
+JobEditor::JobEditor(PrintDialogView *view, JobSession &session, Notices &notices,
+                     PresetStore presets, std::string document, Callbacks callbacks)
+    : view_(Retained<PrintDialogView *>::Share(view)),
+      callbacks_(std::move(callbacks)),
+      session_(session),
+      notices_(notices),
+      document_(std::move(document)),
+      conflicts_({.ask = Ask, .tell = Tell}),
+      fields_(view, session),
+      panels_(view, session, OwnPanels(), CallbacksOfPanels()),
+      presets_([view presets], std::move(presets), CallbacksOfPresets()) {
+  actions_.Tie([view presets], [this] { AfterThisEvent([this] { presets_.Choose(); }); });
+  actions_.Tie([view panels], [this] { panels_.ShowChosen(); });
+}
+
+std::vector<std::unique_ptr<OwnPanel>> JobEditor::OwnPanels() {
+  std::vector<std::unique_ptr<OwnPanel>> panels;
+  panels.push_back(std::make_unique<OptionsPanel>(
+      session_, OptionsPanel::Callbacks{
+                    .chosen =
+                        [this](const std::string &keyword) {
+                          AfterThisEvent([this, keyword] { SettleConflicts(keyword); });
+                        },
+                    .refused = [this](const std::string &message) { notices_.AddNote(message); }}));
+  panels.push_back(std::make_unique<SummaryPanel>(session_, [this] { return Summary(); }));
+  return panels;
+}
+
+PanelChooser::Callbacks JobEditor::CallbacksOfPanels() {
+  return {.shown = callbacks_.panel_shown,
+          .panels_left_out = [this] { notices_.TellOfLeftOut(); },
+          .refused = [this](const std::string &message) { notices_.AddNote(message); }};
+}
+
+PresetChooser::Callbacks JobEditor::CallbacksOfPresets() {
+  return {.apply = [this](PrintSettings settings) { ApplyPreset(std::move(settings)); },
+          .settings_to_save = [this] { return SettingsForPreset(); },
+          .tell = [this](const std::string &message) { notices_.AddNote(message); },
+          .left_out = [this](const std::string &message) { notices_.AddDamagedPreset(message); }};
+}
+
+void JobEditor::Open(PrintSettings settings, const std::string &preset) {
+  for_printer_ = std::move(settings);
+  fields_.Show();
+  presets_.Select(preset);
+}
+
+bool JobEditor::LeavePrinter() {
+  if (has_printer_ && !panels_.TakeAway()) return false;
+  (void)fields_.Take();  // what cannot be read stays to be mended
+  return true;
+}
+
+void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
+  has_printer_ = true;
+  printer_ = queue.name;
+  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered);
+  if (!used) return LosePrinter(used.message());
+  Notes notes = std::move(*used);
+  if (for_printer_) {
+    used = session_.UseSettings(std::move(for_printer_));
+    if (!used) return LosePrinter(used.message());
+    notes.insert(notes.end(), used->begin(), used->end());
+  }
+  if (session_.panels().empty()) {
+    const std::string reason = session_.ReasonForNoPanel();
+    if (!notices_.IsReasonOfLeftOut(reason)) {
+      notes.push_back(Localized("no extension panel: %1", {reason}));
+    }
+  }
+  notices_.ReplaceNotes(std::move(notes));
+  fields_.ShowWhereNotTyped();
+  notices_.TellOfLeftOut();
+  panels_.ShowPanels();
+  SettleConflicts("");
+}
+
+void JobEditor::ApplyPreset(PrintSettings settings) {
+  if (!has_printer_) {
+    for_printer_ = std::move(settings);
+    return;
+  }
+  Expected<Notes> notes = session_.UseSettings(std::move(settings));
+  if (!notes) return LosePrinter(notes.message());
+  notices_.ReplaceNotes(std::move(*notes));
+  fields_.Show();
+  panels_.Restore();
+  SettleConflicts("");
+}
+
+void JobEditor::LosePrinter(const std::string &reason) {
+  has_printer_ = false;
+  presets_.Select(kDefaultSettings);
+  callbacks_.printer_lost(reason);
+}
+
+// None: they cannot be saved as they stand.
+PMPrintSettings JobEditor::SettingsForPreset() {
+  const Expected<void> taken = TakeChoices();
+  if (taken) return session_.settings();
+  notices_.AddNote(taken.message());
+  return nullptr;
+}
+
+// What is being typed, too.
+Expected<void> JobEditor::TakeChoices() {
+  EndEditing([view_.get() window]);
+  if (auto taken = fields_.Take(); !taken) return taken;
+  return panels_.Save();
+}
+
+SummarySection JobEditor::Summary() {
+  (void)fields_.Take();
+  Expected<SummarySection> section = SummaryOfJob({.printer = printer_,
+                                                   .document = document_,
+                                                   .copies = fields_.copies(),
+                                                   .pages = fields_.pages()},
+                                                  session_);
+  if (section) return std::move(*section);
+  notices_.AddNote(section.message());
+  return {};
+}
+
+bool JobEditor::IsReadyToPrint() {
+  notices_.ForgetNotes();
+  if (const auto taken = TakeChoices(); !taken) {
+    notices_.AddNote(taken.message());
+    return false;
+  }
+  if (!SettleConflicts("")) return false;
+  const Expected<void> printable = session_.CheckPrintable();
+  panels_.DropFaulty();
+  if (!printable) {
+    notices_.AddNote(printable.message());
+    return false;
+  }
+  notices_.ShowAll();
+  return true;
+}
+
+// The option that was chosen is not proposed for a change; empty: none was. False: a change was
+// made, which the user should see before the job is printed.
+bool JobEditor::SettleConflicts(const std::string &chosen) {
+  if (session_.ppd() == nullptr) return true;
+  Expected<JobOptions> options = session_.Options();
+  if (!options) {
+    notices_.AddNote(options.message());
+    return false;
+  }
+  const JobOptions changes = conflicts_.Ask(*session_.ppd(), *options, chosen);
+  if (changes.empty()) return true;
+  for (const auto &[keyword, choice] : changes) {
+    if (const auto changed = session_.ChangeOption(keyword, choice); !changed) {
+      notices_.AddNote(changed.message());
+    }
+  }
+  panels_.Restore();
+  return false;
+}
+
+// A menu that was chosen from is still open while its action runs.
+void JobEditor::AfterThisEvent(std::function<void()> work) {
+  later_ = Poller([work = std::move(work)] {
+    work();
+    return true;
+  });
+}

@@ -1,0 +1,23 @@
+// What the summary says of the job, before the panels say theirs.
+
+#ifndef HOST_DIALOG_JOBSUMMARY_H
+#define HOST_DIALOG_JOBSUMMARY_H
+
+#include <string>
+
+#include "host/dialog/SummarySection.h"
+#include "host/session/JobSession.h"
+
+struct SummarizedJob {
+  std::string printer;
+  std::string document;  // empty: nothing is printed
+  std::string copies;
+  std::string pages;  // empty: all
+};
+
+// Its lines, in the user's language. Of the printer's options that no panel shows: those that are
+// set, and those whose choice is not that of the printer's description. The failure: the job's
+// settings cannot be read.
+Expected<SummarySection> SummaryOfJob(const SummarizedJob &job, const JobSession &session);
+
+#endif

@@ -1,0 +1,32 @@
+// What a print dialog is opened with, and how it ends.
+
+#ifndef HOST_DIALOG_PRINTDIALOGJOB_H
+#define HOST_DIALOG_PRINTDIALOGJOB_H
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/job/PrintSettings.h"
+#include "host/ppd/PPDFile.h"
+
+struct PrintDialogJob {
+  std::string queue;           // empty: the default one, or else the first
+  std::optional<PPDFile> ppd;  // instead of a queue's: no server is asked, and nothing printed
+  PrintSettings settings;      // to begin with
+  std::string preset;          // whose settings these are; empty: none's
+  std::vector<std::filesystem::path> files;  // none: nothing is printed, the choices are accepted
+  bool waits = false;                        // for the end of the job
+  std::chrono::milliseconds limit{5000};     // for each of the server's answers
+};
+
+enum class DialogEnd {
+  kCanceled,
+  kAccepted,  // the choices hold; nothing was to be printed
+  kPrinted,   // the server has taken the job; where that is waited for, it is complete
+  kJobFailed  // the server has taken the job, but it was canceled or aborted, or not waited for
+};
+
+#endif
