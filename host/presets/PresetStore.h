@@ -27,8 +27,9 @@ class PresetStore {
   // pdeprint/presets in the folders of XDG_CONFIG_DIRS, or in /etc/xdg.
   static PresetStore OfUser();
 
-  // By name, as people sort (NameOrder.h). A user's own preset hides one for all users that has the same name. Nothing is read
-  // but the folders; one that cannot be read counts as empty. What else lies in them is left alone.
+  // By name, as people sort (NameOrder.h). A user's own preset hides one for all users that has the
+  // same name. Nothing is read but the folders; one that cannot be read counts as empty. What else
+  // lies in them is left alone.
   std::vector<Preset> List() const;
   std::optional<Preset> Find(const std::string &name) const;
   // Why presets may be missing from the list: a folder that is there cannot be read.
