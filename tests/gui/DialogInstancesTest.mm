@@ -8,8 +8,9 @@ namespace {
 
 NSArray *DialogClasses() {
   return @[
-    @"DialogWindow", @"FocusRing", @"PrintDialogView", @"WaitingView", @"Spinner", @"OptionsView",
-    @"SummaryView", @"ActionTarget", @"PollerTarget", @"FlippedView", @"HostCallback"
+    @"DialogWindow", @"FocusRing", @"PrintDialogView", @"PanelArea", @"WaitingView", @"Spinner",
+    @"OptionsView", @"SummaryView", @"ActionTarget", @"PollerTarget", @"FlippedView",
+    @"HostCallback"
   ];
 }
 
