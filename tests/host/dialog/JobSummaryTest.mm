@@ -12,7 +12,7 @@ const SummarizedJob kJob = {
 OBJC_TEST(JobSummary, SaysWhereWhatAndHowMuchIsPrinted) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
-  session.UsePrinter(std::nullopt, {});
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, {}));
   EXPECT_EQ((SummarySection{
                 "Job",
                 {{"Printer", "Office"}, {"Document", "a.pdf"}, {"Copies", "2"}, {"Pages", "1-3"}}}),
@@ -22,7 +22,7 @@ OBJC_TEST(JobSummary, SaysWhereWhatAndHowMuchIsPrinted) {
 OBJC_TEST(JobSummary, HasNoDocumentWhereNothingIsPrintedAndSaysThatAllPagesAre) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
-  session.UsePrinter(std::nullopt, {});
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, {}));
   EXPECT_EQ(
       (SummarySection{"Job", {{"Printer", "Office"}, {"Copies", "1"}, {"Pages", "all"}}}),
       SummaryOfJob({.printer = "Office", .document = "", .copies = "1", .pages = ""}, session));
@@ -31,15 +31,15 @@ OBJC_TEST(JobSummary, HasNoDocumentWhereNothingIsPrintedAndSaysThatAllPagesAre) 
 OBJC_TEST(JobSummary, ListsThePrintersOptionsThatAreNotAsThePrinterHasThem) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
-  session.UsePrinter(ColorPPD(), {{"PageSize", "A3"}});
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"PageSize", "A3"}}));
   const size_t without_options = 4;
-  SummaryLines lines = SummaryOfJob(kJob, session).second;
+  SummaryLines lines = SummaryOfJob(kJob, session)->second;
   EXPECT_EQ((SummaryLines{{"Media Size", "A3"}}),
             SummaryLines(lines.begin() + without_options, lines.end()))
       << "the queue's default";
   EXPECT_TRUE(session.Set("MediaType", "Transparency"));
   EXPECT_TRUE(session.Set("PageSize", "A4"));
-  lines = SummaryOfJob(kJob, session).second;
+  lines = SummaryOfJob(kJob, session)->second;
   EXPECT_EQ((SummaryLines{{"Media Size", "A4"}, {"Paper Type", "Transparency"}}),
             SummaryLines(lines.begin() + without_options, lines.end()))
       << "also those that are set to what the printer's description has";
@@ -48,13 +48,13 @@ OBJC_TEST(JobSummary, ListsThePrintersOptionsThatAreNotAsThePrinterHasThem) {
 OBJC_TEST(JobSummary, ListsACustomValueAsItIs) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
-  session.UsePrinter(PlainPPD("*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n"
+  EXPECT_TRUE(session.UsePrinter(PlainPPD("*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n"
                               "*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"
                               "*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n"
                               "*CustomPageSize True: \"\"\n"
                               "*ParamCustomPageSize Width: 1 points 36 1000\n"
                               "*ParamCustomPageSize Height: 2 points 36 1000\n"),
-                     {});
+                     {}));
   EXPECT_TRUE(session.Set("PageSize", "Custom.100x200"));
-  EXPECT_EQ("Custom.100x200", SummaryOfJob(kJob, session).second.back().second);
+  EXPECT_EQ("Custom.100x200", SummaryOfJob(kJob, session)->second.back().second);
 }

@@ -9,7 +9,7 @@ std::string Taken(const TypedOption &option, const std::string &text, const JobO
                   const JobOptions &set = {}) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(std::nullopt, defaults);
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, defaults));
   for (const auto &[name, value] : set) EXPECT_TRUE(session.Set(name, value));
   const Expected<std::string> value = option.parse(text);
   if (!value || !option.Set(*value, session)) return "?";
@@ -59,7 +59,7 @@ OBJC_TEST(TypedOption, RefusesWhatCannotBeRead) {
 OBJC_TEST(TypedOption, LeavesALockedOptionAsItIsAndSaysSo) {
   Bundles bundles;
   JobSession session(bundles.extensions);
-  session.UsePrinter(std::nullopt, {});
+  EXPECT_TRUE(session.UsePrinter(std::nullopt, {}));
   PMPrintSettingsSetValue(session.settings(), (CFStringRef) @"copies", (CFTypeRef) @"2", true);
   EXPECT_TRUE(kCopiesOption.Set("2", session)) << "nothing is changed";
   EXPECT_NE("", MessageOf(kCopiesOption.Set("3", session)));
