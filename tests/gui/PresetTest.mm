@@ -1,5 +1,6 @@
 #include "host/dialog/PresetChooser.h"
 
+#include "host/job/SettingOptions.h"
 #import "tests/gui/DialogOnScreen.h"
 #import "tests/support/BuiltBundle.h"
 #import "tests/support/ObjCTest.h"
