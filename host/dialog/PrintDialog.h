@@ -19,6 +19,7 @@
 #import "host/dialog/DialogWindow.h"
 #include "host/dialog/JobSender.h"
 #include "host/dialog/PanelChooser.h"
+#include "host/dialog/PasswordWindow.h"
 #include "host/dialog/PresetChooser.h"
 #import "host/dialog/PrintDialogView.h"
 #include "host/dialog/PrinterChooser.h"
@@ -113,6 +114,7 @@ class PrintDialog {
   std::set<std::string> presets_left_out_;  // and why
   PanelChooser panels_;
   PresetChooser presets_;
+  PasswordWindow passwords_;
   PrinterChooser printers_;
   JobSender sender_;
 

@@ -80,12 +80,13 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                  }
                }),
       printers_(
-          [view_.get() printers], PrintServer(job_.limit), job_.queue,
+          [view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
+          job_.queue,
           {.asking = [this](const std::string &question) { ShowQuestion(question); },
            .failed = [this](const std::string &reason) { ShowNoAnswer(reason); },
            .answered = [this](const Queue &queue,
                               std::optional<PPDFile> ppd) { UsePrinter(queue, std::move(ppd)); }}),
-      sender_(PrintServer(job_.limit),
+      sender_(PrintServer(job_.limit, passwords_.passwords()), passwords_,
               {.sending =
                    [this](double fraction) {
                      [view_.get() setProgressText:String(Localized("Sending…")) fraction:fraction];
@@ -95,7 +96,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                      job_number_ = number;
                      if (!job_.waits) return End(DialogEnd::kPrinted);
                      SetPhase(Phase::kWaitingForEnd);
-                     sender_.WaitForEnd(number);
+                     sender_.WaitForEnd(number, RequestId(queue_.name, number));
                    },
                .refused = [this](const std::string &reason) { ShowRefusal(reason); },
                .waiting =
@@ -105,10 +106,9 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                      [view_.get() setProgressText:String(text) fraction:-1];
                    },
                .ended =
-                   [this](const JobStatus &status) {
-                     failure_ = status.HowItEnded(RequestId(queue_.name, job_number_));
-                     End(status.state == JobState::kCompleted ? DialogEnd::kPrinted
-                                                              : DialogEnd::kJobFailed);
+                   [this](const Expected<void> &printed) {
+                     if (!printed) failure_ = printed.message();
+                     End(printed ? DialogEnd::kPrinted : DialogEnd::kJobFailed);
                    }}) {
   TieControls();
   SetPhase(Phase::kNoPrinter);
@@ -417,6 +417,7 @@ void PrintDialog::Cancel() {
 
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
+  passwords_.Close();
   const bool canceled = end == DialogEnd::kCanceled;
   for (const auto &panel : session_.panels()) panel->WindowWillClose(canceled);
   end_ = end;
