@@ -6,6 +6,7 @@
 #include "host/command/CheckReport.h"
 #include "host/command/Commands.h"
 #include "host/command/PanelOffer.h"
+#include "host/command/Server.h"
 
 namespace {
 

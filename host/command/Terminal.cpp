@@ -103,7 +103,7 @@ Terminal::~Terminal() {
 
 void Terminal::WriteLine(const std::string &text) const {
   // What servers say may control the terminal.
-  const std::string line = OnOneLine(text) + '\n';
+  const std::string line = "pdeprint: " + OnOneLine(text) + '\n';
   (void)!write(file_, line.data(), line.size());
 }
 

@@ -18,6 +18,7 @@ class Terminal {
 
   // False: the program has none.
   bool IsThere() const { return file_ >= 0; }
+  // As messages are written: "pdeprint: TEXT".
   void WriteLine(const std::string &text) const;
 
   // The line that is typed behind the question; none: the input was ended, or nobody waits for it

@@ -29,6 +29,7 @@ class PasswordWindow {
  private:
   class Questions;
 
+  bool is_shown_ = false;
   std::shared_ptr<Questions> questions_;
   std::shared_ptr<Passwords> passwords_;
 };

@@ -68,7 +68,9 @@ PasswordWindow::~PasswordWindow() { Close(); }
 
 void PasswordWindow::AnswerQuestion() {
   const std::optional<PasswordQuestion> question = questions_->Open();
-  if (!question) return;
+  // While it is shown, others wait for their operations.
+  if (!question || is_shown_) return;
+  is_shown_ = true;
   const Retained<PasswordPanel *> panel =
       Retained<PasswordPanel *>::Adopt([[PasswordPanel alloc] initWithQuestion:*question]);
   Poller withdrawal([&] {
@@ -78,6 +80,7 @@ void PasswordWindow::AnswerQuestion() {
   });
   std::optional<Login> login = [panel.get() run];
   withdrawal = Poller();
+  is_shown_ = false;
   if (questions_->Open()) questions_->Answer(std::move(login));
 }
 

@@ -67,8 +67,8 @@ bool CanCheckPasswords() {
 
 PrivateServer::PrivateServer(const std::map<std::string, std::string> &passwords)
     : folder_(NewFolder()) {
-  Configure();
   if (!passwords.empty()) WritePasswords(passwords);
+  Configure();
   Start();
 }
 
@@ -127,8 +127,10 @@ void PrivateServer::WritePasswords(const std::map<std::string, std::string> &pas
 
 void PrivateServer::WriteConfiguration(const std::string &limits) const {
   std::ofstream(folder_ / "cupsd.conf") << "Listen " << address() << "\nListen "
-                                        << socket().string() << R"(
-DefaultAuthType None
+                                        << socket().string()
+                                        << "\nDefaultAuthType "
+                                        // Without one, what a client shows is not looked at.
+                                        << (fs::exists(folder_ / "rules") ? "Basic" : "None") << R"(
 Browsing No
 WebInterface No
 PreserveJobFiles Yes

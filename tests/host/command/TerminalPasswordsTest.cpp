@@ -4,9 +4,10 @@
 
 #include <csignal>
 
-#include "tests/host/command/ServedProgram.h"
+#include "tests/host/command/OptionsBundle.h"
+#include "tests/host/command/PrintingProgram.h"
+#include "tests/support/MarkOptions.h"
 #include "tests/support/PseudoTerminal.h"
-#include "tests/support/TestPPD.h"
 
 using testing::HasSubstr;
 using testing::Not;
@@ -24,7 +25,7 @@ class TerminalPasswordsTest : public testing::Test {
     server_ = new PrivateServer({{"ann", kPassword}});
     const TemporaryFolder folder;
     server_->AddQueue({.name = "Locked",
-                       .ppd = folder.Write("a.ppd", TestPPD::Text("")),
+                       .ppd = folder.Write("a.ppd", NumberingPPDText(/*color=*/true)),
                        .options = {{"printer-op-policy", "password"}}});
   }
   static void TearDownTestSuite() {
@@ -53,7 +54,7 @@ class TerminalPasswordsTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  const std::string file_ = folder_.Write("page.txt", "a page");
+  const std::string file_ = folder_.Write("page.ps", kPage);
 
  private:
   static inline PrivateServer *server_ = nullptr;
@@ -107,14 +108,13 @@ TEST_F(TerminalPasswordsTest, TheEndOfTheInputIsARefusal) {
 }
 
 TEST_F(TerminalPasswordsTest, AnInterruptedJobIsNotMadeAndTheTerminalIsAsBefore) {
-  const size_t before = server().LiveJobs().size();
   PseudoTerminal terminal(Printing(), Environment());
   ASSERT_TRUE(AnswerName(terminal, "ann")) << terminal.seen();
   terminal.Type("\003");
   EXPECT_EQ(terminal.Wait(), 1);
   EXPECT_THAT(terminal.seen(), HasSubstr("pdeprint: the job was canceled\n"));
   EXPECT_TRUE(terminal.ShowsWhatIsTyped());
-  EXPECT_EQ(server().LiveJobs().size(), before);
+  EXPECT_EQ(server().Run({"lpstat", "-h", server().socket(), "-o", "Locked"}), "");
 }
 
 TEST_F(TerminalPasswordsTest, AnInterruptedQuestionLeavesTheTerminalAsBefore) {
@@ -157,18 +157,20 @@ TEST_F(TerminalPasswordsTest, WithoutATerminalNobodyIsAsked) {
 }
 
 TEST_F(TerminalPasswordsTest, AnAdministratorsPasswordGivesTheQueueItsFile) {
-  server().AddQueue({.name = "Numbers",
-                     .ppd = folder_.Write("a.ppd", TestPPD::Text("")),
-                     .options = {{"printer-op-policy", "password"}}});
-  PseudoTerminal terminal(Arguments{kPdeprint, "enable", "-d", "Numbers", "--apply", "--plugin",
-                                    BINARY_DIRECTORY "/BackgroundNumbering.plugin"},
-                          Environment());
-  EXPECT_TRUE(
-      terminal.Await("wants the password of an administrator for changing the queue "
-                     "Numbers"))
+  const ProgramWithOptions program;
+  server().AddQueue({.name = "Marks", .ppd = folder_.Write("a.ppd", PrinterText())});
+  server().Restrict("CUPS-Add-Modify-Printer");
+  ASSERT_TRUE(Becomes([this] {
+    return RunProgram({"setsid", "--wait", "/usr/sbin/lpadmin", "-p", "Marks", "-D", "Marks"},
+                      {.environment = Environment()})
+               .status != 0;
+  }));
+  PseudoTerminal terminal({program.path(), "enable", "-d", "Marks", "--apply"}, Environment());
+  EXPECT_TRUE(terminal.Await("password of an administrator for changing the queue Marks\n"))
       << terminal.seen();
   ASSERT_TRUE(AnswerName(terminal, "ann")) << terminal.seen();
   terminal.Type(std::string(kPassword) + '\n');
   EXPECT_EQ(terminal.Wait(), 0) << terminal.seen();
-  EXPECT_THAT(terminal.seen(), HasSubstr("has a new PPD file"));
+  EXPECT_THAT(terminal.seen(), HasSubstr("the queue Marks on the print server " +
+                                         server().address() + " has a new PPD file"));
 }
