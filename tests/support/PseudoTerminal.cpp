@@ -52,7 +52,11 @@ void PseudoTerminal::Type(const std::string &keys) const {
 // False: nothing came for a moment.
 bool PseudoTerminal::Receive() {
   pollfd output = {terminal_, POLLIN, 0};
-  if (poll(&output, 1, 20) <= 0 || (output.revents & POLLIN) == 0) return false;
+  if (poll(&output, 1, 20) <= 0) return false;
+  if ((output.revents & POLLIN) == 0) {
+    is_over_ = true;
+    return false;
+  }
   std::array<char, 4096> bytes;
   const ssize_t count = read(terminal_, bytes.data(), bytes.size());
   for (ssize_t i = 0; i < count; ++i) {
@@ -63,7 +67,7 @@ bool PseudoTerminal::Receive() {
 
 bool PseudoTerminal::Await(const std::string &text) {
   const auto deadline = Clock::now() + kPatience;
-  while (Clock::now() < deadline) {
+  while (Clock::now() < deadline && !is_over_) {
     const size_t found = seen_.find(text, looked_at_);
     if (found != std::string::npos) {
       looked_at_ = found + text.size();

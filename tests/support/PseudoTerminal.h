@@ -19,7 +19,7 @@ class PseudoTerminal {
 
   // Keys; a line ends with \n, and \003, \004 and \032 are Ctrl and C, D and Z.
   void Type(const std::string &keys) const;
-  // Whether this appears; the next call looks behind it.
+  // Whether this appears before the program ends; the next call looks behind it.
   bool Await(const std::string &text);
   // Everything that has appeared, line ends as \n.
   const std::string &seen() const { return seen_; }
@@ -36,6 +36,7 @@ class PseudoTerminal {
   pid_t pid_ = -1;
   std::string seen_;
   size_t looked_at_ = 0;
+  bool is_over_ = false;
 };
 
 #endif

@@ -4,7 +4,6 @@
 
 #include <csignal>
 
-#include "tests/host/command/OptionsBundle.h"
 #include "tests/host/command/PrintingProgram.h"
 #include "tests/support/MarkOptions.h"
 #include "tests/support/PseudoTerminal.h"
@@ -156,7 +155,6 @@ TEST_F(TerminalPasswordsTest, WithoutATerminalNobodyIsAsked) {
 }
 
 TEST_F(TerminalPasswordsTest, AnAdministratorsPasswordGivesTheQueueItsFile) {
-  const ProgramWithOptions program;
   server().AddQueue({.name = "Marks", .ppd = folder_.Write("a.ppd", PrinterText())});
   server().Restrict("CUPS-Add-Modify-Printer");
   ASSERT_TRUE(Becomes([this] {
@@ -164,7 +162,7 @@ TEST_F(TerminalPasswordsTest, AnAdministratorsPasswordGivesTheQueueItsFile) {
                       {.environment = Environment()})
                .status != 0;
   }));
-  PseudoTerminal terminal({program.path(), "enable", "-d", "Marks", "--apply"}, Environment());
+  PseudoTerminal terminal({kPdeprint, "enable", "-d", "Marks", "--apply"}, Environment());
   EXPECT_TRUE(terminal.Await("password of an administrator for changing the queue Marks\n"))
       << terminal.seen();
   ASSERT_TRUE(AnswerName(terminal, "ann")) << terminal.seen();
