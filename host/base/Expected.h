@@ -12,11 +12,14 @@
 #include <variant>
 
 struct Failure {
-  std::string message;         // for people: what, where, what to do; no full stop, no line end
-  bool is_unanswered = false;  // the one who was asked could not be reached, or did not answer
+  std::string message;          // for people: what, where, what to do; no full stop, no line end
+  bool is_unanswered = false;   // the one who was asked could not be reached, or did not answer
+  bool wants_password = false;  // and got none that is right: who tries again, asks the user again
 
   // The same failure in words that say more of where it happened.
-  Failure Reworded(std::string words) const { return {std::move(words), is_unanswered}; }
+  Failure Reworded(std::string words) const {
+    return {std::move(words), is_unanswered, wants_password};
+  }
 };
 
 // A failure of somebody else's is passed on whole: `if (!value) return value.failure();`, or

@@ -6,7 +6,7 @@
 #include "host/command/CheckReport.h"
 #include "host/command/Commands.h"
 #include "host/command/PanelOffer.h"
-#include "host/cups/PrintServer.h"
+#include "host/command/Server.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ int Run(const CheckOptions &options) {
       results.push_back(CheckFile(ppd, *extensions));
     }
   }
-  const PrintServer server(options.limit);
+  const PrintServer server = ServerOf(options);
   for (const std::string &queue : options.queues) {
     @autoreleasepool {
       results.push_back(CheckQueue(queue, server, *extensions));

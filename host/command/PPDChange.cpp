@@ -11,7 +11,7 @@
 #include "host/base/MoveFile.h"
 #include "host/base/Process.h"
 #include "host/base/WholeFile.h"
-#include "host/cups/PrintServer.h"
+#include "host/command/Server.h"
 #include "host/ppd/PPDSource.h"
 
 namespace fs = std::filesystem;
@@ -87,7 +87,7 @@ Expected<PPDToChange> TakePPD(const PPDChangeOptions &options) {
     ppd.text = std::move(*text);
     return ppd;
   }
-  const PrintServer server(options.limit);
+  const PrintServer server = ServerOf(options);
   Expected<Queue> queue = server.FindQueue(options.queue);
   if (!queue) return queue.failure();
   // An instance has its queue's.
@@ -105,7 +105,7 @@ int LeavePPD(const PPDChangeOptions &options, const PPDToChange &ppd, const std:
     if (auto done = WriteWholeFile(options.output, text); !done) return Failed(done.message());
     return Done("wrote " + options.output.string() + ", " + change);
   }
-  const PrintServer server(options.limit);
+  const PrintServer server = ServerOf(options);
   if (options.apply) {
     if (text == ppd.text) return Done("the queue " + ppd.queue + " is as it was, " + change);
     if (auto done = server.ReplacePPD(ppd.queue, text); !done) return Failed(done.message());

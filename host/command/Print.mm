@@ -6,49 +6,31 @@
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
 #include "host/command/ScriptedJob.h"
-#include "host/cups/PrintServer.h"
+#include "host/command/Server.h"
+#include "host/cups/JobWaiting.h"
 #include "host/cups/RequestId.h"
 #include "host/job/JobFiles.h"
 #include "host/job/PageRanges.h"
 
 namespace {
 
-const std::chrono::milliseconds kBetweenQuestions(500);
-const int kPatience = 5;  // answers in a row that may fail
-
 int Refuse(const std::string &message, ExitStatus status) {
   Complain(message);
   return status;
 }
 
-// Why nothing happens until somebody does something; empty: nothing is in the way.
-std::string Obstacle(const JobStatus &status, const std::string &id) {
-  if (status.state == JobState::kHeld) return Localized("%1 is held", {id});
-  if (status.state != JobState::kStopped) return "";
-  return status.message.empty() ? Localized("%1 is stopped", {id}) : status.message;
-}
-
-// A stopped printer's jobs wait until somebody starts it again: say so once, and wait with them. A
-// server that is slow for once does not end the waiting.
+// What is in the way is said once.
 int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
+  JobWaiting waiting(id);
   std::string told;
-  for (int failures = 0;;) {
-    Expected<JobStatus> status = server.StatusOfJob(job);
-    if (!status) {
-      if (++failures == kPatience) {
-        return Refuse(Localized("%1 was sent, but: %2", {id, status.message()}), kFailed);
-      }
-      std::this_thread::sleep_for(kBetweenQuestions);
-      continue;
-    }
-    failures = 0;
-    if (status->state == JobState::kCompleted) return kDone;
-    if (status->HasEnded()) return Refuse(status->HowItEnded(id), kFailed);
-    const std::string obstacle = Obstacle(*status, id);
+  while (!waiting.Take(server.StatusOfJob(job))) {
+    const std::string &obstacle = waiting.obstacle();
     if (!obstacle.empty() && obstacle != told) Complain(Localized("waiting: %1", {obstacle}));
     told = obstacle;
     std::this_thread::sleep_for(kBetweenQuestions);
   }
+  const Expected<void> printed = waiting.result();
+  return printed ? kDone : Refuse(printed.message(), kFailed);
 }
 
 // A job that was cut off would print in part, or lie on the server until it gives up.
@@ -59,7 +41,7 @@ Expected<int> SendInterruptibly(const PrintServer &server, const JobRequest &req
 }
 
 int Send(const PrintOptions &options, const ScriptedJob &job) {
-  const PrintServer server(options.limit);
+  const PrintServer server = ServerOf(options);
   Expected<JobRequest> request =
       job.session.RequestFor(job.queue.name, options.files, options.title);
   if (!request) return Refuse(request.message(), kFailed);

@@ -1,7 +1,7 @@
 #include "host/command/Printer.h"
 
 #include "host/base/Localized.h"
-#include "host/cups/PrintServer.h"
+#include "host/command/Server.h"
 
 Expected<Printer> OpenPrinter(const JobSource &source) {
   Printer printer;
@@ -12,7 +12,7 @@ Expected<Printer> OpenPrinter(const JobSource &source) {
     printer.ppd = std::move(*ppd);
     return printer;
   }
-  const PrintServer server(source.limit);
+  const PrintServer server = ServerOf(source);
   Expected<Queue> queue = server.FindQueue(source.queue);
   if (!queue) return queue.failure();
   printer.name = queue->name;

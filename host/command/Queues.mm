@@ -4,12 +4,12 @@
 #include "host/command/Commands.h"
 #include "host/command/PanelOffer.h"
 #include "host/command/QueuesReport.h"
-#include "host/cups/PrintServer.h"
+#include "host/command/Server.h"
 
 namespace {
 
 // Once the server has gone, all further queues have the same result: asking about each would take
-// the limit each time.
+// the limit each time, or the user for a password that was not given.
 QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions &extensions,
                        Expected<void> &server_answers) {
   QueueResult result{.queue = queue};
@@ -20,7 +20,8 @@ QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions
   Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(queue.name); });
   if (!ppd) {
     result.reason = ppd.message();
-    if (ppd.failure().is_unanswered) server_answers = ppd.failure();
+    const Failure &failure = ppd.failure();
+    if (failure.is_unanswered || failure.wants_password) server_answers = failure;
     return result;
   }
   PanelOffer offer = PanelsOfferedFor(*ppd ? &**ppd : nullptr, extensions);
@@ -30,7 +31,7 @@ QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions
 }
 
 int Run(const QueuesOptions &options) {
-  const PrintServer server(options.limit);
+  const PrintServer server = ServerOf(options);
   Expected<std::vector<Queue>> queues = server.Queues();
   if (!queues) {
     Complain(queues.message());

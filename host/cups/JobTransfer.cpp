@@ -85,15 +85,18 @@ ssize_t JobFile::Read(char *bytes, size_t count) {
 }
 
 JobTransfer::JobTransfer(JobRequest request, std::vector<JobFile> files,
-                         std::chrono::milliseconds limit)
+                         std::chrono::milliseconds limit,
+                         const std::shared_ptr<Passwords> &passwords)
     : request_(std::move(request)),
       queue_(WithoutInstance(request_.queue)),
       files_(std::move(files)),
       limit_(limit),
+      authentication_(std::make_shared<Authentication>(
+          passwords, Authentication::Purpose::kPrinting, request_.queue)),
       last_movement_(Clock::now()) {}
 
 Expected<int> JobTransfer::Run() {
-  Expected<ServerConnection> server = ServerConnection::Open(limit_);
+  Expected<ServerConnection> server = ServerConnection::Open(limit_, authentication_);
   if (!server) return server.failure();
   // Several times within the limit, so that stopping does not take all of it.
   const std::chrono::duration<double> slice = std::max(limit_ / 8, std::chrono::milliseconds(1));
@@ -108,7 +111,7 @@ Expected<int> JobTransfer::Run() {
   job_ = *job;
   Moved();
   // The one who waits may have given up before there was a number.
-  if (stopped_) (void)TakeBack(*job, limit_);
+  if (stopped_) (void)TakeBack(*job, limit_, authentication_);
   if (auto done = SendFiles(*server); !done) return done.failure();
   return job;
 }
@@ -135,7 +138,11 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
   if (!server.IsBroken() && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
     return NoSuchQueue(server, request_.queue);
   }
-  return server.Refused(Localized("the print server %1 refuses the job: %2"));
+  const bool is_about_the_user = !server.IsBroken() && IsNotAllowed(cupsLastError());
+  const Failure refusal = server.Refused(Localized("the print server %1 refuses the job: %2"));
+  if (!is_about_the_user || refusal.wants_password) return refusal;
+  return refusal.Reworded(
+      Localized("%1; %2 may not print on %3", {refusal.message, cupsUser(), request_.queue}));
 }
 
 Expected<void> JobTransfer::SendFiles(const ServerConnection &server) {
@@ -184,6 +191,15 @@ Expected<void> JobTransfer::CheckNotStopped() const {
   return {};
 }
 
+void JobTransfer::Stop() {
+  stopped_ = true;
+  authentication_->Withdraw();
+}
+
+Clock::time_point JobTransfer::last_movement() const {
+  return std::max(last_movement_.load(), authentication_->waits_since());
+}
+
 bool JobTransfer::GoOnWaiting(int socket) {
   int unsent = 0;
   if (ioctl(socket, SIOCOUTQ, &unsent) == 0 && unsent != std::exchange(unsent_, unsent)) Moved();
@@ -193,8 +209,9 @@ bool JobTransfer::GoOnWaiting(int socket) {
   return !stopped_ && Clock::now() - last_movement() < limit_;
 }
 
-Expected<void> TakeBack(int job, std::chrono::milliseconds limit) {
-  Expected<ServerConnection> server = ServerConnection::Open(limit);
+Expected<void> TakeBack(int job, std::chrono::milliseconds limit,
+                        std::shared_ptr<Authentication> authentication) {
+  Expected<ServerConnection> server = ServerConnection::Open(limit, std::move(authentication));
   if (!server) return server.failure();
   const ipp_status_t status = cupsCancelJob2(server->get(), nullptr, job, 0);
   const bool is_done =

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/cups/Authentication.h"
 #include "host/cups/PrintServer.h"
 
 Failure JobCanceled();
@@ -45,18 +46,19 @@ class JobFile {
 // it, so both share the ownership.
 class JobTransfer {
  public:
-  JobTransfer(JobRequest request, std::vector<JobFile> files, std::chrono::milliseconds limit);
+  JobTransfer(JobRequest request, std::vector<JobFile> files, std::chrono::milliseconds limit,
+              const std::shared_ptr<Passwords> &passwords);
 
   // On a new thread: sends the job and answers its number. After a failure a job that has been made
   // is left for others to take back, but one that was made after Stop is not.
   Expected<int> Run();
 
   // On other threads:
-  void Stop() { stopped_ = true; }
+  void Stop();
   int job() const { return job_; }  // 0: none has been made
   long long bytes_sent() const { return bytes_sent_; }
-  // Since when nothing has been sent.
-  std::chrono::steady_clock::time_point last_movement() const { return last_movement_; }
+  // Since when nothing has been sent, and nobody asked for a password.
+  std::chrono::steady_clock::time_point last_movement() const;
 
  private:
   Expected<int> Create(const class ServerConnection &server);
@@ -70,6 +72,7 @@ class JobTransfer {
   const std::string queue_;
   std::vector<JobFile> files_;
   const std::chrono::milliseconds limit_;
+  const std::shared_ptr<Authentication> authentication_;
   int unsent_ = 0;  // by the system
 
   std::atomic<int> job_ = 0;
@@ -80,6 +83,7 @@ class JobTransfer {
 
 // Cancels the job, on a connection of its own, on a new thread. A job that has ended already is no
 // failure.
-Expected<void> TakeBack(int job, std::chrono::milliseconds limit);
+Expected<void> TakeBack(int job, std::chrono::milliseconds limit,
+                        std::shared_ptr<Authentication> authentication);
 
 #endif

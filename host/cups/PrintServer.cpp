@@ -15,20 +15,49 @@ namespace {
 
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
+using Purpose = Authentication::Purpose;
 
 // How often the one who waits for a job looks after it.
 constexpr milliseconds kLook(10);
 
+// How the server is asked, and what for.
+struct Asking {
+  Asking(milliseconds limit, const std::shared_ptr<Passwords> &passwords,
+         Purpose purpose = Purpose::kAnswer, const std::string &queue = "")
+      : limit(limit), authentication(std::make_shared<Authentication>(passwords, purpose, queue)) {}
+
+  milliseconds limit;
+  std::shared_ptr<Authentication> authentication;
+};
+
+// This thread may know an address from before.
+std::string AddressNow() {
+  std::string address;
+  std::thread([&address] { address = AddressOfServer(); }).join();
+  return address;
+}
+
 // Some of what libcups waits for cannot be bounded: the work is left behind then.
+template <typename Answer>
+Answer TakeWithinLimit(const Asking &asking, BackgroundTask<Answer> task) {
+  for (;;) {
+    const auto end = asking.authentication->waits_since() + asking.limit;
+    const auto left = std::chrono::ceil<milliseconds>(end - Clock::now());
+    if (task.WaitFor(std::max(left, milliseconds(0)))) return task.Take();
+    if (left <= milliseconds(0)) return NoAnswer(AddressNow(), asking.limit);
+  }
+}
+
 template <typename Work>
-auto WithinLimit(milliseconds limit, const PrintServer &asked, Work work) {
+auto WithinLimit(const Asking &asking, Work work) {
   using Answer = decltype(work(std::declval<const ServerConnection &>()));
-  BackgroundTask<Answer> task([limit, work = std::move(work)]() -> Answer {
-    Expected<ServerConnection> server = ServerConnection::Open(limit);
-    if (!server) return server.failure();
-    return work(*server);
-  });
-  return task.WaitFor(limit) ? task.Take() : Answer(NoAnswer(asked.Address(), limit));
+  return TakeWithinLimit(
+      asking, BackgroundTask<Answer>([limit = asking.limit, authentication = asking.authentication,
+                                      work = std::move(work)]() -> Answer {
+        Expected<ServerConnection> server = ServerConnection::Open(limit, authentication);
+        if (!server) return server.failure();
+        return work(*server);
+      }));
 }
 
 bool HasQueue(const ServerConnection &server, const std::string &queue) {
@@ -97,12 +126,6 @@ Expected<std::optional<std::string>> FetchPPDText(const ServerConnection &server
   return std::optional<std::string>(std::move(*text));
 }
 
-bool IsNotAllowed(ipp_status_t status) {
-  return status == IPP_STATUS_ERROR_FORBIDDEN || status == IPP_STATUS_ERROR_NOT_AUTHENTICATED ||
-         status == IPP_STATUS_ERROR_NOT_AUTHORIZED ||
-         status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
-}
-
 Expected<void> SendPPD(const ServerConnection &server, const std::string &name,
                        const std::string &text) {
   const MemoryFile file;
@@ -115,9 +138,9 @@ Expected<void> SendPPD(const ServerConnection &server, const std::string &name,
   Failure refusal =
       server.Refused(Localized("the print server %1 does not take the PPD file for %3: %2"), name);
   if (!IsNotAllowed(status)) return refusal;
-  return Failure{
+  return refusal.Reworded(
       Localized("%1; only an administrator of the print server may change a queue, run this as one",
-                {refusal.message})};
+                {refusal.message}));
 }
 
 JobState StateOf(int ipp_state) {
@@ -171,14 +194,18 @@ Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
 
 // A failure of a job, which is taken back if it has been made. That this fails, too, is part of the
 // message.
-Failure TakenBack(int job, const PrintServer &server, milliseconds limit, Failure failure) {
+Failure TakenBack(int job, const Asking &asking, Failure failure) {
   if (job == 0) return failure;
-  BackgroundTask<Expected<void>> task([job, limit] { return TakeBack(job, limit); });
-  const Expected<void> taken =
-      task.WaitFor(limit) ? task.Take() : NoAnswer(server.Address(), limit);
+  // Who wants to be rid of a job is not asked for more.
+  asking.authentication->Withdraw();
+  const Expected<void> taken = TakeWithinLimit(
+      asking, BackgroundTask<Expected<void>>(
+                  [job, limit = asking.limit, authentication = asking.authentication] {
+                    return TakeBack(job, limit, authentication);
+                  }));
   if (taken) return failure;
-  return Failure{Localized("%1; job %2 is still there: %3",
-                           {failure.message, std::to_string(job), taken.message()})};
+  return failure.Reworded(Localized("%1; job %2 is still there: %3",
+                                    {failure.message, std::to_string(job), taken.message()}));
 }
 
 }  // namespace
@@ -193,17 +220,13 @@ std::string JobStatus::HowItEnded(const std::string &id) const {
                          : Localized("%1 was canceled: %2", {id, message});
 }
 
-PrintServer::PrintServer(milliseconds limit) : limit_(limit) {}
+PrintServer::PrintServer(milliseconds limit, std::shared_ptr<Passwords> passwords)
+    : limit_(limit), passwords_(std::move(passwords)) {}
 
-std::string PrintServer::Address() const {
-  // This thread may know an address from before.
-  std::string address;
-  std::thread([&address] { address = AddressOfServer(); }).join();
-  return address;
-}
+std::string PrintServer::Address() const { return AddressNow(); }
 
 Expected<std::vector<Queue>> PrintServer::Queues() const {
-  return WithinLimit(limit_, *this,
+  return WithinLimit({limit_, passwords_},
                      [](const ServerConnection &server) -> Expected<std::vector<Queue>> {
                        Expected<QueueList> list = ListQueues(server);
                        if (!list) return list.failure();
@@ -212,33 +235,34 @@ Expected<std::vector<Queue>> PrintServer::Queues() const {
 }
 
 Expected<Queue> PrintServer::FindQueue(const std::string &name) const {
-  return WithinLimit(limit_, *this, [name](const ServerConnection &server) -> Expected<Queue> {
-    Expected<QueueList> list = ListQueues(server);
-    if (!list) return list.failure();
-    const auto found = std::ranges::find_if(list->queues, [&name](const Queue &queue) {
-      return name.empty() ? queue.is_default : IsSameQueue(queue.name, name);
-    });
-    if (found != list->queues.end()) return *found;
-    if (!name.empty()) return NoSuchQueue(server, name);
-    return Failure{Localized("no default queue on the print server %1: %2; there is %3",
-                             {server.address(), list->why_no_default, NamesOf(list->queues)})};
-  });
+  return WithinLimit(
+      {limit_, passwords_}, [name](const ServerConnection &server) -> Expected<Queue> {
+        Expected<QueueList> list = ListQueues(server);
+        if (!list) return list.failure();
+        const auto found = std::ranges::find_if(list->queues, [&name](const Queue &queue) {
+          return name.empty() ? queue.is_default : IsSameQueue(queue.name, name);
+        });
+        if (found != list->queues.end()) return *found;
+        if (!name.empty()) return NoSuchQueue(server, name);
+        return Failure{Localized("no default queue on the print server %1: %2; there is %3",
+                                 {server.address(), list->why_no_default, NamesOf(list->queues)})};
+      });
 }
 
 Expected<std::optional<PPDFile>> PrintServer::PPDOfQueue(const std::string &name) const {
-  return WithinLimit(limit_, *this,
+  return WithinLimit({limit_, passwords_},
                      [name](const ServerConnection &server) { return FetchPPD(server, name); });
 }
 
 Expected<std::optional<std::string>> PrintServer::PPDTextOfQueue(const std::string &name) const {
-  return WithinLimit(limit_, *this,
+  return WithinLimit({limit_, passwords_},
                      [name](const ServerConnection &server) { return FetchPPDText(server, name); });
 }
 
 Expected<void> PrintServer::ReplacePPD(const std::string &name, const std::string &text) const {
-  return WithinLimit(limit_, *this, [name, text](const ServerConnection &server) {
-    return SendPPD(server, name, text);
-  });
+  return WithinLimit(
+      {limit_, passwords_, Purpose::kAdministration, name},
+      [name, text](const ServerConnection &server) { return SendPPD(server, name, text); });
 }
 
 Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &progress) const {
@@ -253,7 +277,8 @@ Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &pro
   if (files.empty()) return Failure{Localized("no file to print")};
   progress.bytes_total = total;
 
-  const auto transfer = std::make_shared<JobTransfer>(request, std::move(files), limit_);
+  const auto transfer =
+      std::make_shared<JobTransfer>(request, std::move(files), limit_, passwords_);
   BackgroundTask<Expected<int>> task([transfer] { return transfer->Run(); });
   while (!task.WaitFor(kLook)) {
     progress.bytes_sent = transfer->bytes_sent();
@@ -262,17 +287,17 @@ Expected<int> PrintServer::Print(const JobRequest &request, SendingProgress &pro
     const milliseconds patience = transfer->job() == 0 ? limit_ : limit_ + limit_ / 2;
     if (Clock::now() - transfer->last_movement() < patience) continue;
     transfer->Stop();
-    return TakenBack(transfer->job(), *this, limit_,
+    return TakenBack(transfer->job(), {limit_, passwords_},
                      progress.cancel ? JobCanceled() : NoAnswer(Address(), limit_));
   }
   progress.bytes_sent = transfer->bytes_sent();
   Expected<int> job = task.Take();
-  if (!job) return TakenBack(transfer->job(), *this, limit_, Failure{job.message()});
-  if (progress.cancel) return TakenBack(*job, *this, limit_, JobCanceled());
+  if (!job) return TakenBack(transfer->job(), {limit_, passwords_}, job.failure());
+  if (progress.cancel) return TakenBack(*job, {limit_, passwords_}, JobCanceled());
   return job;
 }
 
 Expected<JobStatus> PrintServer::StatusOfJob(int job) const {
-  return WithinLimit(limit_, *this,
+  return WithinLimit({limit_, passwords_},
                      [job](const ServerConnection &server) { return FetchStatus(server, job); });
 }

@@ -7,11 +7,13 @@
 #include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/cups/Passwords.h"
 #include "host/cups/Queue.h"
 #include "host/ppd/PPDFile.h"
 
@@ -44,9 +46,15 @@ struct JobStatus {
 // within the limit whatever the server, the network or a name server does; printing, which takes as
 // long as its files are, ends when nothing could be sent for so long. Failures say which server,
 // and its own words where it gave some.
+//
+// A password that the server wants is asked for, on the thread on which the operation works and not
+// on the one that called it; while it is asked for the limit stands still, and begins anew after
+// it.
 class PrintServer {
  public:
-  explicit PrintServer(std::chrono::milliseconds limit);
+  // Without passwords nobody is asked: operations that want one fail.
+  explicit PrintServer(std::chrono::milliseconds limit,
+                       std::shared_ptr<Passwords> passwords = nullptr);
 
   // The address, for people: "localhost:631".
   std::string Address() const;
@@ -77,6 +85,7 @@ class PrintServer {
 
  private:
   std::chrono::milliseconds limit_;
+  std::shared_ptr<Passwords> passwords_;
 };
 
 #endif

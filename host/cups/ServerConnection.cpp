@@ -16,11 +16,6 @@
 
 namespace {
 
-// libcups would ask on the terminal, from a thread that nobody waits for.
-const char *NoPassword(const char *, http_t *, const char *, const char *, void *) {
-  return nullptr;
-}
-
 std::string Words(std::string_view text) {
   text = Trimmed(text);
   while (text.ends_with('.')) text.remove_suffix(1);
@@ -65,9 +60,10 @@ Failure NoAnswer(const std::string &address, std::chrono::milliseconds limit) {
           /*is_unanswered=*/true};
 }
 
-Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limit) {
-  cupsSetPasswordCB2(NoPassword, nullptr);
+Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limit,
+                                                  std::shared_ptr<Authentication> authentication) {
   const std::string address = AddressOfServer();
+  authentication->Begin(address);
   const std::string port = std::to_string(ippPort());
   const CupsAddresses addresses(httpAddrGetList(cupsServer(), AF_UNSPEC, port.c_str()));
   if (addresses == nullptr) return NotThere(address, LastWords());
@@ -83,7 +79,8 @@ Expected<ServerConnection> ServerConnection::Open(std::chrono::milliseconds limi
                                                 : LastWords());
   }
   httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
-  return ServerConnection(std::move(connection), address, limit);
+  authentication->UseFor(connection.get());
+  return ServerConnection(std::move(connection), address, limit, std::move(authentication));
 }
 
 IppMessage ServerConnection::Request(ipp_op_t operation, const std::string &printer) const {
@@ -116,6 +113,9 @@ bool ServerConnection::IsBroken() const {
 }
 
 Failure ServerConnection::Refused(std::string_view text, const std::string &subject) const {
+  if (const auto &failure = authentication_->failure()) {
+    return failure->Reworded(Filled(text, {address_, failure->message, subject}));
+  }
   const int error = httpError(get());
   if (error == ETIMEDOUT || error == EWOULDBLOCK) return NoAnswer(address_, limit_);
   if (!IsBroken()) return Failure{Filled(text, {address_, LastWords(), subject})};
@@ -125,6 +125,12 @@ Failure ServerConnection::Refused(std::string_view text, const std::string &subj
   return {Localized("the connection to the print server %1 broke off: %2; is it still running?",
                     {address_, std::strerror(reason)}),
           /*is_unanswered=*/true};
+}
+
+bool IsNotAllowed(ipp_status_t status) {
+  return status == IPP_STATUS_ERROR_FORBIDDEN || status == IPP_STATUS_ERROR_NOT_AUTHENTICATED ||
+         status == IPP_STATUS_ERROR_NOT_AUTHORIZED ||
+         status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
 }
 
 void AskFor(ipp_t *request, std::initializer_list<const char *> attributes) {

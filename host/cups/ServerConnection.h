@@ -9,10 +9,12 @@
 
 #include <chrono>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "host/base/Expected.h"
+#include "host/cups/Authentication.h"
 #include "host/cups/CupsHandles.h"
 
 // The server that this thread would connect to, for people: "localhost:631", or the path of a
@@ -25,7 +27,8 @@ class ServerConnection {
  public:
   // Reading and writing on the connection end when nothing moves for the limit. Looking up the
   // server's name and what libcups repeats by itself are not bounded.
-  static Expected<ServerConnection> Open(std::chrono::milliseconds limit);
+  static Expected<ServerConnection> Open(std::chrono::milliseconds limit,
+                                         std::shared_ptr<Authentication> authentication);
 
   http_t *get() const { return connection_.get(); }
   const std::string &address() const { return address_; }
@@ -41,16 +44,22 @@ class ServerConnection {
   bool IsBroken() const;
 
   // That there is no answer; or, if there was one, this text with its parts: %1 is the server's
-  // address, %2 its words about the last request, %3 the subject.
+  // address, %2 its words about the last request, or what is wrong with the password that it wants,
+  // %3 the subject.
   Failure Refused(std::string_view text, const std::string &subject = "") const;
 
  private:
-  ServerConnection(CupsConnection connection, std::string address, std::chrono::milliseconds limit)
-      : connection_(std::move(connection)), address_(std::move(address)), limit_(limit) {}
+  ServerConnection(CupsConnection connection, std::string address, std::chrono::milliseconds limit,
+                   std::shared_ptr<Authentication> authentication)
+      : connection_(std::move(connection)),
+        address_(std::move(address)),
+        limit_(limit),
+        authentication_(std::move(authentication)) {}
 
   CupsConnection connection_;
   std::string address_;
   std::chrono::milliseconds limit_;
+  std::shared_ptr<Authentication> authentication_;
 };
 
 // The attributes that an answer shall have.
@@ -60,6 +69,9 @@ void AskFor(ipp_t *request, std::initializer_list<const char *> attributes);
 std::string TextOf(ipp_t *message, const char *attribute);
 // The first value of a number or an enumeration, 0 where there is none.
 int NumberOf(ipp_t *message, const char *attribute);
+
+// Whether a refusal has to do with who asks.
+bool IsNotAllowed(ipp_status_t status);
 
 // What libcups or the server says about this thread's last operation; no full stop.
 std::string LastWords();

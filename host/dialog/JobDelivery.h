@@ -9,6 +9,7 @@
 #include "host/base/Retained.h"
 #include "host/cups/PrintServer.h"
 #include "host/dialog/JobSender.h"
+#include "host/dialog/PasswordWindow.h"
 #include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
 
@@ -20,8 +21,10 @@ class JobDelivery {
     std::function<void(DialogEnd end)> ended;
   };
 
-  // Its progress stands beside the view's buttons. Whether it waits for the job's end.
-  JobDelivery(PrintDialogView *view, PrintServer server, bool waits, Callbacks callbacks);
+  // Its progress stands beside the view's buttons. The window that asks for passwords must outlive
+  // the object. Whether it waits for the job's end.
+  JobDelivery(PrintDialogView *view, PrintServer server, PasswordWindow &passwords, bool waits,
+              Callbacks callbacks);
 
   void Begin(JobRequest request);
   // Takes back what is being sent; `refused` follows.
@@ -37,7 +40,7 @@ class JobDelivery {
  private:
   void WasAccepted(int number);
   void WasRefused(const std::string &reason);
-  void HasEnded(const JobStatus &status);
+  void HasEnded(const Expected<void> &printed);
   void ShowProgress(const std::string &text, double fraction = -1);
   std::string Id() const;
 

@@ -6,12 +6,13 @@
 #include "host/cups/RequestId.h"
 #import "host/dialog/Controls.h"
 
-JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, bool waits, Callbacks callbacks)
+JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, PasswordWindow &passwords,
+                         bool waits, Callbacks callbacks)
     : view_(Retained<PrintDialogView *>::Share(view)),
       waits_(waits),
       callbacks_(std::move(callbacks)),
       sender_(
-          server,
+          std::move(server), passwords,
           {.sending = [this](double fraction) { ShowProgress(Localized("Sending…"), fraction); },
            .accepted = [this](int number) { WasAccepted(number); },
            .refused = [this](const std::string &reason) { WasRefused(reason); },
@@ -19,7 +20,7 @@ JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, bool waits, 
                [this](const std::string &message) {
                  ShowProgress(Localized("Printing %1…", {Id()}) + "  " + message);
                },
-           .ended = [this](const JobStatus &status) { HasEnded(status); }}) {}
+           .ended = [this](const Expected<void> &printed) { HasEnded(printed); }}) {}
 
 void JobDelivery::Begin(JobRequest request) {
   has_begun_ = true;
@@ -42,7 +43,7 @@ void JobDelivery::WasAccepted(int number) {
   number_ = number;
   if (!waits_) return callbacks_.ended(DialogEnd::kPrinted);
   callbacks_.waiting();
-  sender_.WaitForEnd(number);
+  sender_.WaitForEnd(number, Id());
 }
 
 void JobDelivery::WasRefused(const std::string &reason) {
@@ -50,10 +51,9 @@ void JobDelivery::WasRefused(const std::string &reason) {
   callbacks_.refused(reason);
 }
 
-void JobDelivery::HasEnded(const JobStatus &status) {
-  failure_ = status.HowItEnded(Id());
-  callbacks_.ended(status.state == JobState::kCompleted ? DialogEnd::kPrinted
-                                                        : DialogEnd::kJobFailed);
+void JobDelivery::HasEnded(const Expected<void> &printed) {
+  if (!printed) failure_ = printed.message();
+  callbacks_.ended(printed ? DialogEnd::kPrinted : DialogEnd::kJobFailed);
 }
 
 void JobDelivery::ShowProgress(const std::string &text, double fraction) {

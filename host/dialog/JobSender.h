@@ -9,7 +9,9 @@
 
 #include "host/base/BackgroundTask.h"
 #include "host/base/Interruption.h"
+#include "host/cups/JobWaiting.h"
 #include "host/cups/PrintServer.h"
+#include "host/dialog/PasswordWindow.h"
 #include "host/dialog/Poller.h"
 
 class JobSender {
@@ -18,16 +20,16 @@ class JobSender {
     std::function<void(double fraction)> sending;  // from 0 to 1
     std::function<void(int job)> accepted;
     std::function<void(const std::string &reason)> refused;
-    // For its end, now and then; the server's words.
+    // For its end, now and then; what is in the way, or the printer's words.
     std::function<void(const std::string &message)> waiting;
-    std::function<void(const JobStatus &status)> ended;
+    std::function<void(const Expected<void> &printed)> ended;
   };
 
-  JobSender(PrintServer server, Callbacks callbacks);
+  JobSender(PrintServer server, PasswordWindow &passwords, Callbacks callbacks);
 
   void Send(JobRequest request);
   // Of a job that was accepted.
-  void WaitForEnd(int job);
+  void WaitForEnd(int job, const std::string &id);
   // Takes back a job that is being sent; `refused` follows.
   void CancelSending();
 
@@ -35,10 +37,12 @@ class JobSender {
   void AskForStatus();
 
   PrintServer server_;
+  PasswordWindow &passwords_;
   Callbacks callbacks_;
   std::shared_ptr<SendingProgress> progress_;
   std::unique_ptr<Interruption> interruption_;  // while a job is being sent
   int job_ = 0;
+  std::unique_ptr<JobWaiting> waiting_;
   Poller poller_;
 };
 

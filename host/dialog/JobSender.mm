@@ -2,8 +2,6 @@
 
 namespace {
 
-const std::chrono::milliseconds kBetweenQuestions(500);
-
 double Fraction(const SendingProgress &progress) {
   const long long total = progress.bytes_total;
   return total == 0 ? 0 : static_cast<double>(progress.bytes_sent) / static_cast<double>(total);
@@ -11,8 +9,8 @@ double Fraction(const SendingProgress &progress) {
 
 }  // namespace
 
-JobSender::JobSender(PrintServer server, Callbacks callbacks)
-    : server_(server), callbacks_(std::move(callbacks)) {}
+JobSender::JobSender(PrintServer server, PasswordWindow &passwords, Callbacks callbacks)
+    : server_(std::move(server)), passwords_(passwords), callbacks_(std::move(callbacks)) {}
 
 void JobSender::Send(JobRequest request) {
   progress_ = std::make_shared<SendingProgress>();
@@ -23,6 +21,7 @@ void JobSender::Send(JobRequest request) {
       });
   poller_ = Poller([this, task] {
     if (!task->HasEnded()) {
+      passwords_.AnswerQuestion();
       callbacks_.sending(Fraction(*progress_));
       return false;
     }
@@ -42,8 +41,9 @@ void JobSender::CancelSending() {
   if (progress_ != nullptr) progress_->cancel = true;
 }
 
-void JobSender::WaitForEnd(int job) {
+void JobSender::WaitForEnd(int job, const std::string &id) {
   job_ = job;
+  waiting_ = std::make_unique<JobWaiting>(id);
   AskForStatus();
 }
 
@@ -53,12 +53,15 @@ void JobSender::AskForStatus() {
       [server = server_, job = job_] { return server.StatusOfJob(job); });
   const auto next = Clock::now() + kBetweenQuestions;
   poller_ = Poller([this, task, next] {
-    if (!task->HasEnded() || Clock::now() < next) return false;
-    Expected<JobStatus> status = task->Take();
-    if (status && status->HasEnded()) {
-      callbacks_.ended(*status);
+    if (!task->HasEnded()) {
+      passwords_.AnswerQuestion();
+      return false;
+    }
+    if (Clock::now() < next) return false;
+    if (waiting_->Take(task->Take())) {
+      callbacks_.ended(waiting_->result());
     } else {
-      callbacks_.waiting(status ? status->message : status.message());
+      callbacks_.waiting(waiting_->message());
       AskForStatus();
     }
     return true;

@@ -15,6 +15,7 @@
 #include "host/dialog/JobDelivery.h"
 #include "host/dialog/JobEditor.h"
 #include "host/dialog/Notices.h"
+#include "host/dialog/PasswordWindow.h"
 #include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
 #include "host/dialog/PrinterChooser.h"
@@ -87,6 +88,7 @@ class PrintDialog {
   Retained<WaitingView *> waiting_;
   Actions actions_;
   Notices notices_;
+  PasswordWindow passwords_;
   PrinterChooser printers_;
   JobEditor editor_;
   JobDelivery delivery_;

@@ -44,10 +44,12 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                  [view_.get() setNotices:String(text)];
                  FitWindow();
                }),
-      printers_([view_.get() printers], PrintServer(job_.limit), job_.queue, CallbacksOfPrinters()),
+      printers_([view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
+                job_.queue, CallbacksOfPrinters()),
       editor_(view_.get(), session_, notices_, std::move(presets), TitleOfJob(job_.files),
               CallbacksOfEditor()),
-      delivery_(view_.get(), PrintServer(job_.limit), job_.waits, CallbacksOfDelivery()) {
+      delivery_(view_.get(), PrintServer(job_.limit, passwords_.passwords()), passwords_,
+                job_.waits, CallbacksOfDelivery()) {
   TieControls();
   SetPhase(Phase::kNoPrinter);
   editor_.Open(std::move(job_.settings), job_.preset.empty() ? kDefaultSettings : job_.preset);
@@ -187,6 +189,7 @@ void PrintDialog::Cancel() {
 
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
+  passwords_.Close();
   const bool canceled = end == DialogEnd::kCanceled;
   for (const auto &panel : session_.panels()) panel->WindowWillClose(canceled);
   end_ = end;

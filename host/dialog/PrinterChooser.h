@@ -13,6 +13,7 @@
 
 #include "host/base/BackgroundTask.h"
 #include "host/cups/PrintServer.h"
+#include "host/dialog/PasswordWindow.h"
 #include "host/dialog/Poller.h"
 
 class PrinterChooser {
@@ -25,8 +26,8 @@ class PrinterChooser {
 
   // The pop-up gets the queues' names. The queue wanted first; empty: the default one, or else the
   // first.
-  PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::string wanted,
-                 Callbacks callbacks);
+  PrinterChooser(NSPopUpButton *pop_up, PrintServer server, PasswordWindow &passwords,
+                 std::string wanted, Callbacks callbacks);
 
   // Asks for the queues, then for the printer description of the one that is wanted.
   void AskForQueues();
@@ -52,6 +53,7 @@ class PrinterChooser {
 
   Retained<NSPopUpButton *> pop_up_;
   PrintServer server_;
+  PasswordWindow &passwords_;
   std::string wanted_;
   Callbacks callbacks_;
   std::vector<Queue> queues_;

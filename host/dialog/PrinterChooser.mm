@@ -23,16 +23,20 @@ void PrinterChooser::Ask(std::function<Answer()> question, void (PrinterChooser:
   poller_ = Poller();  // whoever takes the answer may ask the next question
   if (task->WaitFor(kAtOnce)) return (this->*take)(task->Take());
   poller_ = Poller([this, task, take] {
-    if (!task->HasEnded()) return false;
+    if (!task->HasEnded()) {
+      passwords_.AnswerQuestion();
+      return false;
+    }
     (this->*take)(task->Take());
     return true;
   });
 }
 
-PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, std::string wanted,
-                               Callbacks callbacks)
+PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, PasswordWindow &passwords,
+                               std::string wanted, Callbacks callbacks)
     : pop_up_(Retained<NSPopUpButton *>::Share(pop_up)),
-      server_(server),
+      server_(std::move(server)),
+      passwords_(passwords),
       wanted_(std::move(wanted)),
       callbacks_(std::move(callbacks)) {}
 

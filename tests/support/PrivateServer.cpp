@@ -42,9 +42,32 @@ std::string Values(ipp_attribute_t *attribute) {
   return text;
 }
 
+// The rules by which the print server checks passwords, for the whole machine.
+constexpr char kRules[] = "/etc/pam.d/cups";
+
+// Runs the rest of the command where the file stands in the place of the machine's rules.
+std::vector<std::string> WithRules(const fs::path &rules) {
+  std::vector<std::string> command = {"unshare", "--mount"};
+  if (geteuid() != 0) {
+    command.insert(command.end(), {"--user", "--map-current-user", "--keep-caps"});
+  }
+  command.insert(command.end(),
+                 {"sh", "-c", std::string("mount --bind \"$0\" ") + kRules + " && exec \"$@\"",
+                  rules.string()});
+  return command;
+}
+
 }  // namespace
 
-PrivateServer::PrivateServer() : folder_(NewFolder()) {
+bool CanCheckPasswords() {
+  std::vector<std::string> command = WithRules("/dev/null");
+  command.push_back("true");
+  return fs::exists(kRules) && RunProgram(command).status == 0;
+}
+
+PrivateServer::PrivateServer(const std::map<std::string, std::string> &passwords)
+    : folder_(NewFolder()) {
+  if (!passwords.empty()) WritePasswords(passwords);
   Configure();
   Start();
 }
@@ -88,10 +111,26 @@ exec cat "${6:--}" >>"$PRINTER/$1"
   fs::permissions(printer, fs::perms::owner_all);
 }
 
+void PrivateServer::WritePasswords(const std::map<std::string, std::string> &passwords) const {
+  const fs::path check = folder_ / "check-password";
+  std::ofstream program(check);
+  program << "#!/bin/sh\nIFS= read -r password\ncase $PAM_USER:$password in\n";
+  for (const auto &[user, password] : passwords) {
+    program << '\'' << user << ':' << password << "') exit 0;;\n";
+  }
+  program << "esac\nexit 1\n";
+  program.close();
+  fs::permissions(check, fs::perms::owner_all);
+  std::ofstream(folder_ / "rules") << "auth required pam_exec.so quiet expose_authtok "
+                                   << check.string() << "\naccount required pam_permit.so\n";
+}
+
 void PrivateServer::WriteConfiguration(const std::string &limits) const {
   std::ofstream(folder_ / "cupsd.conf") << "Listen " << address() << "\nListen "
-                                        << socket().string() << R"(
-DefaultAuthType None
+                                        << socket().string()
+                                        << "\nDefaultAuthType "
+                                        // Without one, what a client shows is not looked at.
+                                        << (fs::exists(folder_ / "rules") ? "Basic" : "None") << R"(
 Browsing No
 WebInterface No
 PreserveJobFiles Yes
@@ -127,10 +166,13 @@ void PrivateServer::Restrict(const std::string &operations) const {
 }
 
 void PrivateServer::Start() {
+  std::vector<std::string> command;
+  if (fs::exists(folder_ / "rules")) command = WithRules(folder_ / "rules");
   // Also a test program that is killed takes it along.
-  program_ = std::make_unique<RunningProgram>(std::vector<std::string>{
-      "setpriv", "--pdeathsig", "TERM", AdministratorsProgram("cupsd"), "-f", "-c",
-      folder_ / "cupsd.conf", "-s", folder_ / "cups-files.conf"});
+  command.insert(command.end(),
+                 {"setpriv", "--pdeathsig", "TERM", AdministratorsProgram("cupsd"), "-f", "-c",
+                  folder_ / "cupsd.conf", "-s", folder_ / "cups-files.conf"});
+  program_ = std::make_unique<RunningProgram>(command);
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
   while (std::chrono::steady_clock::now() < deadline && !program_->HasEnded(0s)) {
     if (const int connection = port_.Connect(); connection >= 0) {

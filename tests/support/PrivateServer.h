@@ -33,7 +33,9 @@ struct TestQueue {
 // do everything. What ends the test program is a server that does not start.
 class PrivateServer {
  public:
-  PrivateServer();
+  // The passwords of these users are right, and no others, whatever accounts the machine has; it
+  // must be one that CanCheckPasswords.
+  explicit PrivateServer(const std::map<std::string, std::string> &passwords = {});
   ~PrivateServer();
   PrivateServer(const PrivateServer &) = delete;
   PrivateServer &operator=(const PrivateServer &) = delete;
@@ -66,7 +68,7 @@ class PrivateServer {
   void ReleaseJob(int job) const;
 
   // From some moment on, these operations (names of the protocol, blanks between them) take a
-  // password that nobody has.
+  // password. A queue of the operation policy "password" takes one for all of them.
   void Restrict(const std::string &operations) const;
 
   // It takes connections and answers nothing until it goes on.
@@ -75,6 +77,7 @@ class PrivateServer {
 
  private:
   void Configure() const;
+  void WritePasswords(const std::map<std::string, std::string> &passwords) const;
   void WriteConfiguration(const std::string &limits) const;
   void Start();
 
@@ -82,6 +85,10 @@ class PrivateServer {
   LocalPort port_;
   std::unique_ptr<RunningProgram> program_;
 };
+
+// Whether a server's passwords can be those of a test: in a place of its own, that server alone
+// sees other rules for checking them than the machine has.
+bool CanCheckPasswords();
 
 // This process's environment is the server's for as long as the object lives. libcups reads it once
 // in each thread.

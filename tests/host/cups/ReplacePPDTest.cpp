@@ -131,8 +131,8 @@ TEST(ReplacePPDServer, WithoutTheRightTheFailureSaysWhoHasIt) {
     return failure.ends_with("run this as one");
   });
   EXPECT_EQ(failure, "the print server " + server.address() +
-                         " does not take the PPD file for Office: Unauthorized; only an "
-                         "administrator of the print server may change a queue, run this as one");
+                         " does not take the PPD file for Office: it wants a password, and "
+                         "none was given; only an administrator of the print server may change a queue, run this as one");
 }
 
 TEST(ReplacePPDServer, ASilentServerEndsItWithinTheLimit) {

@@ -28,7 +28,7 @@ OBJC_TEST(TypedOption, ShowsWhatTheJobHasOrTheUsual) {
 }
 
 OBJC_TEST(TypedOption, ShowsNoTextWhereAllPagesAreAskedFor) {
-  EXPECT_EQ("", kPagesOption.TextIn({{"page-ranges", kPagesOption.instead}}));
+  EXPECT_EQ("", kPagesOption.TextIn({{"page-ranges", kPagesOption.instead()}}));
 }
 
 OBJC_TEST(TypedOption, SetsWhatTheJobDoesNotHaveAlready) {
@@ -45,8 +45,8 @@ OBJC_TEST(TypedOption, TakesTheOptionAwayWhereNothingIsTyped) {
 }
 
 OBJC_TEST(TypedOption, AsksForAllPagesWhereTheQueueHasFewer) {
-  EXPECT_EQ(kPagesOption.instead, Taken(kPagesOption, "", {{"page-ranges", "1-2"}}));
-  EXPECT_EQ(kPagesOption.instead,
+  EXPECT_EQ(kPagesOption.instead(), Taken(kPagesOption, "", {{"page-ranges", "1-2"}}));
+  EXPECT_EQ(kPagesOption.instead(),
             Taken(kPagesOption, " ", {{"page-ranges", "1-2"}}, {{"page-ranges", "5-5"}}));
 }
 
