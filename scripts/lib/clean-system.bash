@@ -57,13 +57,18 @@ keep_archives() {
   find "$2/var/cache/apt/archives" -name '*.deb' -links 1 -exec cp -lf -t "$1/archives/$suite" {} +
 }
 
-# Runs a command there, as root; its output is the command's.
+# Runs a command there, as root; its output is the command's. Its root is a mount, so that it can make
+# mounts, and systems, of its own.
 #   on_system ROOT COMMAND [ARGUMENT...]
 on_system() {
-  unshare --mount --pid --fork --kill-child --mount-proc --root="$1" --wd=/ \
-    env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 LANGUAGE=en \
-    DISPLAY="${DISPLAY:-}" DEBIAN_FRONTEND=noninteractive \
-    sh -c 'mount -t devpts -o newinstance,ptmxmode=0666 devpts /dev/pts && exec "$@"' - "${@:2}"
+  # shellcheck disable=SC2016
+  unshare --mount --pid --fork --kill-child sh -c '
+    mount --bind "$1" "$1" && mount -t proc proc "$1/proc" &&
+      mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts" &&
+      root=$1 display=$2 && shift 2 &&
+      exec env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 LANGUAGE=en \
+        DISPLAY="$display" DEBIAN_FRONTEND=noninteractive chroot "$root" "$@"' \
+    - "$1" "${DISPLAY:-}" "${@:2}"
 }
 
 # The same as a user without rights, whose home is in /tmp.

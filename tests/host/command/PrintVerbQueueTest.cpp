@@ -15,7 +15,7 @@ namespace {
 Attributes WhatTheUserAskedFor(Attributes attributes) {
   std::erase_if(attributes, [](const auto &attribute) {
     for (const char *of_the_job : {"job-id", "job-uri", "job-uuid", "job-more-info", "time-at-",
-                                   "date-time-at-", "job-printer-up-time", "VQ"}) {
+                                   "date-time-at-", "job-printer-up-time", "printer-uri", "VQ"}) {
       if (attribute.first.starts_with(of_the_job)) return true;
     }
     return false;
