@@ -1,6 +1,7 @@
 #include "numbering/Look.h"
 
 #include <algorithm>
+#include <span>
 
 namespace numbering {
 

@@ -5,7 +5,6 @@
 #define NUMBERING_LOOK_H
 
 #include <array>
-#include <span>
 #include <string_view>
 #include <vector>
 

@@ -3,7 +3,7 @@
 #ifndef NUMBERING_OUTLINE_H
 #define NUMBERING_OUTLINE_H
 
-#include <span>
+#include <cstddef>
 #include <string_view>
 
 namespace numbering {
@@ -21,10 +21,21 @@ struct Segment {
   Point control() const { return {static_cast<double>(control_x), static_cast<double>(control_y)}; }
 };
 
+class Outline {
+ public:
+  template <size_t size>
+  constexpr Outline(const Segment (&segments)[size]) : begin_(segments), end_(segments + size) {}
+  const Segment *begin() const { return begin_; }
+  const Segment *end() const { return end_; }
+
+ private:
+  const Segment *begin_, *end_;
+};
+
 // In units of which kUnitsPerEm are the font size; all contours are closed.
 struct Digit {
   int advance;
-  std::span<const Segment> outline;
+  Outline outline;
 };
 extern const int kUnitsPerEm;
 extern const Digit kDigits[10];

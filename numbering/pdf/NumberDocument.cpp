@@ -1,0 +1,56 @@
+#include "numbering/pdf/NumberDocument.h"
+
+#include <exception>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include "numbering/pdf/PageNumbers.h"
+
+namespace numbering {
+
+namespace {
+
+void Open(QPDF &pdf, std::FILE *in) {
+  pdf.setSuppressWarnings(true);
+  pdf.processFile("the document", in, false);
+}
+
+void Write(QPDF &pdf, std::FILE *out, const std::string &comments) {
+  QPDFWriter writer(pdf, "the numbered document", out, false);
+  writer.setExtraHeaderText(comments);
+  writer.setPreserveEncryption(false);
+  // What the document has packed goes on as it is.
+  writer.setDecodeLevel(qpdf_dl_none);
+  writer.setCompressStreams(false);
+  writer.setObjectStreamMode(qpdf_o_preserve);
+  writer.write();
+}
+
+}  // namespace
+
+DocumentNumbers NumberDocument(std::FILE *in, std::FILE *out, const Choices &choices,
+                               const IsOver &is_over, const std::string &comments) {
+  QPDF pdf;
+  Open(pdf, in);
+  PageNumbers numbers(pdf, choices);
+  DocumentNumbers result;
+  for (const QPDFPageObjectHelper &page : QPDFPageDocumentHelper(pdf).getAllPages()) {
+    const size_t at = result.pages++;
+    try {
+      numbers.Draw(page, choices.NumberOf(at), is_over(at));
+    } catch (const std::exception &error) {
+      result.failures.push_back("page " + std::to_string(at + 1) + ": " + error.what());
+    }
+  }
+  Write(pdf, out, comments);
+  return result;
+}
+
+size_t PagesOfDocument(std::FILE *in) {
+  QPDF pdf;
+  Open(pdf, in);
+  return QPDFPageDocumentHelper(pdf).getAllPages().size();
+}
+
+}  // namespace numbering
