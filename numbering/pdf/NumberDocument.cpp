@@ -11,9 +11,9 @@ namespace numbering {
 
 namespace {
 
-void Open(QPDF &pdf, std::FILE *in) {
+void Open(QPDF &pdf, std::string_view file) {
   pdf.setSuppressWarnings(true);
-  pdf.processFile("the document", in, false);
+  pdf.processMemoryFile("the document", file.data(), file.size());
 }
 
 void Write(QPDF &pdf, std::FILE *out, const std::string &comments) {
@@ -29,10 +29,10 @@ void Write(QPDF &pdf, std::FILE *out, const std::string &comments) {
 
 }  // namespace
 
-DocumentNumbers NumberDocument(std::FILE *in, std::FILE *out, const Choices &choices,
+DocumentNumbers NumberDocument(std::string_view file, std::FILE *out, const Choices &choices,
                                const IsOver &is_over, const std::string &comments) {
   QPDF pdf;
-  Open(pdf, in);
+  Open(pdf, file);
   PageNumbers numbers(pdf, choices);
   DocumentNumbers result;
   for (const QPDFPageObjectHelper &page : QPDFPageDocumentHelper(pdf).getAllPages()) {
@@ -47,9 +47,9 @@ DocumentNumbers NumberDocument(std::FILE *in, std::FILE *out, const Choices &cho
   return result;
 }
 
-size_t PagesOfDocument(std::FILE *in) {
+size_t PagesOfDocument(std::string_view file) {
   QPDF pdf;
-  Open(pdf, in);
+  Open(pdf, file);
   return QPDFPageDocumentHelper(pdf).getAllPages().size();
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "numbering/Choices.h"
@@ -20,14 +21,14 @@ struct DocumentNumbers {
 // Whether the number of a page, counted from 0, goes over it.
 using IsOver = std::function<bool(size_t page)>;
 
-// Reads a PDF file and writes it with numbers; comments are lines, each with its end, that follow
+// Writes a PDF file with numbers; comments are lines, each with its end, that follow
 // its first. Throws what is derived from std::exception where the file cannot be read, needs a
 // password, or cannot be written.
-DocumentNumbers NumberDocument(std::FILE *in, std::FILE *out, const Choices &choices,
+DocumentNumbers NumberDocument(std::string_view file, std::FILE *out, const Choices &choices,
                                const IsOver &is_over, const std::string &comments);
 
 // Throws as above.
-size_t PagesOfDocument(std::FILE *in);
+size_t PagesOfDocument(std::string_view file);
 
 }  // namespace numbering
 
