@@ -21,6 +21,7 @@ namespace {
 constexpr int kPageLimit = 20000;  // milliseconds
 // A document that ends the looking so often gets no more of it.
 constexpr int kMostAttempts = 8;
+constexpr int kLibrarysEnd = 1;  // where it finds no memory
 
 std::string Looker() {
   std::error_code error;
@@ -81,7 +82,7 @@ class Look {
     int status = 0;
     while (waitpid(child_, &status, 0) < 0 && errno == EINTR) continue;
     child_ = -1;
-    may_go_on_ = WIFSIGNALED(status);
+    may_go_on_ = WIFSIGNALED(status) || WEXITSTATUS(status) == kLibrarysEnd;
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
 

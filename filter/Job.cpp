@@ -66,15 +66,21 @@ bool Number(const Envelope &envelope, const Choices &choices, const numbering::I
             int file) {
   try {
     std::FILE *out = fdopen(file, "wb");
+    size_t over = 0;
+    const auto counting = [&](size_t page) {
+      const bool is = is_over(page);
+      over += is ? 1 : 0;
+      return is;
+    };
     const numbering::DocumentNumbers numbers = numbering::NumberDocument(
-        envelope.document, out, choices, is_over, envelope.comments + std::string(kNumberedMark));
+        envelope.document, out, choices, counting, envelope.comments + std::string(kNumberedMark));
     if (std::fflush(out) != 0) throw std::runtime_error(SystemReason());
     if (!numbers.failures.empty()) {
       LogWarning(std::to_string(numbers.failures.size()) + " of " + std::to_string(numbers.pages) +
                  " pages have no number: " + numbers.failures.front());
     }
     LogDebug(std::to_string(numbers.pages) + " pages from " + std::to_string(choices.start) +
-             " on");
+             " on, the number over " + std::to_string(over) + " of them");
     return true;
   } catch (const std::exception &error) {
     LogWarning(std::string("The pages have no numbers: ") + error.what());

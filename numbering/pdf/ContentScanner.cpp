@@ -128,7 +128,7 @@ void ContentScanner::EndWord() {
     if (saves_ > 0) {
       --saves_;
     } else {
-      excess_restores_.push_back(begin_);
+      ++excess_restores_;
     }
   } else if (word_ == "BT" || word_ == "ET") {
     in_text_ = word_ == "BT";

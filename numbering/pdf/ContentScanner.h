@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace numbering {
 
@@ -22,12 +21,13 @@ class ContentScanner {
   //
   // What ends all that the page has begun and not ended.
   std::string Closing() const;
-  // Where the page restores a state that it has not saved, which viewers ignore.
-  const std::vector<size_t> &excess_restores() const { return excess_restores_; }
+  // How often the page restores a state that it has not saved: some viewers go back to what it
+  // began with.
+  size_t excess_restores() const { return excess_restores_; }
   // Where an operand begins that never ends, or the end of all.
   size_t sound_size() const;
   size_t size() const { return size_; }
-  bool IsSound() const { return excess_restores_.empty() && sound_size() == size_; }
+  bool IsSound() const { return sound_size() == size_; }
 
  private:
   enum class Within { Nothing, Word, Name, String, Hex, Comment, Image, AfterImage };
@@ -58,7 +58,7 @@ class ContentScanner {
   size_t saves_ = 0;
   size_t marks_ = 0;
   bool in_text_ = false;
-  std::vector<size_t> excess_restores_;
+  size_t excess_restores_ = 0;
 };
 
 }  // namespace numbering

@@ -48,9 +48,14 @@ std::string SoundPart(std::vector<QPDFObjectHandle> &streams, const ContentScann
   std::string content;
   Read(
       streams, [&](std::string_view part) { content += part; }, [&] { content += '\n'; });
-  for (const size_t excess : scanner.excess_restores()) content[excess] = ' ';
   content.resize(scanner.sound_size());
   return content;
+}
+
+std::string Saves(size_t count) {
+  std::string saves;
+  for (; count > 0; --count) saves += "q ";
+  return saves + '\n';
 }
 
 }  // namespace
@@ -84,10 +89,12 @@ void PageContent::PutBefore(const std::string &instructions) {
 
 bool PageContent::PutAfter(const std::string &instructions, const QPDFObjectHandle &save) {
   ContentScanner scanner;
-  std::vector<QPDFObjectHandle> streams = {save};
+  std::vector<QPDFObjectHandle> streams;
   try {
     const auto take = [&](std::string_view part) { scanner.Take(part); };
     if (!Read(streams_, take, [&] { scanner.EndStream(); })) return false;
+    streams.push_back(
+        scanner.excess_restores() == 0 ? save : Stream(Saves(scanner.excess_restores() + 1)));
     if (scanner.IsSound()) {
       streams.insert(streams.end(), streams_.begin(), streams_.end());
     } else {

@@ -60,11 +60,12 @@ std::string PageNumbers::Instructions(const std::string &digits, const PageFrame
                                       bool over) const {
   const double along = place.font_size * std::cos(place.angle);
   const double up = place.font_size * std::sin(place.angle);
-  std::string text = "q /Artifact BMC ";
+  // One word to those who search, though the digits may rise like stairs.
+  std::string text = "q /Artifact BMC /Span << /ActualText (" + digits + ") >> BDC ";
   for (const double value : frame.matrix) AppendLiteral(text, value);
   text += "cm " + (over ? paint_over_ : paint_) + "BT " + font + " 1 Tf ";
   for (const double value : {along, up, -up, along, place.x, place.y}) AppendLiteral(text, value);
-  return text + "Tm (" + digits + ") Tj ET EMC Q\n";
+  return text + "Tm (" + digits + ") Tj ET EMC EMC Q\n";
 }
 
 void PageNumbers::Draw(QPDFPageObjectHelper page, size_t number, bool over) {

@@ -12,7 +12,7 @@ TEST(Filter, NumbersThePages) {
     EXPECT_EQ(TextOfPdf(run.out), "Page 1 25 Page 2 26 Page 3 27");
     EXPECT_EQ(run.log,
               "INFO: Numbering the pages.\n"
-              "DEBUG: backgroundnumbers: 3 pages from 25 on\n");
+              "DEBUG: backgroundnumbers: 3 pages from 25 on, the number over 0 of them\n");
   }
 }
 

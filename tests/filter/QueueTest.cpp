@@ -82,6 +82,8 @@ TEST(Queue, KeepsTheLanguageOfThePrinter) {
   int job = 0;
   const std::string out = Printed("Jcl", jcl + kMakersLine + kLine, TextPdf(1),
                                   {"VQBackgroundNumbering=On", "VQStartNumber=77"}, job);
-  EXPECT_THAT(out, StartsWith("\x1b%-12345X@PJL JOB\n"));
+  EXPECT_THAT(out, StartsWith("\x1b%-12345X@PJL"));
+  EXPECT_THAT(out, HasSubstr("@PJL ENTER LANGUAGE=PDF\n%PDF-"));
+  EXPECT_THAT(out.substr(out.rfind("%%EOF")), StartsWith("%%EOF\n\x1b%-12345X"));
   EXPECT_THAT(TextOfPdf(out.substr(out.find("%PDF-"))), HasSubstr("77"));
 }

@@ -20,8 +20,7 @@ std::string Number(std::string_view document, bool over) {
   }
   try {
     const size_t left = numbering::PagesOfDocument(numbered);
-    return left == pages ? ""
-                         : std::to_string(pages) + " pages become " + std::to_string(left);
+    return left == pages ? "" : std::to_string(pages) + " pages become " + std::to_string(left);
   } catch (const std::exception &error) {
     return std::string("the numbered document is broken: ") + error.what();
   }

@@ -37,8 +37,10 @@ std::string RawPdf(const std::vector<RawPage> &pages, const std::vector<std::str
   for (const RawPage &page : pages) {
     const std::string number = std::to_string(objects.size() + 1);
     kids += number + " 0 R ";
-    objects.push_back("<< /Type /Page /Parent 2 0 R /Contents " +
-                      std::to_string(objects.size() + 2) + " 0 R " + page.entries + " >>");
+    const std::string contents = page.entries.find("/Contents") == std::string::npos
+                                     ? "/Contents " + std::to_string(objects.size() + 2) + " 0 R "
+                                     : "";
+    objects.push_back("<< /Type /Page /Parent 2 0 R " + contents + page.entries + " >>");
     objects.push_back(PdfStream(page.content));
   }
   objects[1] = "<< /Type /Pages /Resources << /Font << /F 3 0 R >> >> /Count " +

@@ -53,7 +53,7 @@ TEST(AwkwardFiles, WhoseTableOfObjectsIsWrong) {
   std::string broken = ThreePages();
   broken.insert(broken.find("2 0 obj"), "% something that moves all that follows\n");
   ExpectThreeNumbers(broken);
-  ExpectThreeNumbers(ThreePages().substr(0, ThreePages().rfind("xref\n0")));
+  ExpectThreeNumbers(ThreePages().substr(0, ThreePages().rfind("startxref")));
 }
 
 TEST(AwkwardFiles, ThatAreNoneAreRefused) {
@@ -99,9 +99,9 @@ TEST(AwkwardFiles, KeepWhatIsNoPage) {
 TEST(AwkwardFiles, TextIsFoundAsBeforeAndTheNumberAsOneWordMore) {
   std::string content = "BT /F 12 Tf 14 TL 60 780 Td\n";
   for (int line = 0; line < 50; ++line) {
-    content += "(Line " + std::to_string(line) +
-               " goes over the whole width of the paper, as books "
-               "do.) Tj T*\n";
+    content +=
+        "(A line that goes over the whole width of the paper, as books "
+        "do.) Tj T*\n";
   }
   const std::string pdf = RawPdf({{content + "ET"}});
   const std::string words = TextOfPdf(pdf);
@@ -124,5 +124,6 @@ TEST(AwkwardFiles, FiveThousandPagesShareTheirFonts) {
   EXPECT_LT(over.size(), pdf.size() + 5000 * 500 + 400'000);
   EXPECT_EQ(numbering::PagesOfDocument(behind), 5000u);
   const std::string found = TextOfPdf(over);
-  EXPECT_TRUE(found.ends_with("Some words 5024")) << found.substr(found.size() - 40);
+  for (const char *word : {" 25 ", " 999 ", " 1000 ", " 5023 "})
+    EXPECT_THAT(found, HasSubstr(word));
 }
