@@ -23,6 +23,8 @@ void Write(QPDF &pdf, std::FILE *out, const std::string &comments) {
   // What the document has packed goes on as it is.
   writer.setDecodeLevel(qpdf_dl_none);
   writer.setCompressStreams(false);
+  // Ghostscript reads a digit and what follows as one word, across the end of the stream.
+  writer.setNewlineBeforeEndstream(true);
   writer.setObjectStreamMode(qpdf_o_preserve);
   writer.write();
 }
