@@ -1,12 +1,54 @@
 #include "printer/generator/Numbering.h"
 
+#include <map>
+#include <span>
+
+#include "numbering/Literal.h"
+#include "numbering/Look.h"
+
 namespace {
+
+using numbering::Literal;
 
 constexpr char kGroup[] = "BackgroundNumbering";
 
 // What a choice does: On.ps finds its value in this variable.
 std::string Leave(const std::string &variable, const std::string &value) {
   return "userdict /" + variable + " " + value + " put";
+}
+
+// What On.ps takes for the items of a setting, by their keywords.
+using Values = std::map<std::string, std::string>;
+
+Values ValuesOf(std::span<const numbering::NamedValue> table) {
+  Values values;
+  for (const auto &[keyword, value] : table) values.emplace(keyword, Literal(value));
+  return values;
+}
+
+// Gray, or red, green and blue; then the strength.
+Values Inks() {
+  Values values;
+  for (const numbering::Ink &ink : numbering::kInks) {
+    std::string text = "[";
+    for (const double component : std::span(ink.rgb).first(ink.IsGray() ? 1 : 3)) {
+      text += Literal(component) + ' ';
+    }
+    values.emplace(ink.keyword, text + Literal(ink.strength) + ']');
+  }
+  return values;
+}
+
+// Whether the number is drawn over the page.
+const Values &Placements() {
+  static const Values values = {{"Behind", "false"}, {"Over", "true"}};
+  return values;
+}
+
+std::string ValueOf(const Values &values, const std::string &setting, const std::string &item) {
+  const auto value = values.find(item);
+  if (value != values.end()) return value->second;
+  throw SourceError("numbering/Look.h has no entry " + item + " for " + setting);
 }
 
 struct Menu {
@@ -17,11 +59,11 @@ struct Menu {
 };
 
 PrinterOption ValueOption(const std::string &setting, const std::string &variable, int order,
-                          const Menu &menu, const SourceList &values) {
+                          const Menu &menu, const Values &values) {
   PrinterOption option{menu.keyword, setting, order, menu.default_item, {}};
   for (const std::string &item : menu.items) {
     option.choices.push_back(
-        {item, menu.text_prefix + item, Leave(variable, values.String(setting, item))});
+        {item, menu.text_prefix + item, Leave(variable, ValueOf(values, setting, item))});
   }
   return option;
 }
@@ -56,21 +98,17 @@ PrinterOption StartNumberOption(const SourceList &info) {
   return option;
 }
 
-std::string Replaced(std::string text, const std::string &from, const std::string &to) {
-  const size_t place = text.find(from);
-  if (place == std::string::npos) throw SourceError("the drawing does not use " + from);
-  return text.replace(place, from.size(), to);
-}
-
-// Programs that send the code of choices other than the defaults only leave out the rest.
-std::string WithDefaults(std::string program, const SourceList &values, const std::string &size,
-                         const std::string &density, const std::string &color,
-                         const std::string &start, const std::string &placement) {
-  program = Replaced(program, "@Size@", values.String("Size", size));
-  program = Replaced(program, "@Density@", values.String("Density", density));
-  program = Replaced(program, "@Color@", values.String("Color", color));
-  program = Replaced(program, "@StartNumber@", start);
-  return Replaced(program, "@Placement@", values.String("Placement", placement));
+// The program with these values in place of their names, each of which it uses.
+std::string Filled(std::string program, const Values &values) {
+  for (const auto &[name, value] : values) {
+    const std::string place = '@' + name + '@';
+    size_t found = program.find(place);
+    if (found == std::string::npos) throw SourceError("the drawing does not use " + place);
+    for (; found != std::string::npos; found = program.find(place, found + value.size())) {
+      program.replace(found, place.size(), value);
+    }
+  }
+  return program;
 }
 
 }  // namespace
@@ -78,12 +116,26 @@ std::string WithDefaults(std::string program, const SourceList &values, const st
 std::vector<PrinterOption> NumberingOptions(const SourceList &info,
                                             const std::filesystem::path &drawing_folder,
                                             bool color) {
-  const SourceList values(drawing_folder / "Values.plist");
+  const Values sizes = ValuesOf(numbering::kSizes), densities = ValuesOf(numbering::kDensities);
+  const Values inks = Inks(), &placements = Placements();
   const Menu size = PanelMenu(info, "Size");
   const Menu density = PanelMenu(info, "Density");
   const Menu colors = ColorMenu(info, color);
   const PrinterOption start = StartNumberOption(info);
   const Menu placement = {"VQBNPlacement", "Placement", {"Behind", "Over"}, "Behind"};
+  // Programs that send the code of choices other than the defaults only leave out the rest.
+  const Values drawing = {
+      {"Size", ValueOf(sizes, "Size", size.default_item)},
+      {"Density", ValueOf(densities, "Density", density.default_item)},
+      {"Color", ValueOf(inks, "Color", colors.default_item)},
+      {"StartNumber", start.default_choice},
+      {"Placement", ValueOf(placements, "Placement", placement.default_item)},
+      {"LargestExtent", Literal(numbering::kLargestExtent)},
+      {"LargestFontSize", Literal(numbering::kLargestFontSize)},
+      {"StripePeriod", Literal(numbering::kStripePeriod)},
+      {"StripeShare", Literal(numbering::kStripeShare)},
+      {"StripeStrength", Literal(numbering::kStripeStrength)},
+  };
   // Switching on takes the values of the others, and chains to what they set up: it comes last.
   const PrinterOption valid{
       info.String("TicketKey", "Valid"),
@@ -91,16 +143,13 @@ std::vector<PrinterOption> NumberingOptions(const SourceList &info,
       70,
       info.String("DefaultValue", "Valid"),
       {{"Off", "Off", ReadPostScript(drawing_folder / "Off.ps")},
-       {"On", "On",
-        WithDefaults(ReadPostScript(drawing_folder / "On.ps"), values, size.default_item,
-                     density.default_item, colors.default_item, start.default_choice,
-                     placement.default_item)}}};
+       {"On", "On", Filled(ReadPostScript(drawing_folder / "On.ps"), drawing)}}};
   return {valid,
-          ValueOption("Size", "VelmoraSize", 61, size, values),
-          ValueOption("Density", "VelmoraDensity", 62, density, values),
-          ValueOption("Color", "VelmoraInk", 63, colors, values),
+          ValueOption("Size", "VelmoraSize", 61, size, sizes),
+          ValueOption("Density", "VelmoraDensity", 62, density, densities),
+          ValueOption("Color", "VelmoraInk", 63, colors, inks),
           start,
-          ValueOption("Placement", "VelmoraOver", 65, placement, values)};
+          ValueOption("Placement", "VelmoraOver", 65, placement, placements)};
 }
 
 std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts) {

@@ -32,6 +32,10 @@ std::string TryPPD(std::string_view file);
 std::string TryJobOption(std::string_view text);
 // The arguments of the program, one a line.
 std::string TryCommandLine(std::string_view lines);
+// Documents for the print system's filter.
+std::string TryPdf(std::string_view file);
+// Options of a job, as the print system hands them to filters.
+std::string TryFilterOptions(std::string_view options);
 
 struct Target {
   std::string_view name;  // and that of its folder in tests/fuzz/corpora
@@ -42,7 +46,7 @@ inline constexpr Target kTargets[] = {
     {"setting_info", TrySettingInfo}, {"strings", TryStrings}, {"ticket", TryTicket},
     {"preset_name", TryPresetName},   {"typing", TryTyping},   {"stored_values", TryStoredValues},
     {"session", TrySession},          {"ppd", TryPPD},         {"job_option", TryJobOption},
-    {"command_line", TryCommandLine},
+    {"command_line", TryCommandLine}, {"pdf", TryPdf},         {"filter_options", TryFilterOptions},
 };
 
 }  // namespace fuzz

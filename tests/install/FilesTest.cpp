@@ -22,6 +22,8 @@ constexpr const char *kFiles[] = {
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",
     ("644 "
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
+    "755 lib/cups/filter/backgroundnumbers",
+    "755 lib/cups/filter/backgroundnumbers-look",
     "777 lib/libPrintCore.so.1",
     ("644 lib/libPrintCore.so." VERSION),
     "644 share/applications/pdeprint.desktop",
@@ -96,7 +98,7 @@ TEST(Files, DestdirComesBeforeThePrefixGivenWhenInstalling) {
 
 TEST(Files, EveryOneBelongsToOneComponent) {
   std::vector<std::string> files;
-  for (const char *component : {"library", "bundle", "program", "printers"}) {
+  for (const char *component : {"library", "bundle", "program", "printers", "filter"}) {
     const std::vector<std::string> more = InstalledTree({"--component", component}).Files();
     EXPECT_FALSE(more.empty()) << component;
     files.insert(files.end(), more.begin(), more.end());

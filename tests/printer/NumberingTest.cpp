@@ -45,7 +45,7 @@ TEST(Numbering, StartNumbersAreThoseOfTheRange) {
 TEST(Numbering, AnItemThatTheDrawingDoesNotKnowIsTold) {
   const SourceTree tree;
   tree.Edit(kInfo, "<string>Large</string>", "<string>Huge</string>");
-  EXPECT_EQ((tree.printer() / "numbering/Values.plist").string() + ": has no entry Huge in Size",
+  EXPECT_EQ("numbering/Look.h has no entry Huge for Size",
             ErrorOf([&tree] { (void)tree.Options(); }));
 }
 

@@ -142,7 +142,9 @@ TEST_F(PrintVerb, OptionsThatTheQueueOffersAreTakenWithTheValuesThatItLists) {
       Refusal(2, {"-d", "Bins", "--set", "output-bin=attic", file_}),
       "pdeprint: output-bin cannot be \"attic\": this printer has no output-bin \"attic\"; it "
       "has upper, lower\n");
-  EXPECT_EQ(JobOn("Bins", {"--set", "job-account-id=7"}).at("job-account-id"), "7");
+  EXPECT_EQ(
+      JobOn("Bins", {"--set", "print-rendering-intent=perceptual"}).at("print-rendering-intent"),
+      "perceptual");
 }
 
 TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {
