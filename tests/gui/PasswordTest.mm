@@ -52,10 +52,10 @@ class LockedDialog {
   bool IsReady() { return [[screen_.view() print] isEnabled]; }
 
  private:
-  const EnvironmentVariable user_{"CUPS_USER", "ann"};
   DialogOnScreen screen_{{.queue = "Locked",
                           .server = LockedServer().address(),
                           .limit = std::chrono::milliseconds(2000 * kSlowdown)}};
+  const EnvironmentVariable user_{"CUPS_USER", "ann"};  // which dialogs on screen take away
 };
 
 // What the boxes of a question hold that stand in the window, whenever there is one.
