@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/cups/JobStatus.h"
 #include "host/cups/Passwords.h"
 #include "host/cups/Queue.h"
 #include "host/ppd/PPDFile.h"
@@ -29,17 +30,6 @@ struct SendingProgress {
   std::atomic<long long> bytes_sent = 0;
   std::atomic<long long> bytes_total = 0;
   std::atomic<bool> cancel = false;  // set by the reader: stop and take the job back
-};
-
-enum class JobState { kPending, kHeld, kProcessing, kStopped, kCanceled, kAborted, kCompleted };
-
-struct JobStatus {
-  JobState state = JobState::kPending;
-  std::string message;  // the server's words; empty: none
-
-  bool HasEnded() const { return state >= JobState::kCanceled; }
-  // Of a job that has ended: "ID was canceled: REASON".
-  std::string HowItEnded(const std::string &id) const;
 };
 
 // Each operation opens a connection of its own, may be called on any thread, blocks, and ends

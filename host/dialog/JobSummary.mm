@@ -20,13 +20,14 @@ Expected<SummarySection> SummaryOfJob(const SummarizedJob &job, const JobSession
   if (!job.document.empty()) lines.emplace_back(Localized("Document"), job.document);
   lines.emplace_back(Localized("Copies"), job.copies);
   lines.emplace_back(Localized("Pages"), job.pages.empty() ? Localized("all") : job.pages);
+  Expected<JobOptions> own = session.OwnOptions();
+  if (!own) return own.failure();
+  Expected<JobOptions> choices = session.Choices();
+  if (!choices) return choices.failure();
   for (const PPDOption &option : session.OtherOptions()) {
-    Expected<std::string> value = session.Value(option.keyword);
-    if (!value) return value.failure();
-    Expected<std::string> choice = session.Choice(option.keyword);
-    if (!choice) return choice.failure();
-    if (value->empty() && *choice == option.default_choice) continue;
-    lines.emplace_back(option.text, TextOfChoice(option, *choice));
+    const std::string &choice = (*choices)[option.keyword];
+    if (!own->contains(option.keyword) && choice == option.default_choice) continue;
+    lines.emplace_back(option.text, TextOfChoice(option, choice));
   }
   return SummarySection{Localized("Job"), std::move(lines)};
 }

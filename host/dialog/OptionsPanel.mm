@@ -24,12 +24,9 @@ bool OptionsPanel::Prepare() {
 }
 
 NSView *OptionsPanel::View() {
-  [view_.get() showChoices:[this](const std::string &keyword) {
-    Expected<std::string> choice = session_.Choice(keyword);
-    if (choice) return *choice;
-    callbacks_.refused(choice.message());
-    return std::string();
-  }];
+  Expected<JobOptions> choices = session_.Choices();
+  if (!choices) callbacks_.refused(choices.message());
+  [view_.get() showChoices:choices ? *choices : JobOptions()];
   return view_.get();
 }
 

@@ -24,8 +24,8 @@
          whenChosen:
              (std::function<void(const std::string &keyword, const std::string &choice)>)whenChosen;
 
-/// Shows what is chosen, as this function answers the choice's keyword for the option's.
-- (void)showChoices:(const std::function<std::string(const std::string &keyword)> &)choiceOf;
+/// Shows what is chosen, by the keywords of options and choices; of others nothing.
+- (void)showChoices:(const JobOptions &)choices;
 
 @end
 

@@ -85,12 +85,13 @@ std::vector<PPDOption> InGroups(const std::vector<PPDOption> &options) {
   return YES;
 }
 
-- (void)showChoices:(const std::function<std::string(const std::string &keyword)> &)choiceOf {
+- (void)showChoices:(const JobOptions &)choices {
   for (size_t i = 0; i < _options.size(); ++i) {
     NSPopUpButton *popUp = [_popUps objectAtIndex:i];
-    const NSInteger index =
-        [popUp indexOfItemWithRepresentedObject:String(choiceOf(_options[i].keyword))];
-    [popUp selectItemAtIndex:index];
+    const auto choice = choices.find(_options[i].keyword);
+    [popUp selectItemAtIndex:choice == choices.end()
+                                 ? -1
+                                 : [popUp indexOfItemWithRepresentedObject:String(choice->second)]];
   }
 }
 

@@ -28,6 +28,10 @@ PPDOption Described(const PPDFile &ppd, const ppd_choice_t &choice, const JobOpt
 
 }  // namespace
 
+JobOptions PPDFile::Choices(const JobOptions &options) const {
+  return MarkedChoices(ppd_.get(), options);
+}
+
 std::string PPDFile::ChoiceOf(const std::string &option, const JobOptions &options) const {
   const Marks marks(ppd_.get(), options);
   const ppd_choice_t *choice = MarkedChoice(ppd_.get(), option.c_str());

@@ -96,6 +96,9 @@ class PPDFile {
   // that mean the same under another name, such as sides. Empty: none, or no such option.
   std::string ChoiceOf(const std::string &option, const JobOptions &options) const;
 
+  // The choices of all options that these job options, likewise, come to.
+  JobOptions Choices(const JobOptions &options) const;
+
   // The keywords among these options of the file whose choices others, which go by names that every
   // queue takes, would change: sides that of Duplex, media that of PageSize.
   std::set<std::string> ChangedBy(const JobOptions &others, const JobOptions &options) const;

@@ -64,8 +64,8 @@ class JobSession {
   Expected<JobOptions> OwnOptions() const { return settings_.Options(); }
   // What the job is printed with if nothing more is set: the queue's defaults under the settings.
   Expected<JobOptions> Options() const;
-  // The choice of a PPD option as the job stands: set, the queue's default, or the file's.
-  Expected<std::string> Choice(const std::string &keyword) const;
+  // The choices of the PPD options as the job stands: set, the queue's defaults, or the file's.
+  Expected<JobOptions> Choices() const;
 
   // The PPD options that no panel shows.
   std::vector<PPDOption> OtherOptions() const;

@@ -180,16 +180,23 @@ Expected<JobOptions> JobSession::Options() const {
   return defaults_.Under(*own, filled_in_, ppd());
 }
 
-Expected<std::string> JobSession::Choice(const std::string &keyword) const {
-  Expected<std::string> value = Value(keyword);
-  if (!value || !value->empty()) return value;
-  const auto of_queue = defaults_.of_queue().find(keyword);
-  if (of_queue != defaults_.of_queue().end()) return of_queue->second;
-  if (!ppd_ || !ppd_->HasOption(keyword)) return std::string();
+Expected<JobOptions> JobSession::Choices() const {
   Expected<JobOptions> options = Options();
-  if (!options) return options.failure();
-  const std::string choice = ppd_->ChoiceOf(keyword, *options);
-  return choice.empty() ? ppd_->DefaultChoice(keyword) : choice;
+  if (!options) return options;
+  if (!ppd_) return JobOptions();
+  const JobOptions marked = ppd_->Choices(*options);
+  JobOptions choices;
+  for (const std::string &keyword : ppd_->OptionKeywords()) {
+    // As the job has it: a value of its own is marked under another name.
+    if (const auto given = options->find(keyword); given != options->end()) {
+      choices[keyword] = given->second;
+    } else if (const auto choice = marked.find(keyword); choice != marked.end()) {
+      choices[keyword] = choice->second;
+    } else {
+      choices[keyword] = ppd_->DefaultChoice(keyword);
+    }
+  }
+  return choices;
 }
 
 std::vector<PPDOption> JobSession::OtherOptions() const {

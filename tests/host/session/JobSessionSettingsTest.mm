@@ -68,12 +68,16 @@ OBJC_TEST(JobSession, ChoosesWhatIsSetOrTheQueuesDefaultOrTheFiles) {
   JobSession session(bundles.extensions);
   EXPECT_TRUE(
       session.UsePrinter(ColorPPD(), {{"MediaType", "Transparency"}, {"InputSlot", "Absent"}}));
-  EXPECT_EQ("None", session.Choice("Duplex"));
-  EXPECT_EQ("Auto", session.Choice("InputSlot"));
-  EXPECT_EQ("Transparency", session.Choice("MediaType"));
+  JobOptions choices = *session.Choices();
+  EXPECT_EQ("None", choices.at("Duplex"));
+  EXPECT_EQ("Auto", choices.at("InputSlot"));
+  EXPECT_EQ("Transparency", choices.at("MediaType"));
   EXPECT_TRUE(session.Set("MediaType", "Plain"));
-  EXPECT_EQ("Plain", session.Choice("MediaType"));
-  EXPECT_EQ("", session.Choice("Absent"));
+  EXPECT_TRUE(session.Set("sides", "two-sided-long-edge"));
+  choices = *session.Choices();
+  EXPECT_EQ("Plain", choices.at("MediaType"));
+  EXPECT_EQ("DuplexNoTumble", choices.at("Duplex")) << "under another name";
+  EXPECT_FALSE(choices.contains("Absent"));
 }
 
 OBJC_TEST(JobSession, LeavesOtherOptionsToTheDialog) {
