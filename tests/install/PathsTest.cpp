@@ -45,6 +45,8 @@ TEST(Paths, LibrariesAreLookedForFromTheFileItself) {
   }
   const std::map<std::string, std::string> expected = {{"pdeprint", "$ORIGIN/../lib"},
                                                        {"BackgroundNumbering", "$ORIGIN/../../.."},
+                                                       {"backgroundnumbers", ""},
+                                                       {"backgroundnumbers-look", ""},
                                                        {"libPrintCore.so." VERSION, ""}};
   EXPECT_EQ(expected, paths);
 }

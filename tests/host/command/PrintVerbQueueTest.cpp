@@ -142,9 +142,8 @@ TEST_F(PrintVerb, OptionsThatTheQueueOffersAreTakenWithTheValuesThatItLists) {
       Refusal(2, {"-d", "Bins", "--set", "output-bin=attic", file_}),
       "pdeprint: output-bin cannot be \"attic\": this printer has no output-bin \"attic\"; it "
       "has upper, lower\n");
-  EXPECT_EQ(
-      JobOn("Bins", {"--set", "print-rendering-intent=perceptual"}).at("print-rendering-intent"),
-      "perceptual");
+  EXPECT_EQ(JobOn("Bins", {"--set", "page-delivery=reverse-order"}).at("page-delivery"),
+            "reverse-order");
 }
 
 TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {
