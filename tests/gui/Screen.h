@@ -27,7 +27,7 @@ void TypeText(const std::string &text);
 // these keys, as soon as it takes any.
 class AnswerToQuestion {
  public:
-  explicit AnswerToQuestion(const std::vector<std::string> &keys);
+  explicit AnswerToQuestion(const std::vector<std::string> &keys, int questions = 1);
   ~AnswerToQuestion();
   AnswerToQuestion(const AnswerToQuestion &) = delete;
   AnswerToQuestion &operator=(const AnswerToQuestion &) = delete;

@@ -218,11 +218,13 @@ struct AnswerToQuestion::Hand : OtherHand {
   using OtherHand::OtherHand;
 };
 
-AnswerToQuestion::AnswerToQuestion(const std::vector<std::string> &keys)
-    : hand_(std::make_unique<Hand>([keys](OtherHand &hand) {
-        if (!hand.AwaitQuestion()) return;
-        hand.AwaitTurns();
-        for (const std::string &key : keys) hand.Do({"xdotool", "key", key});
+AnswerToQuestion::AnswerToQuestion(const std::vector<std::string> &keys, int questions)
+    : hand_(std::make_unique<Hand>([keys, questions](OtherHand &hand) {
+        for (int question = 0; question < questions; ++question) {
+          if (!hand.AwaitQuestion()) return;
+          hand.AwaitTurns();
+          for (const std::string &key : keys) hand.Do({"xdotool", "key", key});
+        }
       })) {}
 
 AnswerToQuestion::~AnswerToQuestion() = default;
