@@ -24,7 +24,7 @@ void Activate(const std::string &title);
 void PressKeys(const std::vector<std::string> &keys);
 void TypeText(const std::string &text);
 // While it lives, a question that is asked in the middle of handling an event is answered with
-// these keys, as soon as it takes any.
+// these keys, as soon as it takes any, and so are those that follow, up to this number.
 class AnswerToQuestion {
  public:
   explicit AnswerToQuestion(const std::vector<std::string> &keys, int questions = 1);
