@@ -5,9 +5,9 @@
 
 #include <string_view>
 
-// Whether every queue does something with this option. Others, as one that is misspelt, would be sent
-// and silently ignored, unless the queue says that it takes them. No server and no library lists
-// those that filters serve (fit-to-page, number-up-layout...), hence the list by hand.
+// Whether every queue does something with this option. Others, as one that is misspelt, would be
+// sent and silently ignored, unless the queue says that it takes them. No server and no library
+// lists those that filters serve (fit-to-page, number-up-layout...), hence the list by hand.
 bool IsCommonOption(std::string_view name);
 
 #endif

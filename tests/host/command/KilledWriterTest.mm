@@ -11,7 +11,6 @@
 
 #include "host/job/SettingOptions.h"
 #include "host/presets/PresetStore.h"
-#include "host/job/SettingOptions.h"
 #include "host/presets/Ticket.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"

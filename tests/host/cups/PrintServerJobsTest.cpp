@@ -143,7 +143,8 @@ TEST_F(PrintServerTest, ARefusedJobFailsWithTheServersWords) {
 TEST_F(PrintServerTest, AServerThatWantsAPasswordIsAFailure) {
   server().AddQueue({.name = "Password", .options = {{"printer-op-policy", "password"}}});
   const std::string failure = FailureOf(Print("Password", {"text"}));
-  EXPECT_EQ(failure, "the print server " + server().address() + " refuses the job: it wants a password, and none was given");
+  EXPECT_EQ(failure, "the print server " + server().address() +
+                         " refuses the job: it wants a password, and none was given");
 }
 
 TEST_F(PrintServerTest, AJobForAnUnknownQueueFailsWithTheNamesOfTheQueues) {

@@ -132,7 +132,8 @@ TEST(ReplacePPDServer, WithoutTheRightTheFailureSaysWhoHasIt) {
   });
   EXPECT_EQ(failure, "the print server " + server.address() +
                          " does not take the PPD file for Office: it wants a password, and "
-                         "none was given; only an administrator of the print server may change a queue, run this as one");
+                         "none was given; only an administrator of the print server may change a "
+                         "queue, run this as one");
 }
 
 TEST(ReplacePPDServer, ASilentServerEndsItWithinTheLimit) {

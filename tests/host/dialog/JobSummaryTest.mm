@@ -49,12 +49,12 @@ OBJC_TEST(JobSummary, ListsACustomValueAsItIs) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   EXPECT_TRUE(session.UsePrinter(PlainPPD("*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n"
-                              "*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"
-                              "*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n"
-                              "*CustomPageSize True: \"\"\n"
-                              "*ParamCustomPageSize Width: 1 points 36 1000\n"
-                              "*ParamCustomPageSize Height: 2 points 36 1000\n"),
-                     {}));
+                                          "*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"
+                                          "*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n"
+                                          "*CustomPageSize True: \"\"\n"
+                                          "*ParamCustomPageSize Width: 1 points 36 1000\n"
+                                          "*ParamCustomPageSize Height: 2 points 36 1000\n"),
+                                 {}));
   EXPECT_TRUE(session.Set("PageSize", "Custom.100x200"));
   EXPECT_EQ("Custom.100x200", SummaryOfJob(kJob, session)->second.back().second);
 }
