@@ -37,6 +37,7 @@ class Look {
     answers_ = Descriptor(ends[0]);
     const Descriptor out(ends[1]);
     std::vector<char *> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string &argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     const pid_t parent = getpid();

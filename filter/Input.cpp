@@ -28,7 +28,7 @@ std::string Input::CopySource() {
     if (got < 0) return "the document cannot be read: " + SystemReason();
     const off_t before = lseek(copy_.get(), 0, SEEK_CUR);
     if (!WriteAll(copy_.get(), pending_)) {
-      const std::string reason = "the temporary file cannot be written: " + SystemReason();
+      std::string reason = "the temporary file cannot be written: " + SystemReason();
       (void)!ftruncate(copy_.get(), before);  // without a part of what is pending
       return reason;
     }
@@ -40,7 +40,7 @@ std::string Input::Load() {
   struct stat status = {};
   if (fstat(source_.get(), &status) != 0) return "the document cannot be read: " + SystemReason();
   if (!S_ISREG(status.st_mode)) {
-    if (const std::string reason = CopySource(); !reason.empty()) return reason;
+    if (std::string reason = CopySource(); !reason.empty()) return reason;
     if (fstat(copy_.get(), &status) != 0) return SystemReason();
   }
   if (status.st_size == 0) return "there is nothing in it";
