@@ -19,8 +19,6 @@ class JobDefaults {
   // Remembers what a panel has set by itself.
   void AddPanels(const std::string &key, const std::string &value) { of_panels_[key] = value; }
 
-  const JobOptions &of_queue() const { return of_queue_; }
-
   // The default of a key: the queue's, also under another name, the PPD file's (null: none), or a
   // panel's own, the first that fits. Empty: none.
   std::string Of(const std::string &key, const PPDFile *ppd, const ValueCheck &check) const;

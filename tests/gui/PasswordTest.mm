@@ -81,6 +81,8 @@ class Boxes {
   Poller poller_{[this] { return Look(); }};
 };
 
+// Real accounts of the machine are nothing for a test, and containers may forbid the mount that
+// gives a server others.
 #define SKIP_WITHOUT_PASSWORDS() \
   if (!CanCheckPasswords()) GTEST_SKIP() << "no passwords of a test's own on this machine"
 

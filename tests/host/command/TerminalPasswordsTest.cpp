@@ -32,6 +32,8 @@ class TerminalPasswordsTest : public testing::Test {
     server_ = nullptr;
   }
   void SetUp() override {
+    // Real accounts of the machine are nothing for a test, and containers may forbid the mount that
+    // gives a server others.
     if (server_ == nullptr) GTEST_SKIP() << "no passwords of a test's own on this machine";
   }
   PrivateServer &server() const { return *server_; }

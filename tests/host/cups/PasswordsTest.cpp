@@ -73,6 +73,8 @@ class PasswordsTest : public testing::Test {
     server_ = nullptr;
   }
   void SetUp() override {
+    // Real accounts of the machine are nothing for a test, and containers may forbid the mount that
+    // gives a server others.
     if (server_ == nullptr) GTEST_SKIP() << "no passwords of a test's own on this machine";
     environment_ = std::make_unique<ServerEnvironment>(*server_);
   }

@@ -5,18 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
-#include "host/ppd/PPDFile.h"
+#include "tests/host/ppd/OpenedPPD.h"
 #include "tests/support/NumberingPPD.h"
-#include "tests/support/TestPPD.h"
-
-inline PPDFile OpenText(const std::string &text) {
-  TemporaryFolder folder;
-  Expected<PPDFile> ppd = PPDFile::Open(folder.Write("a.ppd", text));
-  if (!ppd) throw std::runtime_error(ppd.message());
-  return std::move(*ppd);
-}
 
 // Three options with the choices Off (the default), A and B, called VQ1, VQ2, VQ3, and a page size.
 inline std::string ThreeOptions(const std::string &lines) {
