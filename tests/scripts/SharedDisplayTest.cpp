@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <fstream>
 #include <set>
 #include <sstream>
 
 #include "tests/support/Patience.h"
 #include "tests/support/RunProgram.h"
 
+using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
@@ -91,4 +93,30 @@ TEST(SharedDisplay, AnswersWhatTheCommandDoes) {
       RunProgram({"bash", "-c", kScript + " a sh -c 'echo said; exit 7'; exit $?"});
   EXPECT_EQ(7, result.status);
   EXPECT_EQ("said\n", result.out);
+}
+
+// Stands before the real one on the path, and fails as often as it is told to.
+std::string WindowManagerThatFails(const TemporaryFolder &folder, int times) {
+  const std::filesystem::path program = folder.path() / "openbox";
+  std::ofstream(program) << "#!/bin/sh\necho failed >>\"${0%/*}/failures\"\n"
+                         << "[ $(wc -l <\"${0%/*}/failures\") -le " << times
+                         << " ] && { echo 'no display for me' >&2; exit 1; }\n"
+                         << "PATH=${PATH#*:} exec openbox\n";
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  return "PATH=" + folder.path().string() + ":$PATH\n";
+}
+
+TEST(SharedDisplay, IsTriedAgainWhereTheWindowManagerFailsAtFirst) {
+  const TemporaryFolder folder;
+  const auto displays = LinesOf(RunProgram(Shell(WindowManagerThatFails(folder, 2) + "share a")));
+  ASSERT_EQ(1u, displays.size());
+  ExpectEnds(displays[0]);
+}
+
+TEST(SharedDisplay, SaysWhyNoneComesUp) {
+  const TemporaryFolder folder;
+  const RunResult result = RunProgram(Shell(WindowManagerThatFails(folder, 1000) + "share a"));
+  EXPECT_EQ(1, result.status);
+  EXPECT_THAT(result.err, HasSubstr("no display for me"));
+  EXPECT_THAT(result.err, HasSubstr("no display with a window manager comes up, tried 3 times"));
 }
