@@ -24,36 +24,74 @@ bool IsIdentifier(const std::string &text) {
          });
 }
 
-// The lines of a resource, each ending with LF; empty: the dictionary names none.
-Expected<std::string> Lines(NSBundle *bundle, NSDictionary *named, NSString *kind) {
-  id name = [named objectForKey:kind];
-  if (name == nil) return std::string();
-  const std::string key = std::string("PDEPrinterOptions, ") + [kind UTF8String];
-  if (![name isKindOfClass:[NSString class]]) {
-    return Failure{Localized("%1 is no file name", {key})};
+// What an entry of the Info.plist names.
+class NamedResources {
+ public:
+  // The failure: it is no dictionary.
+  static Expected<NamedResources> Of(NSBundle *bundle, NSString *entry) {
+    id named = [bundle objectForInfoDictionaryKey:entry];
+    if (named != nil && ![named isKindOfClass:[NSDictionary class]]) {
+      return Failure{Localized("%1 in its Info.plist is no dictionary", {Words(entry)})};
+    }
+    return NamedResources(bundle, entry, named);
   }
-  NSString *path = [bundle pathForResource:[name stringByDeletingPathExtension]
-                                    ofType:[name pathExtension]];
-  NSData *data = path == nil ? nil : [NSData dataWithContentsOfFile:path];
-  if (data == nil) return Failure{Localized("it has no resource %1 (%2)", {Words(name), key})};
-  std::string lines(static_cast<const char *>([data bytes]), [data length]);
-  const bool is_text = std::all_of(lines.begin(), lines.end(), [](char character) {
-    return character == '\n' || character == '\t' || (character >= ' ' && character <= '~');
-  });
-  if (!is_text || lines.empty()) {
-    return Failure{Localized("its resource %1 is no text of ASCII characters", {Words(name)})};
+
+  bool IsThere() const { return named_ != nil; }
+
+  Expected<OptionLines> Lines() const {
+    Expected<std::string> color = LinesFor(@"Color");
+    if (!color) return color.failure();
+    Expected<std::string> monochrome = LinesFor(@"Monochrome");
+    if (!monochrome) return monochrome.failure();
+    return OptionLines{std::move(*color), std::move(*monochrome)};
   }
-  if (!lines.ends_with('\n')) lines += '\n';
-  return lines;
-}
+
+  // The name of a program that the print system knows; a path is none.
+  Expected<std::string> Program() const {
+    std::string program = TextIn(named_, @"Program");
+    if (IsIdentifier(program) && program[0] != '.' && program[0] != '-') return program;
+    return Failure{Localized("%1 is no file name", {Words(entry_) + ", Program"})};
+  }
+
+ private:
+  NamedResources(NSBundle *bundle, NSString *entry, NSDictionary *named)
+      : bundle_(bundle), entry_(entry), named_(named) {}
+
+  // Each ending with LF; empty: none are named.
+  Expected<std::string> LinesFor(NSString *kind) const {
+    id name = [named_ objectForKey:kind];
+    if (name == nil) return std::string();
+    const std::string key = Words(entry_) + ", " + Words(kind);
+    if (![name isKindOfClass:[NSString class]]) {
+      return Failure{Localized("%1 is no file name", {key})};
+    }
+    NSString *path = [bundle_ pathForResource:[name stringByDeletingPathExtension]
+                                       ofType:[name pathExtension]];
+    NSData *data = path == nil ? nil : [NSData dataWithContentsOfFile:path];
+    if (data == nil) return Failure{Localized("it has no resource %1 (%2)", {Words(name), key})};
+    std::string lines(static_cast<const char *>([data bytes]), [data length]);
+    const bool is_text = std::all_of(lines.begin(), lines.end(), [](char character) {
+      return character == '\n' || character == '\t' || (character >= ' ' && character <= '~');
+    });
+    if (!is_text || lines.empty()) {
+      return Failure{Localized("its resource %1 is no text of ASCII characters", {Words(name)})};
+    }
+    if (!lines.ends_with('\n')) lines += '\n';
+    return lines;
+  }
+
+  NSBundle *bundle_;
+  NSString *entry_;
+  NSDictionary *named_;
+};
 
 Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
   NSBundle *bundle = extension.bundle();
-  id named = [bundle objectForInfoDictionaryKey:@"PDEPrinterOptions"];
-  if (named == nil) return std::optional<PrinterOptions>();
-  if (![named isKindOfClass:[NSDictionary class]]) {
-    return Failure{Localized("PDEPrinterOptions in its Info.plist is no dictionary")};
-  }
+  const Expected<NamedResources> printer = NamedResources::Of(bundle, @"PDEPrinterOptions");
+  if (!printer) return printer.failure();
+  const Expected<NamedResources> document = NamedResources::Of(bundle, @"PDEDocumentFilter");
+  if (!document) return document.failure();
+  if (!printer->IsThere() && !document->IsThere()) return std::optional<PrinterOptions>();
   PrinterOptions options;
   options.name = extension.Name();
   options.bundle = Words([bundle bundleIdentifier]);
@@ -64,12 +102,17 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
   id support = [bundle objectForInfoDictionaryKey:@"PDESupportAttribute"];
   options.support_keyword = TextIn(support, @"Keyword");
   options.support_value = TextIn(support, @"Value");
-  Expected<std::string> color = Lines(bundle, named, @"Color");
-  if (!color) return color.failure();
-  Expected<std::string> monochrome = Lines(bundle, named, @"Monochrome");
-  if (!monochrome) return monochrome.failure();
-  options.color = std::move(*color);
-  options.monochrome = std::move(*monochrome);
+  Expected<OptionLines> lines = printer->Lines();
+  if (!lines) return lines.failure();
+  options.printer = std::move(*lines);
+  if (document->IsThere()) {
+    Expected<std::string> program = document->Program();
+    if (!program) return program.failure();
+    options.document_filter = std::move(*program);
+    lines = document->Lines();
+    if (!lines) return lines.failure();
+    options.document = std::move(*lines);
+  }
   return std::optional<PrinterOptions>(std::move(options));
 }
 

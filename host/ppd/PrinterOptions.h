@@ -5,15 +5,26 @@
 
 #include <string>
 
+// Lines of a PPD file, each ending with LF; empty: the bundle has none for such printers.
+struct OptionLines {
+  std::string color;
+  std::string monochrome;
+
+  bool operator==(const OptionLines &) const = default;
+};
+
 struct PrinterOptions {
   std::string bundle;  // its identifier
   std::string name;    // for people
   // The attribute by which the bundle knows a printer with the options; empty: not told.
   std::string support_keyword;
   std::string support_value;
-  // Lines of a PPD file, each ending with LF; empty: the bundle has none for such printers.
-  std::string color;
-  std::string monochrome;
+  // Whose code the printer runs.
+  OptionLines printer;
+  // Of which a filter takes the choices, to do to the pages of a document what they say: a program
+  // with the print system's interface for filters, by its name; empty: there is none.
+  std::string document_filter;
+  OptionLines document;
 };
 
 #endif

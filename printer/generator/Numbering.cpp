@@ -152,6 +152,17 @@ std::vector<PrinterOption> NumberingOptions(const SourceList &info,
           ValueOption("Placement", "VelmoraOver", 65, placement, placements)};
 }
 
+std::vector<PrinterOption> DocumentOptions(std::vector<PrinterOption> options) {
+  for (PrinterOption &option : options) {
+    for (PrinterChoice &choice : option.choices) choice.code.clear();
+  }
+  PrinterOption &placement = options.back();
+  placement.default_choice = "Automatic";
+  placement.choices.insert(placement.choices.begin(),
+                           {placement.default_choice, "PlacementAutomatic", ""});
+  return options;
+}
+
 std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts) {
   std::string lines =
       "*VQBackgroundNumberingSupport: \"true\"\n"

@@ -16,6 +16,10 @@ std::vector<PrinterOption> NumberingOptions(const SourceList &setting_info,
                                             const std::filesystem::path &drawing_folder,
                                             bool color);
 
+// The same where a filter draws the numbers into the document, behind the page or over it as each
+// page needs: the printer has no code to run.
+std::vector<PrinterOption> DocumentOptions(std::vector<PrinterOption> printer_options);
+
 // The piece of a PPD file that brings these options, in all languages, and declares the function.
 std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts);
 

@@ -1,5 +1,5 @@
 // Makes the PPD files of printers that number their pages, and the pieces that give the same to
-// other printers, from the setting info that the panel reads.
+// other printers, or to filters, from the setting info that the panel reads.
 
 #include <fstream>
 #include <iostream>
@@ -21,17 +21,19 @@ void Make(const fs::path &resources, const fs::path &printer_folder, const std::
   const SourceList setting_info(resources / "BackgroundNumberingRV2-SettingInfo.plist");
   const Texts texts({resources, printer_folder / "strings"});
   struct Kind {
-    const char *model, *file_name, *ppd, *part;
+    const char *model, *file_name, *ppd, *printer_part, *document_part;
     bool color;
   };
-  const Kind kinds[] = {
-      {"Velmora Numbering", "VQNUMBER.PPD", "VelmoraNumbering.ppd", "ColorPrinter.ppdpart", true},
-      {"Velmora Numbering Mono", "VQNUMBRM.PPD", "VelmoraNumberingMono.ppd",
-       "MonochromePrinter.ppdpart", false}};
+  const Kind kinds[] = {{"Velmora Numbering", "VQNUMBER.PPD", "VelmoraNumbering.ppd",
+                         "ColorPrinter.ppdpart", "ColorDocument.ppdpart", true},
+                        {"Velmora Numbering Mono", "VQNUMBRM.PPD", "VelmoraNumberingMono.ppd",
+                         "MonochromePrinter.ppdpart", "MonochromeDocument.ppdpart", false}};
   for (const Kind &kind : kinds) {
-    const std::string lines = NumberingLines(
-        NumberingOptions(setting_info, printer_folder / "numbering", kind.color), texts);
-    WriteText(output / kind.part, lines);
+    const std::vector<PrinterOption> options =
+        NumberingOptions(setting_info, printer_folder / "numbering", kind.color);
+    const std::string lines = NumberingLines(options, texts);
+    WriteText(output / kind.printer_part, lines);
+    WriteText(output / kind.document_part, NumberingLines(DocumentOptions(options), texts));
     WriteText(output / kind.ppd, PPDText({kind.model, kind.file_name, version, kind.color, lines},
                                          printer_folder / "PostScriptPrinter.ppd.in", texts));
   }

@@ -17,8 +17,10 @@ constexpr const char *kFiles[] = {
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/BackgroundNumbering.xib",
     ("644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/"
      "BackgroundNumberingRV2-SettingInfo.plist"),
+    "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/ColorDocument.ppdpart",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/ColorPrinter.ppdpart",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/Info.plist",
+    "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromeDocument.ppdpart",
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",
     ("644 "
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),

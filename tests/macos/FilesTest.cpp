@@ -27,7 +27,9 @@ TEST(Files, AreThoseOfABundleAndNoMore) {
                                  "MacOS/BackgroundNumbering",
                                  "Resources/BackgroundNumbering.xib",
                                  "Resources/BackgroundNumberingRV2-SettingInfo.plist",
+                                 "Resources/ColorDocument.ppdpart",
                                  "Resources/ColorPrinter.ppdpart",
+                                 "Resources/MonochromeDocument.ppdpart",
                                  "Resources/MonochromePrinter.ppdpart"};
   for (const auto &entry : fs::directory_iterator(SOURCE_DIRECTORY "/resources")) {
     if (!entry.is_directory()) continue;

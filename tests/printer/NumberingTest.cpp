@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "numbering/Choices.h"
 #include "tests/printer/SourceTree.h"
 
 using testing::HasSubstr;
@@ -73,6 +74,29 @@ TEST(Numbering, APrinterWithoutColorHasBlackOnly) {
   EXPECT_EQ("Black", color.default_choice);
   EXPECT_THAT(tree.Options(false)[0].choices[1].code,
               HasSubstr("/Ink /VelmoraInk [0 1] Chosen def\n"));
+}
+
+TEST(Numbering, AFilterTakesTheSameChoicesAndThePrinterRunsNothing) {
+  const std::vector<PrinterOption> printers = SourceTree().Options();
+  const std::vector<PrinterOption> documents = DocumentOptions(printers);
+  ASSERT_EQ(printers.size(), documents.size());
+  for (size_t index = 0; index < documents.size(); ++index) {
+    for (const PrinterChoice &choice : documents[index].choices) EXPECT_EQ("", choice.code);
+    EXPECT_EQ(printers[index].keyword, documents[index].keyword);
+    if (documents[index].keyword == "VQBNPlacement") continue;
+    EXPECT_EQ(Keywords(printers[index]), Keywords(documents[index]));
+    EXPECT_EQ(printers[index].default_choice, documents[index].default_choice);
+  }
+}
+
+TEST(Numbering, AFilterPlacesTheNumberAsEachPageNeeds) {
+  const PrinterOption placement = DocumentOptions(SourceTree().Options()).back();
+  EXPECT_EQ("Automatic Behind Over ", Keywords(placement));
+  EXPECT_EQ("Automatic", placement.default_choice);
+  for (const PrinterChoice &choice : placement.choices) {
+    numbering::Choices choices;
+    EXPECT_TRUE(Choose(choices, placement.keyword, choice.keyword)) << choice.keyword;
+  }
 }
 
 TEST(Numbering, SwitchingOnComesAfterAllThatLeavesAValue) {

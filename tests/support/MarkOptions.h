@@ -41,12 +41,14 @@ inline constexpr char kMarkTranslations[] =
 
 // The translations are the color printer's alone.
 inline PrinterOptions MarkOptions() {
-  return {.bundle = "test.marks",
-          .name = "Marks",
-          .support_keyword = "MarkSupport",
-          .support_value = "yes",
-          .color = std::string(kMarkLines) + kMarkTranslations,
-          .monochrome = kMarkLines};
+  return {
+      .bundle = "test.marks",
+      .name = "Marks",
+      .support_keyword = "MarkSupport",
+      .support_value = "yes",
+      .printer = {.color = std::string(kMarkLines) + kMarkTranslations, .monochrome = kMarkLines},
+      .document_filter = "",
+      .document = {}};
 }
 
 // A color PostScript printer's PPD file, with these lines.

@@ -78,7 +78,7 @@ Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options
                   "or False, not %1",
                   {Quoted(color)})};
   }
-  const std::string &lines = is_color ? options.color : options.monochrome;
+  const std::string &lines = is_color ? options.printer.color : options.printer.monochrome;
   if (!lines.empty()) return lines;
   return Failure{
       is_color

@@ -16,8 +16,8 @@ class ProgramWithOptions {
     CopyPdeprint(folder_.path());
     AddBundle(FirstBundle(), TWO_PANELS);
     WriteInfo(FirstBundle(), "test.marks", "Marks", "TwoPanels", "TwoPanelsPlugIn", kOptions);
-    folder_.Write(FirstBundle() / "Resources/color.ppdpart", MarkOptions().color);
-    folder_.Write(FirstBundle() / "Resources/mono.ppdpart", MarkOptions().monochrome);
+    folder_.Write(FirstBundle() / "Resources/color.ppdpart", MarkOptions().printer.color);
+    folder_.Write(FirstBundle() / "Resources/mono.ppdpart", MarkOptions().printer.monochrome);
   }
 
   std::filesystem::path path() const { return folder_.path() / "pdeprint"; }

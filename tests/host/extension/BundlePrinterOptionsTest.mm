@@ -67,8 +67,8 @@ OBJC_TEST(BundlePrinterOptions, AreThoseOfTheResourcesThatTheBundleNames) {
   EXPECT_EQ("Opts", (*options)->name);
   EXPECT_EQ("Test", (*options)->support_keyword);
   EXPECT_EQ("yes", (*options)->support_value);
-  EXPECT_EQ("*A: \"b\"\n", (*options)->color);
-  EXPECT_EQ("*C: \"d\"\n", (*options)->monochrome);
+  EXPECT_EQ("*A: \"b\"\n", (*options)->printer.color);
+  EXPECT_EQ("*C: \"d\"\n", (*options)->printer.monochrome);
 }
 
 OBJC_TEST(BundlePrinterOptions, MayBeForOneKindOfPrinters) {
@@ -76,7 +76,27 @@ OBJC_TEST(BundlePrinterOptions, MayBeForOneKindOfPrinters) {
   bundle.AddResource("a", "*A: \"b\"\n");
   Expected<std::optional<PrinterOptions>> options = bundle.Options();
   ASSERT_TRUE(options) << options.message();
-  EXPECT_EQ("", (*options)->monochrome);
+  EXPECT_EQ("", (*options)->printer.monochrome);
+}
+
+OBJC_TEST(BundlePrinterOptions, MayBeForAFilterWithANameAndLinesOfItsOwn) {
+  OptionsBundle bundle("PDEDocumentFilter = { Program = stamp; Color = a; Monochrome = b; };");
+  bundle.AddResource("a", "*A: \"b\"\n");
+  bundle.AddResource("b", "*C: \"d\"\n");
+  Expected<std::optional<PrinterOptions>> options = bundle.Options();
+  ASSERT_TRUE(options) << options.message();
+  ASSERT_TRUE(*options);
+  EXPECT_EQ("stamp", (*options)->document_filter);
+  EXPECT_EQ((OptionLines{"*A: \"b\"\n", "*C: \"d\"\n"}), (*options)->document);
+  EXPECT_EQ(OptionLines(), (*options)->printer);
+}
+
+OBJC_TEST(BundlePrinterOptions, AFilterIsNamedWithoutAFolder) {
+  for (const char *program : {"", "Program = \"/bin/stamp\";", "Program = \"..\";",
+                              "Program = \"-\";", "Program = (stamp);"}) {
+    EXPECT_EQ("PDEDocumentFilter, Program is no file name",
+              OptionsBundle(std::string("PDEDocumentFilter = {") + program + "};").Failing());
+  }
 }
 
 OBJC_TEST(BundlePrinterOptions, MayBeAbsent) {

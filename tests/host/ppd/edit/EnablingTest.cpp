@@ -42,12 +42,13 @@ PrinterOptions OtherOptions() {
                             .name = "Other",
                             .support_keyword = "",
                             .support_value = "",
-                            .color =
-                                "*OpenUI *Other/Other: Boolean\n"
-                                "*OrderDependency: 10 AnySetup *Other\n"
-                                "*DefaultOther: False\n*Other True/On: \"\"\n"
-                                "*Other False/Off: \"\"\n*CloseUI: *Other\n",
-                            .monochrome = ""};
+                            .printer = {.color = "*OpenUI *Other/Other: Boolean\n"
+                                                 "*OrderDependency: 10 AnySetup *Other\n"
+                                                 "*DefaultOther: False\n*Other True/On: \"\"\n"
+                                                 "*Other False/Off: \"\"\n*CloseUI: *Other\n",
+                                        .monochrome = ""},
+                            .document_filter = "",
+                            .document = {}};
   return options;
 }
 
@@ -96,7 +97,7 @@ TEST(Enabling, TwiceIsTheSameAsOnce) {
 
 TEST(Enabling, ReplacesTheBlockOfAnEarlierVersion) {
   PrinterOptions earlier = MarkOptions();
-  earlier.color = OtherOptions().color;
+  earlier.printer.color = OtherOptions().printer.color;
   earlier.support_keyword = "";
   EXPECT_EQ(Enabled(PrinterText()), Enabled(Enabled(PrinterText(), {earlier})));
 }
@@ -184,11 +185,11 @@ TEST(Enabling, RefusesAFileWhoseMakerHasTheFunctionInIt) {
 
 TEST(Enabling, RefusesOptionsThatLibcupsDoesNotRead) {
   PrinterOptions options = MarkOptions();
-  options.color = "*OpenUI *Mark/Mark: PickOne\nrubbish\n*CloseUI: *Mark\n";
+  options.printer.color = "*OpenUI *Mark/Mark: PickOne\nrubbish\n*CloseUI: *Mark\n";
   const std::string refusal = Refusal(PrinterText(), options);
   EXPECT_THAT(refusal, StartsWith("the options of the bundle Marks do not fit this file: Missing "
                                   "asterisk in column 1 on line 3"));
-  options.color = "*OpenUI *Mark/Mark: PickOne\n*Mark A: \"\"\n";
+  options.printer.color = "*OpenUI *Mark/Mark: PickOne\n*Mark A: \"\"\n";
   EXPECT_NE("", Refusal(PrinterText(), options));
 }
 
@@ -200,7 +201,7 @@ TEST(Enabling, RefusesOptionsThatLibcupsReadsOtherwise) {
       "\"no\"; report it to the bundle's maker",
       Refusal(PrinterText(), options));
   options = MarkOptions();
-  options.color += "*OpenUI *PageSize: PickOne\n*PageSize A9: \"\"\n*CloseUI: *PageSize\n";
+  options.printer.color += "*OpenUI *PageSize: PickOne\n*PageSize A9: \"\"\n*CloseUI: *PageSize\n";
   EXPECT_NE("", Refusal(PrinterText(), options));
 }
 
