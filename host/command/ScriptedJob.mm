@@ -69,6 +69,9 @@ std::optional<Refusal> Begin(JobSession &session, PrintSettings settings, const 
   if (!own) return Refusal{kFailed, own.message()};
   if (auto refusal = ReasonAgainstChanges(changes, *own)) return refusal;
   notes.insert(notes.end(), more->begin(), more->end());
+  for (const SettingChange &change : changes) {
+    if (!change.note.empty()) notes.push_back(change.note);
+  }
   for (const std::string &note : notes) Note(note);
   Expected<JobOptions> options = session.Options();
   if (!options) return Refusal{kFailed, options.message()};

@@ -38,7 +38,8 @@ Expected<SettingChange> Parse(const std::string &text, const ValueCheck &check) 
     return known.name == name || known.key == name;
   });
   const bool is_setting = setting != check.settings().end();
-  SettingChange change = {is_setting ? setting->name : name, is_setting ? setting->key : name, ""};
+  SettingChange change = {is_setting ? setting->name : name, is_setting ? setting->key : name, "",
+                          ""};
   if (!check.Knows(change.key)) return NoSuchSetting(text, name, check);
   Expected<std::string> fitting = check.Fitting(change.key, value);
   if (!fitting) {
@@ -46,6 +47,7 @@ Expected<SettingChange> Parse(const std::string &text, const ValueCheck &check) 
         Localized("%1 cannot be %2: %3", {change.name, Quoted(value), fitting.message()})};
   }
   change.value = std::move(*fitting);
+  change.note = check.NoteOfReplacing(change.key, value);
   return change;
 }
 

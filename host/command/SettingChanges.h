@@ -13,6 +13,7 @@ struct SettingChange {
   std::string name;   // as it was asked for
   std::string key;    // of the print setting
   std::string value;  // as it is stored
+  std::string note;   // that it is not what was asked for; empty: it is
 };
 
 // The changes that these texts, NAME=VALUE, ask for: settings of bundles by their names or keys,

@@ -88,6 +88,14 @@ class PPDFile {
   // False for options that are not there.
   bool Allows(const std::string &option, const std::string &choice) const;
 
+  // The choice that the printer takes in the place of one that it lacks and others of its kind
+  // have: *PDESubstituteChoice: "OPTION CHOICE OTHER". None: there is none.
+  std::optional<std::string> SubstituteFor(const std::string &option,
+                                           const std::string &choice) const;
+
+  // What goes with jobs that come to certain choices: *PDEJobOption: "OPTION CHOICE NAME=VALUE".
+  JobOptions GoingWith(const JobOptions &options) const;
+
   // The option that libcups, which does not look at the case of letters, gives a custom value to
   // that is none of those that Allows knows; empty: all is well.
   std::string TakesUnfitCustomValue(const std::string &option, const std::string &choice) const;

@@ -121,7 +121,12 @@ void JobSession::LearnWhatFits() {
 
 Expected<void> JobSession::MakeFit(Notes &notes) {
   Expected<Notes> more = Repair(
-      settings_, [this](const auto &key, const auto &value) { return check_.Fitting(key, value); },
+      settings_,
+      [this, &notes](const auto &key, const auto &value) {
+        const std::string note = check_.NoteOfReplacing(key, value);
+        if (!note.empty()) notes.push_back(note);
+        return check_.Fitting(key, value);
+      },
       [this](const std::string &key) { return check_.IsKeyOfText(key); });
   if (!more) return more.failure();
   notes.insert(notes.end(), more->begin(), more->end());
@@ -177,7 +182,9 @@ Expected<void> JobSession::Set(const std::string &keyword, const std::string &va
 Expected<JobOptions> JobSession::Options() const {
   Expected<JobOptions> own = OwnOptions();
   if (!own) return own;
-  return defaults_.Under(*own, filled_in_, ppd());
+  JobOptions all = defaults_.Under(*own, filled_in_, ppd());
+  if (ppd_) all.merge(ppd_->GoingWith(all));
+  return all;
 }
 
 Expected<JobOptions> JobSession::Choices() const {

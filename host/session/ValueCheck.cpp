@@ -88,11 +88,18 @@ Expected<std::string> ValueCheck::FittingPanels(const std::string &key,
   return setting == nullptr ? value : setting->Check(value);
 }
 
+std::string ValueCheck::NoteOfReplacing(const std::string &key, const std::string &value) const {
+  const auto substitute = ppd_ == nullptr ? std::nullopt : ppd_->SubstituteFor(key, value);
+  if (!substitute) return "";
+  return Localized("this printer cannot do %1; it is now %2", {key + '=' + value, *substitute});
+}
+
 Expected<std::string> ValueCheck::Fitting(const std::string &key, const std::string &value) const {
   if (key == "copies") return ParseCopies(value);
   Expected<std::string> fitting =
       key == "page-ranges" ? ParsePageRanges(value) : FittingPanels(key, value);
   if (!fitting) return fitting;
+  if (ppd_ != nullptr) fitting = ppd_->SubstituteFor(key, *fitting).value_or(*fitting);
   if (auto has = CheckPrinterHas(key, *fitting); !has) return has.failure();
   if (fitting->empty()) return Failure{Localized("it must have a value")};
   if (ToUtf8(*fitting) != *fitting) return Failure{Localized("it is not UTF-8")};

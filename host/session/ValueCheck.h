@@ -23,11 +23,16 @@ class ValueCheck {
              std::set<std::string> printer_specific = {}, OfferedOptions offered = {});
 
   // The value as a job has it under the key: "007" becomes "7" where that is a number, page ranges
-  // are put in order. The failure is a clause: that the setting, the printer or every job takes
-  // other values (long lists are cut short), or that the printer has nothing under this key: "this
-  // printer has no PageSize \"A0\"; it has A4, Letter". A claimed keyword that the PPD file does
-  // not know is the panel's affair; a key that nobody knows takes any text.
+  // are put in order, a choice becomes the one that the printer has in its place. The failure is a
+  // clause: that the setting, the printer or every job takes other values (long lists are cut
+  // short), or that the printer has nothing under this key: "this printer has no PageSize \"A0\";
+  // it has A4, Letter". A claimed keyword that the PPD file does not know is the panel's affair; a
+  // key that nobody knows takes any text.
   Expected<std::string> Fitting(const std::string &key, const std::string &value) const;
+
+  // A note where the printer takes another choice in the place of this one; empty: it takes this
+  // one as it is, or not at all.
+  std::string NoteOfReplacing(const std::string &key, const std::string &value) const;
 
   // The same as far as a panel asks for it, whatever the printer: others must not reach it.
   Expected<std::string> FittingPanels(const std::string &key, const std::string &value) const;

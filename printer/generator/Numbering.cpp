@@ -163,10 +163,17 @@ std::vector<PrinterOption> DocumentOptions(std::vector<PrinterOption> options) {
   return options;
 }
 
-std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts) {
+std::string PrinterDeclarations() {
+  return "*PDESubstituteChoice: \"VQBNPlacement Automatic Behind\"\n"
+         "*PDEJobOption: \"VQBackgroundNumbering On pdftops-renderer=pdftocairo\"\n";
+}
+
+std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts,
+                           const std::string &declarations) {
   std::string lines =
       "*VQBackgroundNumberingSupport: \"true\"\n"
       "*APDialogExtension: \"/Library/Printers/Velmora/PDEs/BackgroundNumbering.plugin\"\n";
+  lines += declarations;
   lines += std::string("*OpenGroup: ") + kGroup + "/" + EncodedText(texts.Text("", kGroup)) + "\n";
   for (const PrinterOption &option : options) lines += Lines(option, texts);
   lines += std::string("*CloseGroup: ") + kGroup + "\n";

@@ -20,7 +20,12 @@ std::vector<PrinterOption> NumberingOptions(const SourceList &setting_info,
 // page needs: the printer has no code to run.
 std::vector<PrinterOption> DocumentOptions(std::vector<PrinterOption> printer_options);
 
+// What belongs to a PostScript printer's choices: which it takes for one that filters alone have,
+// and that documents reach it with their pages' transparency in pieces, between which numbers show.
+std::string PrinterDeclarations();
+
 // The piece of a PPD file that brings these options, in all languages, and declares the function.
-std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts);
+std::string NumberingLines(const std::vector<PrinterOption> &options, const Texts &texts,
+                           const std::string &declarations = "");
 
 #endif

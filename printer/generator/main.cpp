@@ -31,7 +31,7 @@ void Make(const fs::path &resources, const fs::path &printer_folder, const std::
   for (const Kind &kind : kinds) {
     const std::vector<PrinterOption> options =
         NumberingOptions(setting_info, printer_folder / "numbering", kind.color);
-    const std::string lines = NumberingLines(options, texts);
+    const std::string lines = NumberingLines(options, texts, PrinterDeclarations());
     WriteText(output / kind.printer_part, lines);
     WriteText(output / kind.document_part, NumberingLines(DocumentOptions(options), texts));
     WriteText(output / kind.ppd, PPDText({kind.model, kind.file_name, version, kind.color, lines},

@@ -145,3 +145,19 @@ TEST(SettingsVerb, NamesTheBundleThatFails) {
   EXPECT_EQ("", result.out);
   EXPECT_THAT(result.err, HasSubstr(bundle.string()));
 }
+
+// Printers that draw the number themselves cannot look at the page first.
+TEST(SettingsVerb, APlacementThatFiltersAloneHaveIsBehindThePageOnPrintersThatDraw) {
+  TemporaryFolder folder;
+  const fs::path ticket = folder.Write("ticket.plist", Ticket(Entry("VQBNPlacement", "Automatic")));
+  const std::string built = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd";
+  const std::string note =
+      "pdeprint: note: this printer cannot do VQBNPlacement=Automatic; it is now Behind\n";
+  const RunResult stored = Settings(built, {"--ticket", ticket.string()});
+  EXPECT_EQ(0, stored.status);
+  EXPECT_EQ(note, stored.err);
+  EXPECT_THAT(stored.out, HasSubstr("VQBNPlacement=Behind\n"));
+  const RunResult asked = Settings(built, {"--set", "VQBNPlacement=Automatic"});
+  EXPECT_EQ(0, asked.status);
+  EXPECT_EQ(note, asked.err);
+}

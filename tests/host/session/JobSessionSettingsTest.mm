@@ -150,3 +150,32 @@ OBJC_TEST(JobSession, NotesWhatNoPrinterCanBeSentAndKeepsIt) {
   EXPECT_EQ((JobOptions{{"word", "b"}}), session.Options());
   EXPECT_EQ("a", session.Value("two words"));
 }
+
+OBJC_TEST(JobSession, GivesTheJobWhatGoesWithItsChoicesUnlessTheJobOrItsQueueSaysOtherwise) {
+  const std::string lines = "*PDEJobOption: \"VQBackgroundNumbering On renderer=best\"\n";
+  const auto renderer = [&lines](const JobOptions &defaults, NSDictionary *own) -> std::string {
+    Bundles bundles;
+    JobSession session(bundles.extensions);
+    EXPECT_TRUE(session.UsePrinter(PPDWithText(NumberingPPDText(true, lines)), defaults));
+    EXPECT_TRUE(session.UseSettings(SettingsWith(own)));
+    const Expected<JobOptions> options = session.Options();
+    const auto found = options->find("renderer");
+    return found == options->end() ? "" : found->second;
+  };
+  EXPECT_EQ("", renderer({}, @{}));
+  EXPECT_EQ("best", renderer({}, @{@"VQBackgroundNumbering" : @"On"}));
+  EXPECT_EQ("best", renderer({{"VQBackgroundNumbering", "On"}}, @{}));
+  EXPECT_EQ("queue", renderer({{"renderer", "queue"}}, @{@"VQBackgroundNumbering" : @"On"}));
+  EXPECT_EQ("own", renderer({}, @{@"VQBackgroundNumbering" : @"On", @"renderer" : @"own"}));
+}
+
+OBJC_TEST(JobSession, TakesTheChoiceThatThePrinterHasInThePlaceOfAnotherWithANote) {
+  Bundles bundles;
+  JobSession session(bundles.extensions);
+  EXPECT_TRUE(session.UsePrinter(
+      PPDWithText(NumberingPPDText(true, "*PDESubstituteChoice: \"Duplex Both DuplexTumble\"\n")),
+      {}));
+  EXPECT_EQ(Notes{"this printer cannot do Duplex=Both; it is now DuplexTumble"},
+            session.UseSettings(SettingsWith(@{@"Duplex" : @"Both"})));
+  EXPECT_EQ("DuplexTumble", session.Value("Duplex"));
+}

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/ExpectedValue.h"
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/TestPPD.h"
 
@@ -125,4 +126,15 @@ TEST_F(ValueCheckTest, ReasonsAreOneShortLine) {
   ASSERT_EQ(1u, lines.size());
   EXPECT_THAT(lines[0],
               HasSubstr(": this printer has no Duplex \"a b" + std::string(37, 'x') + "...\"; it"));
+}
+
+TEST_F(ValueCheckTest, AChoiceBecomesTheOneThatThePrinterHasInItsPlace) {
+  const Expected<PPDFile> ppd = PPDFile::Open(folder_.Write(
+      "b.ppd", NumberingPPDText(false, "*PDESubstituteChoice: \"Duplex Both DuplexTumble\"\n")));
+  const ValueCheck check(&*ppd, {});
+  EXPECT_EQ("DuplexTumble", check.Fitting("Duplex", "Both"));
+  EXPECT_EQ("this printer cannot do Duplex=Both; it is now DuplexTumble",
+            check.NoteOfReplacing("Duplex", "Both"));
+  EXPECT_EQ("", check.NoteOfReplacing("Duplex", "None"));
+  EXPECT_EQ("", check.NoteOfReplacing("Duplex", "Neither"));
 }
