@@ -146,6 +146,22 @@ TEST_F(PrintVerb, OptionsThatTheQueueOffersAreTakenWithTheValuesThatItLists) {
             "reverse-order");
 }
 
+// The usual one makes one picture of a page with any transparency, over the number.
+TEST_F(PrintVerb, JobsWithNumbersGoToPostScriptPrintersWithTheRendererThatKeepsThem) {
+  server().AddQueue({.name = "Drawing",
+                     .ppd = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd",
+                     .stopped = "Paused"});
+  const auto renderer = [this](const std::vector<std::string> &options) {
+    const Attributes job = server().JobAttributes(JobSaidIn(PrintOn("Drawing", options), "Drawing"));
+    const auto found = job.find("pdftops-renderer");
+    return found == job.end() ? "" : found->second;
+  };
+  EXPECT_EQ("pdftocairo", renderer({"--set", "Valid=On"}));
+  EXPECT_EQ("", renderer({"--set", "Valid=Off"}));
+  WriteLpoptions("Dest Drawing pdftops-renderer=gs\n");
+  EXPECT_EQ("gs", renderer({"--set", "Valid=On"}));
+}
+
 TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {
   const Attributes job = JobOn("Bare", {"-n", "2"});
   EXPECT_EQ(job.at("copies"), "2");
