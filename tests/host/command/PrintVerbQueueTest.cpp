@@ -152,7 +152,8 @@ TEST_F(PrintVerb, JobsWithNumbersGoToPostScriptPrintersWithTheRendererThatKeepsT
                      .ppd = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd",
                      .stopped = "Paused"});
   const auto renderer = [this](const std::vector<std::string> &options) {
-    const Attributes job = server().JobAttributes(JobSaidIn(PrintOn("Drawing", options), "Drawing"));
+    const Attributes job =
+        server().JobAttributes(JobSaidIn(PrintOn("Drawing", options), "Drawing"));
     const auto found = job.find("pdftops-renderer");
     return found == job.end() ? "" : found->second;
   };
