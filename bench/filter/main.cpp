@@ -22,6 +22,7 @@ using Command = std::vector<std::string>;
 struct Side {
   std::string name;
   Command command;
+  double times = 1;  // as often as others have what it measures
 };
 
 std::string Write(const fs::path &file, const std::string &content) {
@@ -52,7 +53,7 @@ class Rounds {
     for (int round = 0; round < (rounds == 0 ? rounds_ : rounds); ++round) {
       for (const Side &side : sides) {
         const Cost cost = CostOf(side.command, out);
-        measures_[measure][side.name].push_back(cost.seconds);
+        measures_[measure][side.name].push_back(cost.seconds * side.times);
         measures_[measure + "-memory"][side.name].push_back(cost.memory);
       }
       std::rotate(sides.begin(), sides.begin() + 1, sides.end());
@@ -77,6 +78,7 @@ int main(int argc, char **argv) {
   const std::string on = "VQBackgroundNumbering=On VQBNPlacement=";
   const std::string copy = out / "copy.pdf";
   const std::string many = Write(out / "5000.pdf", TextPages(5000));
+  const std::string most = Write(out / "50000.pdf", TextPages(50000));
   const std::string some = Write(out / "200.pdf", TextPages(200));
   const std::string one = Write(out / "1.pdf", TextPages(1));
   const std::string large = Write(out / "large", std::string(512 << 20, 'x'));
@@ -93,6 +95,9 @@ int main(int argc, char **argv) {
               {{"behind", Filter(on + "Behind", many)},
                {"qpdf", {"qpdf", many, "--underlay", numbers, "--", copy}},
                {"pdftk", {"pdftk", many, "multibackground", numbers, "output", copy}}},
+              3);
+  rounds.Hold("linear",
+              {{"most", Filter(on + "Behind", most)}, {"many", Filter(on + "Behind", many), 10}},
               3);
   rounds.Hold("off", {{"filter", Filter("", large)}, {"cat", {"cat", large}}});
   rounds.Hold("automatic",
