@@ -164,8 +164,12 @@ Expected<void> JobTransfer::SendFile(const ServerConnection &server, JobFile &fi
                         is_last ? 1 : 0) != HTTP_STATUS_CONTINUE) {
     return refused();
   }
+  const auto unreadable = [&file](const std::string &why) {
+    return Failure{Localized("cannot read %1: %2", {file.path().string(), why})};
+  };
   std::array<char, kPiece> piece;
   ssize_t length;
+  long long missing = file.size();
   while ((length = file.Read(piece.data(), piece.size())) > 0) {
     if (auto done = CheckNotStopped(); !done) return done;
     if (cupsWriteRequestData(server.get(), piece.data(), static_cast<size_t>(length)) !=
@@ -173,11 +177,12 @@ Expected<void> JobTransfer::SendFile(const ServerConnection &server, JobFile &fi
       return refused();
     }
     bytes_sent_ += length;
+    missing -= length;
     Moved();
   }
-  if (length < 0) {
-    return Failure{Localized("cannot read %1: %2", {file.path().string(), std::strerror(errno)})};
-  }
+  if (length < 0) return unreadable(std::strerror(errno));
+  // Somebody writes it anew meanwhile: what has been read of it is no document.
+  if (missing > 0) return unreadable(Localized("the file is damaged or cut off"));
   // cupsFinishDocument does not tell when there is no answer.
   if (server.Answer(cupsGetResponse(server.get(), ("/printers/" + queue_).c_str())) == nullptr) {
     return refused();
