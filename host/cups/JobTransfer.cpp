@@ -38,6 +38,23 @@ std::string Name(const std::string &text) {
   return name;
 }
 
+// The protocol numbers the values of these, and libcups takes a name of one for 0.
+JobOptions WithNumbers(JobOptions options) {
+  for (const char *name : {"finishings", "orientation-requested", "print-quality"}) {
+    const auto option = options.find(name);
+    if (option == options.end()) continue;
+    std::string numbers;
+    for (size_t begin = 0, comma = 0; comma != std::string::npos; begin = comma + 1) {
+      comma = option->second.find(',', begin);
+      const std::string value = option->second.substr(begin, comma - begin);
+      const int number = ippEnumValue(name, value.c_str());
+      numbers += (begin == 0 ? "" : ",") + (number < 0 ? value : std::to_string(number));
+    }
+    option->second = numbers;
+  }
+  return options;
+}
+
 std::string FormatIn(const JobOptions &options) {
   if (options.contains("raw")) return CUPS_FORMAT_RAW;
   const auto format = options.find("document-format");
@@ -128,7 +145,7 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
                  Name(request_.title).c_str());
   }
-  const CupsOptions options(request_.options);
+  const CupsOptions options(WithNumbers(request_.options));
   for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
     cupsEncodeOptions2(request.get(), options.count(), options.get(), group);
   }
