@@ -7,6 +7,7 @@
 #include "host/command/Commands.h"
 #include "host/command/PanelOffer.h"
 #include "host/command/Server.h"
+#include "host/ppd/PPDSource.h"
 
 namespace {
 
@@ -21,8 +22,7 @@ CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions
 }
 
 CheckResult CheckFile(const std::filesystem::path &path, Extensions &extensions) {
-  Expected<PPDFile> ppd =
-      InEnglish([&path] { return PPDFile::Open(path, PPDTexts::kFilesLanguage); });
+  Expected<PPDFile> ppd = InEnglish([&path] { return OpenPPD(path, PPDTexts::kFilesLanguage); });
   if (!ppd) return CheckResult{.file = path.string(), .reason = ppd.message()};
   return CheckPrinter(path.string(), &*ppd, extensions);
 }

@@ -89,6 +89,20 @@ const char kTicketReadAndWritten[] =
     "Print settings of the job, an XML property list: read first, where there is one, and written "
     "at the end";
 
+// What was not understood explains more than what is missing for want of it.
+std::string WhatIsWrong(const CLI::App &app, const CLI::ParseError &error) {
+  const std::vector<std::string> words = app.remaining(/*recurse=*/true);
+  const auto unknown = std::ranges::find_if(
+      words, [](const std::string &word) { return word.size() > 1 && word.starts_with('-'); });
+  const CLI::App *verb = app.get_subcommands().empty() ? nullptr : app.get_subcommands().front();
+  const std::string help =
+      verb == nullptr ? "pdeprint --help" : "pdeprint " + verb->get_name() + " --help";
+  if (unknown != words.end()) {
+    return Localized("there is no option %1; `%2` lists them", {Quoted(*unknown), help});
+  }
+  return std::string(error.what()) + "; `" + help + "` says more";
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char **argv) {
@@ -192,9 +206,10 @@ int RunCommandLine(int argc, char **argv) {
       Complain(Localized("there is no verb %1; `pdeprint --help` lists them", {Quoted(argv[1])}));
       return kWrongUsage;
     }
-    std::ostringstream help;
-    if (app.exit(error, help) != 0) return kWrongUsage;
-    return PrintResults(help.str()) ? kDone : kFailed;
+    std::ostringstream help, ignored;
+    if (app.exit(error, help, ignored) == 0) return PrintResults(help.str()) ? kDone : kFailed;
+    Complain(WhatIsWrong(app, error));
+    return kWrongUsage;
   }
   if (show->parsed()) return Show(show_options);
   if (print->parsed()) return Print(print_options);

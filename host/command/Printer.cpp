@@ -2,12 +2,13 @@
 
 #include "host/base/Localized.h"
 #include "host/command/Server.h"
+#include "host/ppd/PPDSource.h"
 
 Expected<Printer> OpenPrinter(const JobSource &source) {
   Printer printer;
   if (!source.ppd.empty()) {
     printer.name = source.ppd.string();
-    Expected<PPDFile> ppd = PPDFile::Open(source.ppd);
+    Expected<PPDFile> ppd = OpenPPD(source.ppd);
     if (!ppd) return Failure{Localized("cannot read %1: %2", {printer.name, ppd.message()})};
     printer.ppd = std::move(*ppd);
     return printer;

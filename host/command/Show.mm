@@ -12,6 +12,7 @@
 #include "host/dialog/PrintDialog.h"
 #include "host/dialog/Prompt.h"
 #include "host/job/JobFiles.h"
+#include "host/ppd/PPDSource.h"
 #include "host/presets/Ticket.h"
 
 namespace {
@@ -20,7 +21,7 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   PrintDialogJob job;
   if (auto done = CheckFiles(options.files); !done) return done.failure();
   if (!options.ppd.empty()) {
-    Expected<PPDFile> ppd = PPDFile::Open(options.ppd);
+    Expected<PPDFile> ppd = OpenPPD(options.ppd);
     if (!ppd)
       return Failure{Localized("cannot read %1: %2", {options.ppd.string(), ppd.message()})};
     job.ppd = std::move(*ppd);

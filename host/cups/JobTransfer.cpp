@@ -38,6 +38,23 @@ std::string Name(const std::string &text) {
   return name;
 }
 
+// The protocol numbers the values of these, and libcups takes a name of one for 0.
+JobOptions WithNumbers(JobOptions options) {
+  for (const char *name : {"finishings", "orientation-requested", "print-quality"}) {
+    const auto option = options.find(name);
+    if (option == options.end()) continue;
+    std::string numbers;
+    for (size_t begin = 0, comma = 0; comma != std::string::npos; begin = comma + 1) {
+      comma = option->second.find(',', begin);
+      const std::string value = option->second.substr(begin, comma - begin);
+      const int number = ippEnumValue(name, value.c_str());
+      numbers += (begin == 0 ? "" : ",") + (number < 0 ? value : std::to_string(number));
+    }
+    option->second = numbers;
+  }
+  return options;
+}
+
 std::string FormatIn(const JobOptions &options) {
   if (options.contains("raw")) return CUPS_FORMAT_RAW;
   const auto format = options.find("document-format");
@@ -128,7 +145,7 @@ Expected<int> JobTransfer::Create(const ServerConnection &server) {
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
                  Name(request_.title).c_str());
   }
-  const CupsOptions options(request_.options);
+  const CupsOptions options(WithNumbers(request_.options));
   for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
     cupsEncodeOptions2(request.get(), options.count(), options.get(), group);
   }
@@ -164,8 +181,12 @@ Expected<void> JobTransfer::SendFile(const ServerConnection &server, JobFile &fi
                         is_last ? 1 : 0) != HTTP_STATUS_CONTINUE) {
     return refused();
   }
+  const auto unreadable = [&file](const std::string &why) {
+    return Failure{Localized("cannot read %1: %2", {file.path().string(), why})};
+  };
   std::array<char, kPiece> piece;
   ssize_t length;
+  long long missing = file.size();
   while ((length = file.Read(piece.data(), piece.size())) > 0) {
     if (auto done = CheckNotStopped(); !done) return done;
     if (cupsWriteRequestData(server.get(), piece.data(), static_cast<size_t>(length)) !=
@@ -173,11 +194,12 @@ Expected<void> JobTransfer::SendFile(const ServerConnection &server, JobFile &fi
       return refused();
     }
     bytes_sent_ += length;
+    missing -= length;
     Moved();
   }
-  if (length < 0) {
-    return Failure{Localized("cannot read %1: %2", {file.path().string(), std::strerror(errno)})};
-  }
+  if (length < 0) return unreadable(std::strerror(errno));
+  // Somebody writes it anew meanwhile: what has been read of it is no document.
+  if (missing > 0) return unreadable(Localized("the file is damaged or cut off"));
   // cupsFinishDocument does not tell when there is no answer.
   if (server.Answer(cupsGetResponse(server.get(), ("/printers/" + queue_).c_str())) == nullptr) {
     return refused();

@@ -13,9 +13,11 @@ namespace {
 
 using QueuesByName = std::map<std::string, Queue>;
 
-// Of these a queue lists the values that it takes, and silently takes its default for others.
-constexpr const char *kListed[] = {"multiple-document-handling", "output-bin", "print-color-mode",
-                                   "print-quality", "sides"};
+// Of these a queue lists the values that it takes. For others it silently takes its default, or
+// holds the job for ever, or refuses it in words that do not say what would do.
+constexpr const char *kListed[] = {
+    "job-hold-until", "multiple-document-handling", "number-up",     "orientation-requested",
+    "output-bin",     "print-color-mode",           "print-quality", "sides"};
 
 // "NAME" of "NAME-supported"; empty: it is none of those.
 std::string ListedOption(std::string_view attribute) {
@@ -25,7 +27,7 @@ std::string ListedOption(std::string_view attribute) {
   return found == std::end(kListed) ? "" : *found;
 }
 
-// The values as a job may have them: keywords, and the numbers of those that have one.
+// The values as a job may have them: keywords, numbers, and the numbers of keywords that have one.
 std::vector<std::string> ValuesOf(const std::string &option, ipp_attribute_t *attribute) {
   std::vector<std::string> values;
   for (int at = 0; at < ippGetCount(attribute); ++at) {
@@ -33,6 +35,8 @@ std::vector<std::string> ValuesOf(const std::string &option, ipp_attribute_t *at
       const int number = ippGetInteger(attribute, at);
       values.emplace_back(ippEnumString(option.c_str(), number));
       values.push_back(std::to_string(number));
+    } else if (ippGetValueTag(attribute) == IPP_TAG_INTEGER) {
+      values.push_back(std::to_string(ippGetInteger(attribute, at)));
     } else if (const char *keyword = ippGetString(attribute, at, nullptr)) {
       values.emplace_back(keyword);
     }
@@ -141,9 +145,10 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "job-creation-attributes-supported", "multiple-document-handling-supported",
-          "output-bin-supported", "print-color-mode-supported", "print-quality-supported",
-          "sides-supported"});
+          "job-creation-attributes-supported", "job-hold-until-supported",
+          "multiple-document-handling-supported", "number-up-supported",
+          "orientation-requested-supported", "output-bin-supported", "print-color-mode-supported",
+          "print-quality-supported", "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));

@@ -57,6 +57,13 @@ Expected<std::string> ReadPPD(const std::filesystem::path &path) {
   return bytes;
 }
 
+Expected<PPDFile> OpenPPD(const std::filesystem::path &path, PPDTexts texts) {
+  Expected<PPDFile> ppd = PPDFile::Open(path, texts);
+  if (!ppd) return ppd;
+  if (Expected<std::string> bytes = ReadPPD(path); !bytes) return bytes.failure();
+  return ppd;
+}
+
 bool FillFile(const MemoryFile &file, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file.get(), bytes.data(), bytes.size());

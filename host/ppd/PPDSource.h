@@ -15,6 +15,11 @@
 // PPDFile::Open: also more than 16 MiB, or compressed bytes that are cut off.
 Expected<std::string> ReadPPD(const std::filesystem::path &path);
 
+// As PPDFile::Open, of a file that somebody names: what libcups reads of a compressed file that is
+// cut off, and ReadPPD does not, is a failure.
+Expected<PPDFile> OpenPPD(const std::filesystem::path &path,
+                          PPDTexts texts = PPDTexts::kUsersLanguage);
+
 // As PPDFile::Open, with the bytes of a file.
 Expected<PPDFile> ParsePPD(std::string_view bytes);
 

@@ -31,6 +31,20 @@ bool AreConsecutiveNumbers(const std::vector<PPDChoice> &choices) {
   });
 }
 
+// Until when a queue may hold a job, besides the times that it lists: HH:MM or HH:MM:SS.
+constexpr char kTimeOfDay[] = "HH:MM";
+
+bool IsTimeOfDay(std::string_view text) {
+  constexpr std::string_view kHighest = "23:59:59";
+  if (text.size() != kHighest.size() && text.size() != sizeof kTimeOfDay - 1) return false;
+  for (size_t at = 0; at < text.size(); ++at) {
+    const bool is_digit = text[at] >= '0' && text[at] <= '9';
+    if (at % 3 == 2 ? text[at] != ':' : !is_digit) return false;
+    if (at % 3 == 0 && text.substr(at, 2) > kHighest.substr(at, 2)) return false;
+  }
+  return true;
+}
+
 std::string Listed(const std::vector<PPDChoice> &choices) {
   constexpr size_t kShortList = 3;
   constexpr size_t kLongestList = 12;
@@ -108,10 +122,13 @@ Expected<std::string> ValueCheck::Fitting(const std::string &key, const std::str
 
 Expected<void> ValueCheck::CheckQueueLists(const std::string &key, const std::string &value) const {
   const auto offered = offered_.find(key);
-  if (offered == offered_.end() || offered->second.empty()) return {};
+  if (offered == offered_.end() || offered->second.empty() || value.empty()) return {};
   if (std::ranges::find(offered->second, value) != offered->second.end()) return {};
+  const bool takes_time = key == "job-hold-until";
+  if (takes_time && IsTimeOfDay(value)) return {};
   PPDOption option{.keyword = key};
   for (const std::string &listed : offered->second) option.choices.push_back({listed, listed});
+  if (takes_time) option.choices.push_back({kTimeOfDay, kTimeOfDay});
   return HasOtherChoices(option, value);
 }
 

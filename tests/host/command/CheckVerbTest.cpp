@@ -76,6 +76,17 @@ TEST(Check, GoesOnAfterAFileThatCannotBeRead) {
             result.out);
 }
 
+TEST(Check, ACompressedFileThatIsCutOffCannotBeRead) {
+  TemporaryFolder folder;
+  const std::string file = folder.Write("a.ppd", TestPPD::Text(kColorDevice)).string();
+  ASSERT_EQ(0, RunProgram({"gzip", file}).status);
+  const std::string compressed = file + ".gz";
+  std::filesystem::resize_file(compressed, std::filesystem::file_size(compressed) - 9);
+  const RunResult result = RunPdeprint({"check", compressed});
+  EXPECT_EQ(1, result.status);
+  EXPECT_EQ(compressed + ": cannot be read: the file is damaged or cut off\n", result.out);
+}
+
 TEST(Check, AnswersInJson) {
   TestPPD other("*VQBackgroundNumberingSupport: \"tr\xfc\"\n");
   const RunResult result =

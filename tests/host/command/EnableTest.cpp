@@ -7,6 +7,7 @@
 #include "tests/support/MarkOptions.h"
 
 namespace fs = std::filesystem;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -148,7 +149,10 @@ TEST_F(EnableVerb, WrongUsageSaysWhatIsMissing) {
   const auto wrong = [this](const std::vector<std::string> &arguments) {
     const RunResult result = Run(arguments);
     EXPECT_EQ(2, result.status);
-    return result.err.substr(0, result.err.find('\n'));
+    const std::string start = "pdeprint: ";
+    EXPECT_THAT(result.err, StartsWith(start));
+    EXPECT_THAT(result.err, EndsWith(" --help` says more\n"));
+    return result.err.substr(start.size(), result.err.rfind("; `") - start.size());
   };
   for (const char *verb : {"enable", "disable"}) {
     EXPECT_EQ("--output is required", wrong({verb, ppd_}));

@@ -115,11 +115,18 @@ TEST_F(ForeignCode, InUnknownOptionsChangesNothingOnPaper) {
   for (const std::string &value : Hostile()) {
     settings["Unknown" + std::to_string(++number)] = XmlOf(value.substr(0, 1000));
   }
-  for (const char *name :
-       {"mirror", "page-border", "number-up", "media", "printer-resolution", "job-billing"}) {
+  for (const char *name : {"mirror", "page-border", "media", "printer-resolution", "job-billing"}) {
     settings[name] = XmlOf(Hostile()[1]);
   }
   EXPECT_EQ(Plain(), Printed({"--ticket", Ticket(settings)}));
+}
+
+TEST_F(ForeignCode, InOptionsWhoseValuesTheQueueListsIsRefused) {
+  const int before = NewestJob();
+  for (const std::string option : {"number-up", "job-hold-until", "orientation-requested"}) {
+    ExpectRefusal(Print({"--ticket", Ticket({{option, XmlOf(Hostile()[1])}})}), option);
+  }
+  EXPECT_EQ(before, NewestJob());
 }
 
 TEST_F(ForeignCode, UnknownOptionsAreRefusedOnTheCommandLine) {

@@ -163,6 +163,16 @@ TEST_F(PrintVerb, JobsWithNumbersGoToPostScriptPrintersWithTheRendererThatKeepsT
   EXPECT_EQ("gs", renderer({"--set", "Valid=On"}));
 }
 
+TEST_F(PrintVerb, ValuesThatEveryQueueListsAreCheckedBeforeTheJobIsSent) {
+  EXPECT_EQ(Refusal(2, {"-d", "Office", "--set", "number-up=3", file_}),
+            "pdeprint: number-up cannot be \"3\": this printer has no number-up \"3\"; it has 1, "
+            "2, 4, 6, 9, 16\n");
+  EXPECT_THAT(Refusal(2, {"-d", "Office", "--set", "orientation-requested=9", file_}),
+              HasSubstr("it has portrait, 3, landscape, 4, "));
+  EXPECT_THAT(Refusal(2, {"-d", "Bare", "--set", "job-hold-until=25:00", file_}),
+              HasSubstr(" no-hold, indefinite, "));
+}
+
 TEST_F(PrintVerb, AQueueWithoutAPPDStillPrints) {
   const Attributes job = JobOn("Bare", {"-n", "2"});
   EXPECT_EQ(job.at("copies"), "2");

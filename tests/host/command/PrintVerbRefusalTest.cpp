@@ -154,5 +154,8 @@ TEST_F(PrintVerb, AFileThatTheUserMayNotReadSendsNothing) {
 }
 
 TEST_F(PrintVerb, NoFileIsWrongUsage) {
-  EXPECT_THAT(Refusal(2, {"-d", "Office"}), HasSubstr("FILE is required"));
+  EXPECT_EQ(Refusal(2, {"-d", "Office"}),
+            "pdeprint: FILE is required; `pdeprint print --help` says more\n");
+  EXPECT_EQ(Refusal(2, {"-d", "Office", "--nope"}),
+            "pdeprint: there is no option \"--nope\"; `pdeprint print --help` lists them\n");
 }

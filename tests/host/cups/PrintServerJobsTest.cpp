@@ -86,6 +86,21 @@ TEST_F(PrintServerTest, TheJobHasTheTitleAndTheOptionsOfTheRequestAlone) {
   EXPECT_FALSE(attributes.contains("VQBNDensity"));
 }
 
+TEST_F(PrintServerTest, NamesOfValuesThatTheProtocolNumbersAreSentAsNumbers) {
+  server().AddQueue({.name = "Numbers", .ppd = kSampleColor, .stopped = "Wait"});
+  const auto named = server().JobAttributes(JobOf("Numbers", {Page("x")},
+                                                  {{"finishings", "staple,punch"},
+                                                   {"orientation-requested", "landscape"},
+                                                   {"print-quality", "high"}}));
+  EXPECT_EQ(named.at("finishings"), "staple,punch");
+  EXPECT_EQ(named.at("orientation-requested"), "landscape");
+  EXPECT_EQ(named.at("print-quality"), "high");
+  const auto numbered = server().JobAttributes(
+      JobOf("Numbers", {Page("x")}, {{"finishings", "4"}, {"print-quality", "5"}}));
+  EXPECT_EQ(numbered.at("finishings"), "staple");
+  EXPECT_EQ(numbered.at("print-quality"), "high");
+}
+
 TEST_F(PrintServerTest, SeveralFilesAreOneJob) {
   server().AddQueue({.name = "Several", .ppd = kSampleColor});
   const Texts documents = {Page("First"), Page("Second") + std::string(100000, '\n'),

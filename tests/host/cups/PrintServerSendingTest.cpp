@@ -74,6 +74,16 @@ TEST_F(SendingTest, CancelingDoesNotWaitForAServerThatTakesNothing) {
   EXPECT_TRUE(Becomes([this] { return server_.LiveJobs().empty(); }));
 }
 
+TEST_F(SendingTest, AFileThatGetsShorterOnItsWayTakesTheJobBack) {
+  std::thread printing = Begin(kLimit);
+  fs::resize_file(request_.files.front(), 1);
+  printing.join();
+  EXPECT_EQ(failure_,
+            "cannot read " + request_.files.front().string() + ": the file is damaged or cut off");
+  EXPECT_TRUE(server_.LiveJobs().empty());
+  EXPECT_TRUE(IsCanceled(1));
+}
+
 TEST_F(SendingTest, AServerThatTakesNoMoreEndsTheSending) {
   std::thread printing = Begin(300ms);
   server_.Freeze();

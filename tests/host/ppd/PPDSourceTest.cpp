@@ -37,7 +37,9 @@ TEST(PPDSource, ReadsTheBytesAsTheyAre) {
 
 TEST(PPDSource, ReadsCompressedBytes) {
   TemporaryFolder folder;
-  EXPECT_EQ(TestPPD::Text(kColorDevice), Read(Compressed(folder, TestPPD::Text(kColorDevice))));
+  const fs::path file = Compressed(folder, TestPPD::Text(kColorDevice));
+  EXPECT_EQ(TestPPD::Text(kColorDevice), Read(file));
+  EXPECT_TRUE(OpenPPD(file)->IsColorDevice());
 }
 
 TEST(PPDSource, CompressedBytesThatAreCutOffAreAFailure) {
@@ -45,6 +47,7 @@ TEST(PPDSource, CompressedBytesThatAreCutOffAreAFailure) {
   const fs::path file = Compressed(folder, TestPPD::Text(kColorDevice));
   fs::resize_file(file, fs::file_size(file) / 2);
   EXPECT_EQ("the file is damaged or cut off", ReasonAgainst(file));
+  EXPECT_EQ("the file is damaged or cut off", OpenPPD(file).message());
 }
 
 TEST(PPDSource, WhatIsNoFileIsAFailure) {

@@ -103,6 +103,20 @@ TEST_F(ValueCheckTest, OptionsOfEveryQueueFit) {
   EXPECT_EQ(Lines{}, Unfit(options, nullptr));
 }
 
+TEST(ValueCheckOfQueue, AJobIsHeldUntilATimeThatTheQueueListsOrOneOfTheDay) {
+  const std::string key = "job-hold-until";
+  const ValueCheck check(nullptr, {}, {}, {}, {{key, {"no-hold", "night"}}});
+  for (const char *value : {"night", "00:00", "23:59", "07:30:15"}) {
+    EXPECT_TRUE(check.Fitting(key, value)) << value;
+  }
+  for (const char *value :
+       {"24:00", "12:60", "12:00:60", "9:05", "1200", "12:0x", "12:00:", "HH:MM", "midnight"}) {
+    EXPECT_EQ(check.Fitting(key, value).message(), "this printer has no job-hold-until \"" +
+                                                       std::string(value) +
+                                                       "\"; it has no-hold, night, HH:MM");
+  }
+}
+
 TEST_F(ValueCheckTest, CopiesAndPageRangesFitIfTheyCanBeParsed) {
   for (const PPDFile *ppd :
        {static_cast<const PPDFile *>(&*ppd_), static_cast<const PPDFile *>(nullptr)}) {
