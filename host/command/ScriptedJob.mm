@@ -86,8 +86,8 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (!extensions) return Refuse({kFailed, extensions.message()});
 
   JobSession session(*extensions);
-  Expected<Notes> notes =
-      session.UsePrinter(std::move(printer->ppd), printer->queue.defaults, printer->queue.offered);
+  Expected<Notes> notes = session.UsePrinter(std::move(printer->ppd), printer->queue.defaults,
+                                             printer->queue.offered, printer->queue.formats);
   if (!notes) return Refuse({kFailed, notes.message()});
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, session.check());
   if (!changes) {

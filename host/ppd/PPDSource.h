@@ -15,7 +15,7 @@
 // PPDFile::Open: also more than 16 MiB, or compressed bytes that are cut off.
 Expected<std::string> ReadPPD(const std::filesystem::path &path);
 
-// As PPDFile::Open, with the bytes of a file.
+// As PPDFile::Open, with the bytes of a file, which stay known.
 Expected<PPDFile> ParsePPD(std::string_view bytes);
 
 // Writes all of them, and goes back to the beginning; false: see errno.
