@@ -78,7 +78,7 @@ size_t Join(const std::string &out, const std::list<std::string> &paths) {
     QPDFWriter writer(all);
     writer.setOutputMemory();
     writer.write();
-    const std::unique_ptr<Buffer> buffer(writer.getBuffer());
+    const auto buffer = writer.getBufferSharedPointer();
     document.assign(reinterpret_cast<const char *>(buffer->getBuffer()), buffer->getSize());
   }
   write(files.front().before);
