@@ -6,6 +6,7 @@
 
 #include "tests/pages/PreparedServer.h"
 #include "tests/support/NumberingPPD.h"
+#include "tests/support/TestPPD.h"
 
 using testing::HasSubstr;
 using Json = nlohmann::ordered_json;
