@@ -88,9 +88,5 @@ Expected<FilterWords> RunFilter(const FilterStep &step, const std::atomic<bool> 
   FilterWords words = WordsIn(log);
   const std::string name = step.program.filename().string();
   if (auto done = CheckEnd(name, *end, words); !done) return done.failure();
-  std::error_code error;
-  if (fs::file_size(step.out, error) == 0 || error) {
-    return Failure{Localized("the program %1 makes nothing of it", {name})};
-  }
   return words;
 }

@@ -26,8 +26,8 @@ struct FilterWords {
   std::vector<std::string> warnings;  // and errors
 };
 
-// Runs it; temporary files are made beside the document that comes out. The failure: it ended
-// otherwise than well, took too long, made nothing, or was canceled.
+// Runs it; temporary files are made beside the document that comes out, which may be empty. The
+// failure: it ended otherwise than well, took too long, or was canceled.
 Expected<FilterWords> RunFilter(const FilterStep &step, const std::atomic<bool> &cancel);
 
 #endif

@@ -6,6 +6,7 @@
 
 #include "host/base/Localized.h"
 #include "host/base/WholeFile.h"
+#include "host/cups/JobTransfer.h"
 #include "host/pages/Conversions.h"
 #include "host/pages/DocumentType.h"
 #include "host/pages/FilterRun.h"
@@ -32,13 +33,25 @@ bool HaveSameBytes(const fs::path &left, const fs::path &right) {
   return true;
 }
 
+bool IsEmpty(const fs::path &file) {
+  std::error_code error;
+  return fs::file_size(file, error) == 0 || error;
+}
+
+Failure NoPage() { return Failure{Localized("no page is to be printed")}; }
+
+Failure MakesNothing(const FilterStep &step) {
+  return Failure{
+      Localized("the program %1 makes nothing of it", {step.program.filename().string()})};
+}
+
 class Maker {
  public:
   Maker(const PagesRequest &request, PrivateFolder folder, const std::atomic<bool> &cancel)
       : request_(request), folder_(std::move(folder)), cancel_(cancel) {}
 
   Expected<JobPages> Make() {
-    if (auto done = WriteDescriptions(); !done) return done.failure();
+    if (auto done = WriteDescriptions(); !done) return Explained(done.failure());
     std::vector<fs::path> parts;
     for (const fs::path &file : request_.files) {
       Expected<fs::path> part = LaidOut(file, file != request_.files.back());
@@ -53,7 +66,7 @@ class Maker {
     }
     Expected<int> count = CountPages(pages.file, pages.file, cancel_);
     if (!count) return ExplainedIn(pages.folder, count.failure());
-    if (*count == 0) return Failure{Localized("no page is to be printed")};
+    if (*count == 0) return NoPage();
     pages.count = *count;
     return pages;
   }
@@ -113,11 +126,12 @@ class Maker {
         .title = request_.title,
         .options = made == kPdf ? request_.options : OptionsForCopies(request_.options)};
     Expected<FilterWords> words = RunFilter(step, cancel_);
-    if (words) return step.out;
-    if (cancel_) return words.failure();
+    if (words && !IsEmpty(step.out)) return step.out;
+    if (cancel_) return JobCanceled();
     // The reason in plain words, where the document itself is.
     Expected<int> count = CountPages(document, step.out, cancel_);
-    return failure(count ? words.failure() : count.failure());
+    if (!count) return failure(count.failure());
+    return failure(words ? NoPage() : words.failure());
   }
 
   Expected<std::string> TypeOf(const fs::path &file) const {
@@ -152,6 +166,7 @@ class Maker {
     step.options["copies"] = "1";
     Expected<FilterWords> words = RunFilter(step, cancel_);
     if (!words) return words.failure();
+    if (IsEmpty(step.out)) return MakesNothing(step);
     return step.out;
   }
 
@@ -181,9 +196,10 @@ class Maker {
     step.options["copies"] = "1";
     Expected<FilterWords> words = RunFilter(step, cancel_);
     if (!words) return cancel_ ? words.failure() : failure(words.failure());
+    if (IsEmpty(step.out)) return failure(MakesNothing(step));
     if (HaveSameBytes(step.in, step.out)) {
       // Filters pass on what they cannot change; then they say so.
-      if (!words->warnings.empty()) return failure({words->warnings.front()});
+      if (!words->warnings.empty()) return failure({words->warnings.back()});
       return {};
     }
     for (const std::string &warning : words->warnings) {

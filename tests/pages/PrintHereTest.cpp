@@ -50,9 +50,13 @@ TEST_F(PrintHere, NumbersGoOnFromFileToFile) {
 TEST_F(PrintHere, NumbersText) {
   std::string lines;
   for (int line = 0; line < 100; ++line) lines += "A line of text\n";
-  Printed printed = Number({}, {File("lines.txt", lines)});
+  const std::string file = File("lines.txt", lines);
+  Printed printed = Number({}, {file});
   EXPECT_THAT(printed.numbers(), ElementsAre("25", "26"));
-  EXPECT_THAT(printed.text, HasSubstr("A line of text"));
+  // Nothing else is different. The converter writes no letters that programs find.
+  std::string text = printed.text;
+  for (const char *number : {" 25", " 26"}) text.erase(text.find(number), 3);
+  EXPECT_EQ(text, Print("Pdf", {}, {file}).text);
 }
 
 TEST_F(PrintHere, NumbersPictures) {
