@@ -127,7 +127,6 @@ class Maker {
         .options = made == kPdf ? request_.options : OptionsForCopies(request_.options)};
     Expected<FilterWords> words = RunFilter(step, cancel_);
     if (words && !IsEmpty(step.out)) return step.out;
-    if (cancel_) return JobCanceled();
     // The reason in plain words, where the document itself is.
     Expected<int> count = CountPages(document, step.out, cancel_);
     if (!count) return failure(count.failure());
@@ -195,7 +194,7 @@ class Maker {
     step.out += ".pdf";
     step.options["copies"] = "1";
     Expected<FilterWords> words = RunFilter(step, cancel_);
-    if (!words) return cancel_ ? words.failure() : failure(words.failure());
+    if (!words) return failure(words.failure());
     if (IsEmpty(step.out)) return failure(MakesNothing(step));
     if (HaveSameBytes(step.in, step.out)) {
       // Filters pass on what they cannot change; then they say so.
@@ -223,5 +222,7 @@ class Maker {
 Expected<JobPages> MakePages(const PagesRequest &request, const std::atomic<bool> &cancel) {
   Expected<PrivateFolder> folder = PrivateFolder::Make();
   if (!folder) return folder.failure();
-  return Maker(request, std::move(*folder), cancel).Make();
+  Expected<JobPages> pages = Maker(request, std::move(*folder), cancel).Make();
+  if (!pages && cancel) return JobCanceled();
+  return pages;
 }
