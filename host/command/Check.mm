@@ -11,11 +11,13 @@
 
 namespace {
 
-CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions &extensions) {
+CheckResult CheckPrinter(const std::string &name, std::optional<PPDFile> ppd,
+                         const DocumentFormats &formats, Extensions &extensions) {
   CheckResult result{.file = name};
   result.readable = true;
-  result.color = ppd != nullptr && ppd->IsColorDevice();
-  PanelOffer offer = PanelsOfferedFor(ppd, extensions);
+  result.color = ppd && ppd->IsColorDevice();
+  PanelOffer offer = PanelsOfferedFor(std::move(ppd), formats, extensions);
+  result.applications = std::move(offer.applications);
   result.panels = std::move(offer.panels);
   result.reason = std::move(offer.reason);
   return result;
@@ -24,7 +26,7 @@ CheckResult CheckPrinter(const std::string &name, const PPDFile *ppd, Extensions
 CheckResult CheckFile(const std::filesystem::path &path, Extensions &extensions) {
   Expected<PPDFile> ppd = InEnglish([&path] { return OpenPPD(path, PPDTexts::kFilesLanguage); });
   if (!ppd) return CheckResult{.file = path.string(), .reason = ppd.message()};
-  return CheckPrinter(path.string(), &*ppd, extensions);
+  return CheckPrinter(path.string(), std::move(*ppd), std::nullopt, extensions);
 }
 
 CheckResult CheckQueue(const std::string &name, const PrintServer &server, Extensions &extensions) {
@@ -32,7 +34,7 @@ CheckResult CheckQueue(const std::string &name, const PrintServer &server, Exten
   if (!queue) return CheckResult{.file = name, .reason = queue.message()};
   Expected<std::optional<PPDFile>> ppd = InEnglish([&] { return server.PPDOfQueue(name); });
   if (!ppd) return CheckResult{.file = name, .reason = ppd.message()};
-  return CheckPrinter(name, *ppd ? &**ppd : nullptr, extensions);
+  return CheckPrinter(name, std::move(*ppd), queue->formats, extensions);
 }
 
 int Run(const CheckOptions &options) {

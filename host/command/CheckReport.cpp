@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "host/base/OneLine.h"
+#include "host/command/AppliedJson.h"
 
 std::string CheckText(const std::vector<CheckResult> &results) {
   std::ostringstream text;
@@ -15,6 +16,9 @@ std::string CheckText(const std::vector<CheckResult> &results) {
       text << "no panel: " << OnOneLine(result.reason);
     } else {
       text << "panel offered, " << (result.color ? "color" : "monochrome") << " printer";
+      if (const std::string by = Described(result.applications); !by.empty()) {
+        text << ", " << OnOneLine(by);
+      }
     }
     text << '\n';
   }
@@ -31,6 +35,7 @@ std::string CheckJson(const std::vector<CheckResult> &results) {
     entry["offered"] = !result.panels.empty();
     entry["color"] = result.readable ? Json(result.color) : Json();
     entry["panels"] = result.panels;
+    entry["applied"] = AppliedJson(result.applications);
     entry["reason"] = result.panels.empty() ? Json(result.reason) : Json();
     array.push_back(entry);
   }

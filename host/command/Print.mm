@@ -11,6 +11,7 @@
 #include "host/cups/RequestId.h"
 #include "host/job/JobFiles.h"
 #include "host/job/PageRanges.h"
+#include "host/pages/PrintPages.h"
 
 namespace {
 
@@ -34,10 +35,11 @@ int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
 }
 
 // A job that was cut off would print in part, or lie on the server until it gives up.
-Expected<int> SendInterruptibly(const PrintServer &server, const JobRequest &request) {
-  SendingProgress progress;
+Expected<int> SendInterruptibly(const PrintServer &server, const JobRequest &request,
+                                const std::optional<PagesHere> &here) {
+  PrintingProgress progress;
   const Interruption interruption(progress.cancel);
-  return server.Print(request, progress);
+  return PrintPages(server, request, here, progress);
 }
 
 int Send(const PrintOptions &options, const ScriptedJob &job) {
@@ -45,7 +47,7 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   Expected<JobRequest> request =
       job.session.RequestFor(job.queue.name, options.files, options.title);
   if (!request) return Refuse(request.message(), kFailed);
-  Expected<int> number = SendInterruptibly(server, *request);
+  Expected<int> number = SendInterruptibly(server, *request, job.session.here());
   if (!number) return Refuse(number.message(), kFailed);
   const std::string id = RequestId(job.queue.name, *number);
   const std::string result = "request id is " + id;

@@ -24,7 +24,8 @@ QueueResult CheckQueue(const Queue &queue, const PrintServer &server, Extensions
     if (failure.is_unanswered || failure.wants_password) server_answers = failure;
     return result;
   }
-  PanelOffer offer = PanelsOfferedFor(*ppd ? &**ppd : nullptr, extensions);
+  PanelOffer offer = PanelsOfferedFor(std::move(*ppd), queue.formats, extensions);
+  result.applications = std::move(offer.applications);
   result.panels = std::move(offer.panels);
   result.reason = std::move(offer.reason);
   return result;

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "host/base/OneLine.h"
+#include "host/command/AppliedJson.h"
 
 namespace {
 
@@ -31,6 +32,9 @@ std::string QueuesText(const std::vector<QueueResult> &results) {
       std::string names;
       for (const std::string &name : result.panels) names += (names.empty() ? "" : ", ") + name;
       text << OnOneLine(names);
+      if (const std::string by = Described(result.applications); !by.empty()) {
+        text << ", " << OnOneLine(by);
+      }
     }
     if (result.queue.state == QueueState::kStopped) text << " (stopped)";
     if (!result.queue.accepts_jobs) text << " (does not accept jobs)";
@@ -53,6 +57,7 @@ std::string QueuesJson(const std::vector<QueueResult> &results) {
     entry["acceptsJobs"] = result.queue.accepts_jobs;
     entry["offered"] = !result.panels.empty();
     entry["panels"] = result.panels;
+    entry["applied"] = AppliedJson(result.applications);
     entry["reason"] = result.panels.empty() ? Json(result.reason) : Json();
     array.push_back(entry);
   }

@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "host/cups/Queue.h"
+#include "host/session/Application.h"
 
 struct QueueResult {
   Queue queue;
   std::vector<std::string> panels = {};  // names; empty: none is offered
+  Applications applications = {};        // who does what they say
   std::string reason = {};               // why not
 };
 
@@ -18,8 +20,8 @@ struct QueueResult {
 std::string QueuesText(const std::vector<QueueResult> &results);
 
 // An array of {"name", "default", "description", "location", "model", "state" ("idle", "printing"
-// or "stopped"), "acceptsJobs", "offered", "panels", "reason"}; reason is null where a panel is
-// offered.
+// or "stopped"), "acceptsJobs", "offered", "panels", "applied", "reason"}; applied is an array of
+// {"bundle", "by" ("printer", "server" or "computer")}, reason null where a panel is offered.
 std::string QueuesJson(const std::vector<QueueResult> &results);
 
 #endif

@@ -89,12 +89,15 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (!extensions) return Refuse({kFailed, extensions.message()});
 
   JobSession session(*extensions);
-  Expected<Notes> notes =
-      session.UsePrinter(std::move(printer->ppd), printer->queue.defaults, printer->queue.offered);
+  Expected<Notes> notes = session.UsePrinter(std::move(printer->ppd), printer->queue.defaults,
+                                             printer->queue.offered, printer->queue.formats);
   if (!notes) return Refuse({kFailed, notes.message()});
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, session.check());
   if (!changes) {
     if (extensions->Settings().empty()) ComplainOfLeftOut(*extensions);  // it may be theirs
+    if (!session.why_not_here().empty()) {
+      Note(Localized("no panel for %1: %2", {printer->name, session.ReasonForNoPanel()}));
+    }
     return Refuse({kWrongUsage, changes.message()});
   }
   if (auto refusal = Begin(session, std::move(*settings), source, *changes, *notes)) {

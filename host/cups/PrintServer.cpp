@@ -95,7 +95,8 @@ Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const 
   Expected<bool> is_there = FetchPPDInto(file, server, name);
   if (!is_there) return is_there.failure();
   if (!*is_there) return std::optional<PPDFile>();
-  Expected<PPDFile> ppd = PPDFile::Open(file.path());
+  Expected<std::string> text = ReadPPD(file.path());
+  Expected<PPDFile> ppd = text ? ParsePPD(*text) : Expected<PPDFile>(text.failure());
   if (!ppd) {
     return Failure{Localized("cannot read the PPD file of %1 from the print server %2: %3",
                              {name, server.address(), ppd.message()})};

@@ -4,6 +4,8 @@
 #define HOST_CUPS_QUEUE_H
 
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,9 @@ enum class QueueState { kIdle, kPrinting, kStopped };
 // where it lists none.
 using OfferedOptions = std::map<std::string, std::vector<std::string>>;
 
+// MIME types of documents that a queue takes. None: the printer is no queue, and nothing is printed.
+using DocumentFormats = std::optional<std::set<std::string>>;
+
 struct Queue {
   std::string name;  // an instance of a queue is NAME/INSTANCE
   std::string description;
@@ -25,6 +30,7 @@ struct Queue {
   std::string state_message;  // the server's words
   bool accepts_jobs = true;
   OfferedOptions offered;
+  DocumentFormats formats;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue
 };
 

@@ -68,6 +68,9 @@ void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
     queue.model = text();
   } else if (attribute == "printer-state-message") {
     queue.state_message = text();
+  } else if (attribute == "document-format-supported") {
+    queue.formats.emplace();
+    for (std::string &format : ValuesOf("", value)) queue.formats->insert(std::move(format));
   } else if (attribute == "printer-is-accepting-jobs") {
     queue.accepts_jobs = ippGetBoolean(value, 0) != 0;
   } else if (attribute == "printer-state") {
@@ -82,6 +85,7 @@ QueuesByName QueuesIn(ipp_t *answer) {
   QueuesByName queues;
   Queue queue;
   const auto end_of_queue = [&] {
+    if (!queue.formats) queue.formats.emplace();
     if (!queue.name.empty()) queues.emplace(queue.name, queue);
     queue = Queue();
   };
@@ -145,10 +149,10 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "job-creation-attributes-supported", "job-hold-until-supported",
-          "multiple-document-handling-supported", "number-up-supported",
-          "orientation-requested-supported", "output-bin-supported", "print-color-mode-supported",
-          "print-quality-supported", "sides-supported"});
+          "document-format-supported", "job-creation-attributes-supported",
+          "job-hold-until-supported", "multiple-document-handling-supported",
+          "number-up-supported", "orientation-requested-supported", "output-bin-supported",
+          "print-color-mode-supported", "print-quality-supported", "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));

@@ -4,6 +4,7 @@
 #define HOST_DIALOG_JOBDELIVERY_H
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "host/base/Retained.h"
@@ -26,7 +27,8 @@ class JobDelivery {
   JobDelivery(PrintDialogView *view, PrintServer server, PasswordWindow &passwords, bool waits,
               Callbacks callbacks);
 
-  void Begin(JobRequest request);
+  // Here: what is to be done before it is sent.
+  void Begin(JobRequest request, std::optional<PagesHere> here);
   // Takes back what is being sent; `refused` follows.
   void TakeBack();
   // Does not wait for the end any more: a job of which it is not known counts as failed.

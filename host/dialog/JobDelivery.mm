@@ -13,7 +13,8 @@ JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, PasswordWind
       callbacks_(std::move(callbacks)),
       sender_(
           std::move(server), passwords,
-          {.sending = [this](double fraction) { ShowProgress(Localized("Sending…"), fraction); },
+          {.making_pages = [this] { ShowProgress(Localized("Preparing the pages…")); },
+           .sending = [this](double fraction) { ShowProgress(Localized("Sending…"), fraction); },
            .accepted = [this](int number) { WasAccepted(number); },
            .refused = [this](const std::string &reason) { WasRefused(reason); },
            .waiting =
@@ -22,11 +23,11 @@ JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, PasswordWind
                },
            .ended = [this](const Expected<void> &printed) { HasEnded(printed); }}) {}
 
-void JobDelivery::Begin(JobRequest request) {
+void JobDelivery::Begin(JobRequest request, std::optional<PagesHere> here) {
   has_begun_ = true;
   queue_ = request.queue;
   ShowProgress(Localized("Sending…"), 0);
-  sender_.Send(std::move(request));
+  sender_.Send(std::move(request), std::move(here));
 }
 
 void JobDelivery::TakeBack() {

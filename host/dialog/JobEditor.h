@@ -66,6 +66,7 @@ class JobEditor {
   PresetChooser::Callbacks CallbacksOfPresets();
 
   void ApplyPreset(PrintSettings settings);
+  Notes AppliedHere() const;
   void LosePrinter(const std::string &reason);
   PMPrintSettings SettingsForPreset();
   Expected<void> TakeChoices();

@@ -65,7 +65,8 @@ bool JobEditor::LeavePrinter() {
 void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   has_printer_ = true;
   printer_ = queue.name;
-  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered);
+  Expected<Notes> used =
+      session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered, queue.formats);
   if (!used) return LosePrinter(used.message());
   Notes notes = std::move(*used);
   if (for_printer_) {
@@ -79,11 +80,21 @@ void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
       notes.push_back(Localized("no extension panel: %1", {reason}));
     }
   }
+  notices_.SetAboutPrinter(AppliedHere());
   notices_.ReplaceNotes(std::move(notes));
   fields_.ShowWhereNotTyped();
   notices_.TellOfLeftOut();
   panels_.ShowPanels();
   SettleConflicts("");
+}
+
+Notes JobEditor::AppliedHere() const {
+  Notes notes;
+  for (const Application &application : session_.applications()) {
+    if (application.by != Application::By::kThisComputer) continue;
+    notes.push_back(Localized("%1 is applied on this computer", {application.bundle}));
+  }
+  return notes;
 }
 
 void JobEditor::ApplyPreset(PrintSettings settings) {

@@ -13,10 +13,12 @@
 #include "host/cups/PrintServer.h"
 #include "host/dialog/PasswordWindow.h"
 #include "host/dialog/Poller.h"
+#include "host/pages/PrintPages.h"
 
 class JobSender {
  public:
   struct Callbacks {
+    std::function<void()> making_pages;
     std::function<void(double fraction)> sending;  // from 0 to 1
     std::function<void(int job)> accepted;
     std::function<void(const std::string &reason)> refused;
@@ -27,7 +29,8 @@ class JobSender {
 
   JobSender(PrintServer server, PasswordWindow &passwords, Callbacks callbacks);
 
-  void Send(JobRequest request);
+  // Makes its pages first where that is to be done here.
+  void Send(JobRequest request, std::optional<PagesHere> here);
   // Of a job that was accepted.
   void WaitForEnd(int job, const std::string &id);
   // Takes back a job that is being sent; `refused` follows.
@@ -39,7 +42,7 @@ class JobSender {
   PrintServer server_;
   PasswordWindow &passwords_;
   Callbacks callbacks_;
-  std::shared_ptr<SendingProgress> progress_;
+  std::shared_ptr<PrintingProgress> progress_;
   std::unique_ptr<Interruption> interruption_;  // while a job is being sent
   int job_ = 0;
   std::unique_ptr<JobWaiting> waiting_;

@@ -12,17 +12,20 @@ double Fraction(const SendingProgress &progress) {
 JobSender::JobSender(PrintServer server, PasswordWindow &passwords, Callbacks callbacks)
     : server_(std::move(server)), passwords_(passwords), callbacks_(std::move(callbacks)) {}
 
-void JobSender::Send(JobRequest request) {
-  progress_ = std::make_shared<SendingProgress>();
+void JobSender::Send(JobRequest request, std::optional<PagesHere> here) {
+  progress_ = std::make_shared<PrintingProgress>();
   interruption_ = std::make_unique<Interruption>(progress_->cancel);
   auto task = std::make_shared<BackgroundTask<Expected<int>>>(
-      [server = server_, request = std::move(request), progress = progress_] {
-        return server.Print(request, *progress);
-      });
+      [server = server_, request = std::move(request), here = std::move(here),
+       progress = progress_] { return PrintPages(server, request, here, *progress); });
   poller_ = Poller([this, task] {
     if (!task->HasEnded()) {
       passwords_.AnswerQuestion();
-      callbacks_.sending(Fraction(*progress_));
+      if (progress_->is_making_pages) {
+        callbacks_.making_pages();
+      } else {
+        callbacks_.sending(Fraction(*progress_));
+      }
       return false;
     }
     interruption_.reset();

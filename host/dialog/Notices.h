@@ -6,12 +6,14 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "host/extension/Extensions.h"
 #include "host/session/JobSession.h"
 
-// Notes of what happened last; presets that are damaged and bundles that are left out, which stay.
-// Whatever does not come from what the user has just done is on standard error, too.
+// Notes of what happened last and of the printer; presets that are damaged and bundles that are
+// left out, which stay. Whatever does not come from what the user has just done is on standard
+// error, too.
 class Notices {
  public:
   // Shows this text, a line for each notice; empty: nothing.
@@ -23,6 +25,8 @@ class Notices {
   // What the printer or the settings have come to: in place of all notes before, and on standard
   // error.
   void ReplaceNotes(Notes notes);
+  // What is special about the printer, as long as it is that one; shown with what comes next.
+  void SetAboutPrinter(Notes notes) { about_printer_ = std::move(notes); }
   // What the user wanted cannot be done. Nothing is noted twice.
   void AddNote(const std::string &note);
   // Forgets the notes; those that are shown stay until the next time that something is.
@@ -41,6 +45,7 @@ class Notices {
   const Extensions &extensions_;
   Show show_;
   Notes notes_;
+  Notes about_printer_;
   std::set<std::string> damaged_presets_;  // and why
   size_t left_out_told_ = 0;
 };

@@ -54,6 +54,7 @@ void Notices::ShowAll() {
     text += (text.empty() ? "" : "\n") + Text(Sentence(notice));
   };
   for (const std::string &note : notes_) add(note);
+  for (const std::string &note : about_printer_) add(note);
   for (const std::string &message : damaged_presets_) add(message);
   for (const LeftOut &one : extensions_.left_out()) add(Describe(one));
   show_(text);

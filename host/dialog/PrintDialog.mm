@@ -166,7 +166,7 @@ void PrintDialog::Accept() {
   Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files);
   if (!request) return notices_.AddNote(request.message());
   SetPhase(Phase::kSending);
-  delivery_.Begin(std::move(*request));
+  delivery_.Begin(std::move(*request), session_.here());
 }
 
 void PrintDialog::ShowRefusal(const std::string &reason) {

@@ -46,6 +46,9 @@ class NamedResources {
     return OptionLines{std::move(*color), std::move(*monochrome)};
   }
 
+  // The package that has it; empty: not told.
+  std::string Package() const { return TextIn(named_, @"Package"); }
+
   // The name of a program that the print system knows; a path is none.
   Expected<std::string> Program() const {
     std::string program = TextIn(named_, @"Program");
@@ -109,6 +112,7 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
     Expected<std::string> program = document->Program();
     if (!program) return program.failure();
     options.document_filter = std::move(*program);
+    options.document_package = document->Package();
     lines = document->Lines();
     if (!lines) return lines.failure();
     options.document = std::move(*lines);

@@ -11,6 +11,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/base/Expected.h"
@@ -54,6 +55,9 @@ class PPDFile {
   // Opens and parses a file, compressed or not. The failure is what libcups says, with the line.
   static Expected<PPDFile> Open(const std::filesystem::path &path,
                                 PPDTexts texts = PPDTexts::kUsersLanguage);
+
+  // The bytes that it was parsed from; empty: it was opened from a file.
+  const std::string &source() const { return source_; }
 
   // Valid as long as this object; never null. The file's defaults are marked.
   ppd_file_t *get() const { return ppd_.get(); }
@@ -132,7 +136,10 @@ class PPDFile {
   // With exactly this keyword; null: there is none.
   const ppd_option_t *Found(const std::string &keyword) const;
 
+  friend Expected<PPDFile> ParsePPD(std::string_view bytes);
+
   std::unique_ptr<ppd_file_t, Closer> ppd_;
+  std::string source_;
 };
 
 #endif

@@ -79,5 +79,7 @@ Failure NoMemoryFile() { return Failure{Localized("no memory file: %1", {std::st
 Expected<PPDFile> ParsePPD(std::string_view bytes) {
   const MemoryFile file;
   if (!FillFile(file, bytes)) return NoMemoryFile();
-  return PPDFile::Open(file.path());
+  Expected<PPDFile> ppd = PPDFile::Open(file.path());
+  if (ppd) ppd->source_ = bytes;
+  return ppd;
 }

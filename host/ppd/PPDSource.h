@@ -20,7 +20,7 @@ Expected<std::string> ReadPPD(const std::filesystem::path &path);
 Expected<PPDFile> OpenPPD(const std::filesystem::path &path,
                           PPDTexts texts = PPDTexts::kUsersLanguage);
 
-// As PPDFile::Open, with the bytes of a file.
+// As PPDFile::Open, with the bytes of a file, which stay known.
 Expected<PPDFile> ParsePPD(std::string_view bytes);
 
 // Writes all of them, and goes back to the beginning; false: see errno.

@@ -24,6 +24,7 @@ struct PrinterOptions {
   // Of which a filter takes the choices, to do to the pages of a document what they say: a program
   // with the print system's interface for filters, by its name; empty: there is none.
   std::string document_filter;
+  std::string document_package = {};  // that has the program; empty: not told
   OptionLines document;
 };
 

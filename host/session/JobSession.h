@@ -18,6 +18,7 @@
 #include "host/session/JobDefaults.h"
 #include "host/session/JobSettings.h"
 #include "host/session/Notes.h"
+#include "host/session/QueueAbility.h"
 #include "host/session/ValueCheck.h"
 
 // Wherever the print system fails to answer or change a setting, the operation fails: nothing may
@@ -33,10 +34,12 @@ class JobSession {
   // Changes the printer: also loads the bundles that the PPD file names, and asks all bundles for
   // panels anew, which restore themselves when they are shown. Settings that do not fit are taken
   // away, each with a note, and so are defaults of the queue. The panels of the printer before must
-  // be out of the window. Offered is what the queue says that jobs may ask for. No PPD file: the
-  // queue has none, and no panels. The failure: there is no printer, and all settings are lost.
+  // be out of the window. Offered is what the queue says that jobs may ask for, formats the
+  // documents that it takes: where it cannot do what bundles want, and this computer can, the PPD
+  // file has their options too. No PPD file: the queue has none, and no panels. The failure: there
+  // is no printer, and all settings are lost.
   Expected<Notes> UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                             OfferedOptions offered = {});
+                             OfferedOptions offered = {}, const DocumentFormats &formats = {});
 
   // Replaces all settings, by those of a ticket or preset; those that a panel has locked stay, each
   // with a note. What does not fit the printer, if there is one yet, is taken away, each with a
@@ -52,7 +55,13 @@ class JobSession {
   // Drops the panels that have shown a fault; they are then among the bundles left out.
   void DropFaultyPanels();
   // Why there is no panel, where there is none.
-  std::string ReasonForNoPanel() const { return extensions_.ReasonForNoPanel(ppd()); }
+  std::string ReasonForNoPanel() const;
+  // The bundles whose options somebody does something with, and who that is.
+  const Applications &applications() const { return applications_; }
+  // What is to be done here when the job is printed; none: nothing.
+  const std::optional<PagesHere> &here() const { return here_; }
+  // Why bundles are not applied here that nobody else applies; empty: there is no such reason.
+  const std::string &why_not_here() const { return why_not_here_; }
 
   // What fits the printer and its panels.
   const ValueCheck &check() const { return check_; }
@@ -88,7 +97,8 @@ class JobSession {
 
  private:
   Expected<Notes> Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                       OfferedOptions offered);
+                       OfferedOptions offered, const DocumentFormats &formats);
+  void TakeAbility(std::optional<PPDFile> ppd, const DocumentFormats &formats);
   Expected<void> TakePanels(Notes &notes);
   Expected<Notes> Use(PMPrintSettings settings);
   void DropPrinter();
@@ -108,6 +118,9 @@ class JobSession {
   Retained<HostCallback *> host_;
   ExtensionPanels panels_;
   OfferedOptions offered_;
+  Applications applications_;
+  std::optional<PagesHere> here_;
+  std::string why_not_here_;
   ValueCheck check_;
   bool has_printer_ = false;
   std::set<std::string> printer_specific_;  // of all printers so far

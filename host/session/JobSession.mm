@@ -17,6 +17,9 @@ void JobSession::DropPrinter() {
   host_ = Retained<HostCallback *>();
   check_ = ValueCheck(nullptr, extensions_.Settings());
   ppd_.reset();
+  applications_.clear();
+  here_.reset();
+  why_not_here_.clear();
   has_printer_ = false;
 }
 
@@ -28,9 +31,9 @@ void JobSession::LoseSettings() {
 }
 
 Expected<Notes> JobSession::UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                                       OfferedOptions offered) {
+                                       OfferedOptions offered, const DocumentFormats &formats) {
   @autoreleasepool {
-    Expected<Notes> notes = Take(std::move(ppd), defaults, std::move(offered));
+    Expected<Notes> notes = Take(std::move(ppd), defaults, std::move(offered), formats);
     if (!notes) LoseSettings();
     return notes;
   }
@@ -45,13 +48,12 @@ Expected<Notes> JobSession::UseSettings(PrintSettings settings) {
 }
 
 Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                                 OfferedOptions offered) {
+                                 OfferedOptions offered, const DocumentFormats &formats) {
   if (settings_.get() == nullptr) settings_ = JobSettings();
   if (auto done = WithdrawFilledIn(); !done) return done.failure();
   DropPrinter();
-  ppd_ = std::move(ppd);
+  TakeAbility(std::move(ppd), formats);
   offered_ = std::move(offered);
-  if (ppd_) extensions_.LoadNamedBy(*ppd_);
   LearnWhatFits();
   Expected<StoredValues> before = settings_.Values();
   if (!before) return before.failure();
@@ -74,6 +76,19 @@ Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &d
   if (auto done = MakeFit(notes); !done) return done.failure();
   if (auto done = FillIn(unset); !done) return done.failure();
   return notes;
+}
+
+void JobSession::TakeAbility(std::optional<PPDFile> ppd, const DocumentFormats &formats) {
+  if (ppd) extensions_.LoadNamedBy(*ppd);
+  QueueAbility ability = AbilityOf(std::move(ppd), formats, extensions_);
+  ppd_ = std::move(ability.ppd);
+  applications_ = std::move(ability.applications);
+  here_ = std::move(ability.here);
+  why_not_here_ = std::move(ability.why_not_here);
+}
+
+std::string JobSession::ReasonForNoPanel() const {
+  return WithReason(extensions_.ReasonForNoPanel(ppd()), why_not_here_);
 }
 
 // What is stored when panels are made must not be what they take for a programming error.

@@ -64,7 +64,8 @@ Expected<void> CheckNotPrintersOwn(std::string_view base, const PPDFile &ppd,
   return {};
 }
 
-Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options) {
+Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options,
+                               const OptionLines &of_bundle) {
   const std::string color = ppd.Attribute("ColorDevice").value_or("");
   const bool is_color = Trimmed(color) == "True";
   if (!is_color && Trimmed(color) != "False") {
@@ -78,7 +79,7 @@ Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options
                   "or False, not %1",
                   {Quoted(color)})};
   }
-  const std::string &lines = is_color ? options.printer.color : options.printer.monochrome;
+  const std::string &lines = is_color ? of_bundle.color : of_bundle.monochrome;
   if (!lines.empty()) return lines;
   return Failure{
       is_color
@@ -125,6 +126,34 @@ Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
       {options.name, why.message}));
 }
 
+// Adds the block of a bundle, in the place of an earlier one's, whose defaults it keeps.
+Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOptions &bundle,
+                        const OptionLines &of_bundle, const std::vector<OptionBlock> &earlier) {
+  Expected<std::string> lines = LinesFor(base, bundle, of_bundle);
+  if (!lines) return lines.failure();
+  std::string before = JoinBlocks(parts);
+  Expected<PPDFile> others = ParsePPD(before);
+  if (!others) return CannotParse(others.failure());
+  if (auto done = CheckNotPrintersOwn(before, *others, bundle, *lines); !done) return done;
+  Expected<std::string> ordered = OrderedAfter(before, *lines);
+  if (!ordered) return ordered.failure();
+  if (const auto languages = base.Attribute("cupsLanguages")) {
+    ordered = InLanguages(*languages, *ordered);
+  }
+  for (const OptionBlock &block : earlier) {
+    if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
+  }
+  parts.blocks.push_back({bundle.bundle, *ordered});
+  std::string after = JoinBlocks(parts);
+  if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.failure());
+  Expected<PPDFile> enabled = ParsePPD(after);
+  if (!enabled) return DoNotFit(bundle, enabled.failure());
+  if (auto done = CheckEnabled(*enabled, *others, bundle, *ordered); !done) {
+    return DoNotFit(bundle, done.failure());
+  }
+  return {};
+}
+
 }  // namespace
 
 Expected<std::string> EnableOptions(std::string_view ppd,
@@ -147,29 +176,23 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     std::erase_if(parts->blocks, is_its);
   }
   for (const PrinterOptions &bundle : options) {
-    Expected<std::string> lines = LinesFor(*base, bundle);
-    if (!lines) return lines.failure();
-    std::string before = JoinBlocks(*parts);
-    Expected<PPDFile> others = ParsePPD(before);
-    if (!others) return CannotParse(others.failure());
-    if (auto done = CheckNotPrintersOwn(before, *others, bundle, *lines); !done)
+    if (auto done = AddBlock(*parts, *base, bundle, bundle.printer, earlier); !done) {
       return done.failure();
-    Expected<std::string> ordered = OrderedAfter(before, *lines);
-    if (!ordered) return ordered.failure();
-    if (const auto languages = base->Attribute("cupsLanguages")) {
-      ordered = InLanguages(*languages, *ordered);
     }
-    for (const OptionBlock &block : earlier) {
-      if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
-    }
-    parts->blocks.push_back({bundle.bundle, *ordered});
-    std::string after = JoinBlocks(*parts);
-    if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.failure());
-    Expected<PPDFile> enabled = ParsePPD(after);
-    if (!enabled) return DoNotFit(bundle, enabled.failure());
-    if (auto done = CheckEnabled(*enabled, *others, bundle, *ordered); !done) {
-      return DoNotFit(bundle, done.failure());
-    }
+  }
+  return JoinBlocks(*parts);
+}
+
+Expected<std::string> AddDocumentOptions(std::string_view ppd, const PrinterOptions &options) {
+  if (auto done = CheckWhole(ppd); !done) return done.failure();
+  Expected<BlockedPPD> parts = SplitBlocks(ppd);
+  if (!parts) return parts.failure();
+  Expected<PPDFile> base = ParsePPD(parts->base);
+  if (!base) return CannotParse(base.failure());
+  std::erase_if(parts->blocks,
+                [&options](const OptionBlock &block) { return block.bundle == options.bundle; });
+  if (auto done = AddBlock(*parts, *base, options, options.document, {}); !done) {
+    return done.failure();
   }
   return JoinBlocks(*parts);
 }

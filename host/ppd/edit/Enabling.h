@@ -16,6 +16,10 @@
 Expected<std::string> EnableOptions(std::string_view ppd,
                                     const std::vector<PrinterOptions> &options);
 
+// The same with the options of this bundle's that its document filter takes, for any printer: no
+// printer gets to see them.
+Expected<std::string> AddDocumentOptions(std::string_view ppd, const PrinterOptions &options);
+
 struct DisabledPPD {
   std::string text;                  // the PPD file as its maker wrote it
   std::vector<std::string> bundles;  // the identifiers of those whose options were in it

@@ -1,0 +1,228 @@
+#include "host/pages/JobPages.h"
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+
+#include "host/base/Localized.h"
+#include "host/base/WholeFile.h"
+#include "host/cups/JobTransfer.h"
+#include "host/pages/Conversions.h"
+#include "host/pages/DocumentType.h"
+#include "host/pages/FilterRun.h"
+#include "host/pages/LayoutOptions.h"
+#include "host/pages/PdfPages.h"
+#include "host/pages/PrinterForLayout.h"
+#include "host/pages/Programs.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool HaveSameBytes(const fs::path &left, const fs::path &right) {
+  std::ifstream one(left, std::ios::binary), other(right, std::ios::binary);
+  std::vector<char> bytes(1 << 16), others(1 << 16);
+  do {
+    one.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    other.read(others.data(), static_cast<std::streamsize>(others.size()));
+    if (one.gcount() != other.gcount()) return false;
+    if (std::memcmp(bytes.data(), others.data(), static_cast<size_t>(one.gcount())) != 0) {
+      return false;
+    }
+  } while (one && other);
+  return true;
+}
+
+bool IsEmpty(const fs::path &file) {
+  std::error_code error;
+  return fs::file_size(file, error) == 0 || error;
+}
+
+Failure NoPage() { return Failure{Localized("no page is to be printed")}; }
+
+Failure MakesNothing(const FilterStep &step) {
+  return Failure{
+      Localized("the program %1 makes nothing of it", {step.program.filename().string()})};
+}
+
+class Maker {
+ public:
+  Maker(const PagesRequest &request, PrivateFolder folder, const std::atomic<bool> &cancel)
+      : request_(request), folder_(std::move(folder)), cancel_(cancel) {}
+
+  Expected<JobPages> Make() {
+    if (auto done = WriteDescriptions(); !done) return Explained(done.failure());
+    std::vector<fs::path> parts;
+    for (const fs::path &file : request_.files) {
+      Expected<fs::path> part = LaidOut(file, file != request_.files.back());
+      if (!part) return Explained(part.failure());
+      parts.push_back(std::move(*part));
+    }
+    Expected<fs::path> all = Joined(parts);
+    if (!all) return Explained(all.failure());
+    JobPages pages{.folder = std::move(folder_), .file = std::move(*all), .notes = {}};
+    for (const DocumentFilter &filter : request_.here.filters) {
+      if (auto done = Apply(filter, pages); !done) return ExplainedIn(pages.folder, done.failure());
+    }
+    Expected<int> count = CountPages(pages.file, pages.file, cancel_);
+    if (!count) return ExplainedIn(pages.folder, count.failure());
+    if (*count == 0) return NoPage();
+    pages.count = *count;
+    return pages;
+  }
+
+ private:
+  // Where there is no room any more, that is why.
+  static Failure ExplainedIn(const PrivateFolder &folder, const Failure &failure) {
+    const Expected<void> room = folder.CheckRoom();
+    return room ? failure : room.failure();
+  }
+  Failure Explained(const Failure &failure) const { return ExplainedIn(folder_, failure); }
+
+  fs::path NewFile(const char *suffix) {
+    return folder_.path() / (std::to_string(++files_) + suffix);
+  }
+
+  Expected<void> WriteDescriptions() {
+    ppd_ = NewFile(".ppd");
+    ppd_of_part_ = NewFile(".ppd");
+    const std::string text = ForLayout(request_.here.ppd, LastSide::kAsPrinter);
+    if (auto done = WriteWholeFile(ppd_, text); !done) return done;
+    return WriteWholeFile(ppd_of_part_, ForLayout(request_.here.ppd, LastSide::kBack));
+  }
+
+  // A file of the job as pages.
+  Expected<fs::path> LaidOut(const fs::path &file, bool is_followed) {
+    const auto failure = [&file](const Failure &why) {
+      return why.Reworded(Localized("cannot print %1: %2", {file.string(), why.message}));
+    };
+    Expected<std::string> type = TypeOf(file);
+    if (!type) return type.failure();
+    fs::path document = file;
+    std::string made = *type;
+    if (*type != kPdf) {
+      const std::vector<Conversion> way = WayFrom(*type);
+      if (way.empty()) {
+        return failure({Localized(
+            "no program here makes pages of documents of the type %1; install the package %2",
+            {*type, "cups-filters"})});
+      }
+      for (const Conversion &step : way) {
+        Expected<fs::path> next = Converted(document, step);
+        if (!next) return failure(next.failure());
+        document = std::move(*next);
+        made = step.to;
+      }
+    }
+    Expected<fs::path> program = SystemFilter("pdftopdf");
+    if (!program) return program.failure();
+    FilterStep step{
+        .program = *program,
+        .from = kPdf,
+        .to = kLaidOutPdf,
+        .in = document,
+        .out = NewFile(".pdf"),
+        .ppd = is_followed ? ppd_of_part_ : ppd_,
+        .title = request_.title,
+        .options = made == kPdf ? request_.options : OptionsForCopies(request_.options)};
+    Expected<FilterWords> words = RunFilter(step, cancel_);
+    if (words && !IsEmpty(step.out)) return step.out;
+    // The reason in plain words, where the document itself is.
+    Expected<int> count = CountPages(document, step.out, cancel_);
+    if (!count) return failure(count.failure());
+    return failure(words ? NoPage() : words.failure());
+  }
+
+  Expected<std::string> TypeOf(const fs::path &file) const {
+    const auto said = request_.options.find("document-format");
+    if (said != request_.options.end() && said->second != "application/octet-stream") {
+      return said->second;
+    }
+    return TypeOfFile(file);
+  }
+
+  // To PDF, or, where the converter lays out the pages itself, to what it makes.
+  std::vector<Conversion> WayFrom(const std::string &type) {
+    if (conversions_.empty()) {
+      conversions_ = ReadConversions(SystemTables() / "mime");
+      std::erase_if(conversions_, [](const Conversion &step) { return step.from == kPdf; });
+    }
+    std::vector<Conversion> way = WayBetween(conversions_, type, kPdf);
+    return way.empty() ? WayBetween(conversions_, type, kLaidOutPdf) : way;
+  }
+
+  Expected<fs::path> Converted(const fs::path &document, const Conversion &conversion) {
+    Expected<fs::path> program = SystemFilter(conversion.filter);
+    if (!program) return program.failure();
+    FilterStep step{.program = *program,
+                    .from = conversion.from,
+                    .to = conversion.to,
+                    .in = document,
+                    .out = NewFile(".converted"),
+                    .ppd = ppd_,
+                    .title = request_.title,
+                    .options = request_.options};
+    step.options["copies"] = "1";
+    Expected<FilterWords> words = RunFilter(step, cancel_);
+    if (!words) return words.failure();
+    if (IsEmpty(step.out)) return MakesNothing(step);
+    return step.out;
+  }
+
+  Expected<fs::path> Joined(const std::vector<fs::path> &parts) {
+    if (parts.size() == 1) return parts.front();
+    fs::path all = NewFile(".pdf");
+    Expected<int> joined = JoinPages(parts, all, cancel_);
+    if (!joined) return joined.failure();
+    return all;
+  }
+
+  Expected<void> Apply(const DocumentFilter &filter, JobPages &pages) {
+    const auto failure = [&filter](const Failure &why) {
+      return why.Reworded(Localized("%1 cannot be applied: %2", {filter.bundle, why.message}));
+    };
+    Expected<fs::path> program = ProgramOf(filter);
+    if (!program) return failure(program.failure());
+    FilterStep step{.program = *program,
+                    .from = kLaidOutPdf,
+                    .to = kLaidOutPdf,
+                    .in = pages.file,
+                    .out = pages.folder.path() / filter.program,
+                    .ppd = ppd_,
+                    .title = request_.title,
+                    .options = request_.options};
+    step.out += ".pdf";
+    step.options["copies"] = "1";
+    Expected<FilterWords> words = RunFilter(step, cancel_);
+    if (!words) return failure(words.failure());
+    if (IsEmpty(step.out)) return failure(MakesNothing(step));
+    if (HaveSameBytes(step.in, step.out)) {
+      // Filters pass on what they cannot change; then they say so.
+      if (!words->warnings.empty()) return failure({words->warnings.back()});
+      return {};
+    }
+    for (const std::string &warning : words->warnings) {
+      pages.notes.push_back(filter.bundle + ": " + warning);
+    }
+    pages.file = step.out;
+    pages.is_changed = true;
+    return {};
+  }
+
+  const PagesRequest &request_;
+  PrivateFolder folder_;
+  const std::atomic<bool> &cancel_;
+  fs::path ppd_, ppd_of_part_;
+  std::vector<Conversion> conversions_;
+  int files_ = 0;
+};
+
+}  // namespace
+
+Expected<JobPages> MakePages(const PagesRequest &request, const std::atomic<bool> &cancel) {
+  Expected<PrivateFolder> folder = PrivateFolder::Make();
+  if (!folder) return folder.failure();
+  Expected<JobPages> pages = Maker(request, std::move(*folder), cancel).Make();
+  if (!pages && cancel) return JobCanceled();
+  return pages;
+}

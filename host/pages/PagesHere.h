@@ -1,0 +1,24 @@
+// What is done to the pages of a job on this computer, since the queue cannot.
+
+#ifndef HOST_PAGES_PAGESHERE_H
+#define HOST_PAGES_PAGESHERE_H
+
+#include <string>
+#include <vector>
+
+#include "host/base/JobOptions.h"
+
+// A program with the print system's interface for filters, and the bundle whose options it knows.
+struct DocumentFilter {
+  std::string program;
+  std::string bundle;   // its name, for people
+  std::string package;  // that has the program; empty: not told
+};
+
+struct PagesHere {
+  std::string ppd;  // the printer's description, with the options
+  std::vector<DocumentFilter> filters;
+  JobOptions defaults;  // of their options: what they have where nobody has chosen anything
+};
+
+#endif

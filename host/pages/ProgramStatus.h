@@ -1,0 +1,8 @@
+// How the helper for PDF files ends.
+
+#ifndef HOST_PAGES_PROGRAMSTATUS_H
+#define HOST_PAGES_PROGRAMSTATUS_H
+
+enum PdfStatus { kPdfDone = 0, kDamaged = 1, kWrongArguments = 2, kNeedsPassword = 3 };
+
+#endif

@@ -1,0 +1,75 @@
+#include "host/pages/Programs.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <vector>
+
+#include "host/base/Localized.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kFiltersPackage[] = "cups-filters";
+
+bool IsProgram(const fs::path &path) {
+  std::error_code error;
+  return fs::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
+}
+
+fs::path Here() {
+  std::error_code error;
+  return fs::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+// The value of the variable, or the first of these that is there.
+fs::path Folder(const char *variable, const std::vector<const char *> &usual) {
+  if (const char *named = std::getenv(variable); named != nullptr && *named == '/') return named;
+  for (const char *folder : usual) {
+    std::error_code error;
+    if (fs::is_directory(folder, error)) return folder;
+  }
+  return usual.front();
+}
+
+fs::path SystemFilters() {
+  return Folder("CUPS_SERVERBIN", {"/usr/lib/cups", "/usr/libexec/cups", "/usr/lib64/cups"}) /
+         "filter";
+}
+
+Expected<fs::path> FirstOf(const std::vector<fs::path> &candidates, const std::string &package) {
+  for (const fs::path &candidate : candidates) {
+    if (IsProgram(candidate)) return candidate;
+  }
+  const std::string name = candidates.front().filename().string();
+  if (package.empty()) return Failure{Localized("the program %1 is not there", {name})};
+  return Failure{Localized("the program %1 is not there; install the package %2", {name, package})};
+}
+
+}  // namespace
+
+Expected<fs::path> SystemFilter(const std::string &name) {
+  return FirstOf({SystemFilters() / name}, kFiltersPackage);
+}
+
+Expected<fs::path> ProgramOf(const DocumentFilter &filter) {
+  return FirstOf(
+      {Here() / filter.program, (Here() / "../lib/cups/filter" / filter.program).lexically_normal(),
+       SystemFilters() / filter.program},
+      filter.package);
+}
+
+Expected<fs::path> PdfHelper() {
+  constexpr char kName[] = "pdeprint-pages";
+  return FirstOf({Here() / kName, (Here() / "../libexec" / kName).lexically_normal()}, "pdeprint");
+}
+
+Expected<void> CheckPrograms(const DocumentFilter &filter) {
+  if (auto path = SystemFilter("pdftopdf"); !path) return path.failure();
+  if (auto path = ProgramOf(filter); !path) return path.failure();
+  if (auto path = PdfHelper(); !path) return path.failure();
+  return {};
+}
+
+fs::path SystemTables() { return Folder("CUPS_DATADIR", {"/usr/share/cups"}); }

@@ -1,0 +1,93 @@
+#include "host/session/QueueAbility.h"
+
+#include "host/base/Localized.h"
+#include "host/extension/BundlePrinterOptions.h"
+#include "host/pages/DocumentType.h"
+#include "host/pages/Programs.h"
+#include "host/ppd/AppliedBy.h"
+#include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/Enabling.h"
+
+namespace {
+
+DocumentFilter FilterOf(const PrinterOptions &options) {
+  return {options.document_filter, options.name, options.document_package};
+}
+
+Expected<void> CheckTakesPages(const std::set<std::string> &formats) {
+  if (formats.contains(kLaidOutPdf)) return {};
+  return Failure{
+      Localized("its print server does not take documents of the type %1", {kLaidOutPdf})};
+}
+
+// The PPD file with the bundle's options.
+Expected<PPDFile> Extended(const PPDFile &ppd, const PrinterOptions &options) {
+  Expected<std::string> text = AddDocumentOptions(ppd.source(), options);
+  if (!text) return text.failure();
+  return ParsePPD(*text);
+}
+
+// Those that the extended file has more, with their defaults.
+JobOptions Added(const PPDFile &before, const PPDFile &after) {
+  JobOptions added;
+  for (const std::string &keyword : after.OptionKeywords()) {
+    if (!before.HasOption(keyword)) added[keyword] = after.DefaultChoice(keyword);
+  }
+  return added;
+}
+
+Expected<void> ApplyHere(QueueAbility &ability, const PrinterOptions &options,
+                         const std::set<std::string> &formats) {
+  const DocumentFilter filter = FilterOf(options);
+  if (auto takes = CheckTakesPages(formats); !takes) return takes;
+  if (auto programs = CheckPrograms(filter); !programs) return programs;
+  Expected<PPDFile> extended = Extended(*ability.ppd, options);
+  if (!extended) return extended.failure();
+  if (!ability.here) ability.here.emplace();
+  ability.here->ppd = extended->source();
+  ability.here->filters.push_back(filter);
+  ability.here->defaults.merge(Added(*ability.ppd, *extended));
+  ability.ppd = std::move(*extended);
+  ability.applications.push_back({options.name, Application::By::kThisComputer});
+  return {};
+}
+
+// Where the bundle's options are applied.
+Expected<void> Place(QueueAbility &ability, const ExtensionBundle &bundle,
+                     const DocumentFormats &formats) {
+  Expected<std::optional<PrinterOptions>> options = PrinterOptionsOf(bundle);
+  if (!options) return options.failure();
+  if (!*options) return {};
+  switch (WhoApplies(*ability.ppd, **options)) {
+    case AppliedBy::kPrinter:
+      ability.applications.push_back({(*options)->name, Application::By::kPrinter});
+      return {};
+    case AppliedBy::kServer:
+      ability.applications.push_back({(*options)->name, Application::By::kServer});
+      return {};
+    case AppliedBy::kNobody:
+      break;
+  }
+  if (!formats || (*options)->document_filter.empty()) return {};
+  return ApplyHere(ability, **options, *formats);
+}
+
+}  // namespace
+
+QueueAbility AbilityOf(std::optional<PPDFile> ppd, const DocumentFormats &formats,
+                       const Extensions &extensions) {
+  QueueAbility ability;
+  ability.ppd = std::move(ppd);
+  if (!ability.ppd) return ability;
+  for (const ExtensionBundle &bundle : extensions.bundles()) {
+    if (auto placed = Place(ability, bundle, formats); !placed) {
+      ability.why_not_here += (ability.why_not_here.empty() ? "" : "; ") + placed.message();
+    }
+  }
+  return ability;
+}
+
+std::string WithReason(const std::string &reason, const std::string &why_not_here) {
+  if (why_not_here.empty()) return reason;
+  return Localized("%1; nor can it be done on this computer: %2", {reason, why_not_here});
+}

@@ -1,0 +1,92 @@
+// What counts as a page where this computer puts the numbers in.
+
+#include <gmock/gmock.h>
+
+#include "tests/pages/PreparedServer.h"
+#include "tests/support/RawPdf.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+class PrintHereLayout : public UnpreparedQueues {
+ protected:
+  Printed Three(const Arguments &more) const {
+    return Number(more, {File("three.pdf", PlainPdf(3))});
+  }
+};
+
+}  // namespace
+
+TEST_F(PrintHereLayout, PagesThatAreNotPrintedDoNotCount) {
+  Printed printed = Three({"--set", "page-ranges=2-3"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26"));
+  EXPECT_THAT(printed.text, Not(HasSubstr("Page 1")));
+  EXPECT_EQ(printed.job.count("page-ranges"), 0u);
+}
+
+TEST_F(PrintHereLayout, SeveralPagesOnASideHaveOneNumber) {
+  Printed printed = Three({"--set", "number-up=2"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26"));
+  EXPECT_THAT(printed.text, HasSubstr("Page 3"));
+}
+
+TEST_F(PrintHereLayout, ReverseOrderIsTheOrderOfPrinting) {
+  Printed printed = Three({"--set", "outputorder=reverse"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26", "27"));
+  EXPECT_LT(printed.text.find("Page 3"), printed.text.find("Page 1"));
+  EXPECT_LT(printed.text.find("25"), printed.text.find("26"));
+}
+
+TEST_F(PrintHereLayout, CollatedCopiesGoOnCounting) {
+  Printed printed = Three({"-n", "2", "--set", "collate=true"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26", "27", "28", "29", "30"));
+  EXPECT_LT(printed.text.find("Page 3"), printed.text.rfind("Page 1"));
+}
+
+TEST_F(PrintHereLayout, UncollatedCopiesGoOnCountingToo) {
+  Printed printed = Three({"-n", "2", "--set", "collate=false"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26", "27", "28", "29", "30"));
+  EXPECT_LT(printed.text.rfind("Page 1"), printed.text.find("Page 2"));
+}
+
+TEST_F(PrintHereLayout, EmptySidesBetweenTwoSidedCopiesCount) {
+  Printed printed = Three({"-n", "2", "--set", "sides=two-sided-long-edge"});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26", "27", "28", "29", "30", "31", "32"));
+  EXPECT_EQ(printed.job["sides"], "two-sided-long-edge");
+}
+
+// As they do where the server lays the files out.
+TEST_F(PrintHereLayout, EachFileBeginsOnNewPaper) {
+  const Arguments duplex = {"--set", "Duplex=DuplexNoTumble"};
+  const std::string three = File("three.pdf", PlainPdf(3)), one = File("one.pdf", PlainPdf(1));
+  EXPECT_THAT(Number(duplex, {three, one}).numbers(), ElementsAre("25", "26", "27", "28", "29"));
+  EXPECT_THAT(Number({}, {three, one}).numbers(), ElementsAre("25", "26", "27", "28"));
+}
+
+TEST_F(PrintHereLayout, RangesAreThoseOfEachFile) {
+  const std::string three = File("three.pdf", PlainPdf(3)), two = File("two.pdf", PlainPdf(2));
+  Printed printed = Number({"--set", "page-ranges=2"}, {three, two});
+  EXPECT_THAT(printed.numbers(), ElementsAre("25", "26"));
+  EXPECT_THAT(printed.text, Not(HasSubstr("Page 1")));
+}
+
+TEST_F(PrintHereLayout, PagesKeepTheLanguageOfThePrinter) {
+  server().AddQueue(
+      {.name = "Jcl",
+       .ppd = File("jcl.ppd", PdfPrinter("*JCLBegin: \"<1B>%-12345X@PJL JOB<0A>\"\n"
+                                         "*JCLToPDFInterpreter: \"@PJL ENTER "
+                                         "LANGUAGE=PDF<0A>\"\n*JCLEnd: "
+                                         "\"<1B>%-12345X@PJL EOJ<0A><1B>%-12345X\"\n"))});
+  const std::string two = File("two.pdf", PlainPdf(2));
+  for (const std::vector<std::string> &files : {std::vector{two}, std::vector{two, two}}) {
+    const std::string out = Print("Jcl", kFrom25, files).out;
+    EXPECT_THAT(out, testing::StartsWith("\x1b%-12345X@PJL"));
+    EXPECT_THAT(out, HasSubstr("@PJL ENTER LANGUAGE=PDF\n%PDF-"));
+    EXPECT_THAT(out.substr(out.rfind("%%EOF")), testing::StartsWith("%%EOF\n\x1b%-12345X"));
+    EXPECT_EQ(out.find("%PDF-"), out.rfind("%PDF-"));
+    EXPECT_THAT(TextOfPdf(out.substr(out.find("%PDF-"))), HasSubstr("26"));
+  }
+}
