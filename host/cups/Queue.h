@@ -24,6 +24,7 @@ struct Queue {
   QueueState state = QueueState::kIdle;
   std::string state_message;  // the server's words
   bool accepts_jobs = true;
+  bool is_temporary = false;  // made for a printer on the network, and gone some time after its use
   OfferedOptions offered;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue
 };

@@ -66,6 +66,8 @@ void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
     queue.state_message = text();
   } else if (attribute == "printer-is-accepting-jobs") {
     queue.accepts_jobs = ippGetBoolean(value, 0) != 0;
+  } else if (attribute == "printer-is-temporary") {
+    queue.is_temporary = ippGetBoolean(value, 0) != 0;
   } else if (attribute == "printer-state") {
     const int state = ippGetInteger(value, 0);
     queue.state = state == IPP_PSTATE_STOPPED      ? QueueState::kStopped
@@ -141,7 +143,7 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "job-creation-attributes-supported", "multiple-document-handling-supported",
+          "printer-is-temporary", "job-creation-attributes-supported", "multiple-document-handling-supported",
           "output-bin-supported", "print-color-mode-supported", "print-quality-supported",
           "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));

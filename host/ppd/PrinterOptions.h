@@ -24,6 +24,9 @@ struct PrinterOptions {
   // Of which a filter takes the choices, to do to the pages of a document what they say: a program
   // with the print system's interface for filters, by its name; empty: there is none.
   std::string document_filter;
+  // A filter that prints pictures in the way of documents, through that one, where the print system
+  // would send them past it; empty: there is none.
+  std::string picture_filter;
   OptionLines document;
 };
 

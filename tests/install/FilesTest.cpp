@@ -26,6 +26,7 @@ constexpr const char *kFiles[] = {
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
     "755 lib/cups/filter/backgroundnumbers",
     "755 lib/cups/filter/backgroundnumbers-look",
+    "755 lib/cups/filter/backgroundnumbers-pictures",
     "777 lib/libPrintCore.so.1",
     ("644 lib/libPrintCore.so." VERSION),
     "644 share/applications/pdeprint.desktop",

@@ -9,6 +9,7 @@
 #include "host/base/Text.h"
 #include "host/ppd/PPDFile.h"
 #include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/DocumentFilter.h"
 #include "host/ppd/edit/OptionBlocks.h"
 #include "host/ppd/edit/OptionDefaults.h"
 #include "host/ppd/edit/OptionLanguages.h"
@@ -64,7 +65,7 @@ Expected<void> CheckNotPrintersOwn(std::string_view base, const PPDFile &ppd,
   return {};
 }
 
-Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options) {
+Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options, bool by_filter) {
   const std::string color = ppd.Attribute("ColorDevice").value_or("");
   const bool is_color = Trimmed(color) == "True";
   if (!is_color && Trimmed(color) != "False") {
@@ -78,7 +79,8 @@ Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options
                   "or False, not %1",
                   {Quoted(color)})};
   }
-  const std::string &lines = is_color ? options.printer.color : options.printer.monochrome;
+  const OptionLines &both = by_filter ? options.document : options.printer;
+  const std::string &lines = is_color ? both.color : both.monochrome;
   if (!lines.empty()) return lines;
   return Failure{
       is_color
@@ -119,6 +121,41 @@ Expected<void> CheckEnabled(const PPDFile &enabled, const PPDFile &base,
   return {};
 }
 
+// Whether the print server runs a filter of the bundles' for the lines of an earlier block.
+bool HasFilterOf(const std::vector<PrinterOptions> &options,
+                 const std::vector<OptionBlock> &blocks) {
+  return std::ranges::any_of(blocks, [&options](const OptionBlock &block) {
+    return std::ranges::any_of(options, [&block](const PrinterOptions &bundle) {
+      return bundle.bundle == block.bundle && !bundle.document_filter.empty() &&
+             block.lines.find(' ' + bundle.document_filter + "\"\n") != std::string::npos;
+    });
+  });
+}
+
+// Whether a filter draws. Who was once asked for stays in charge.
+Expected<bool> IsByFilter(const PPDFile &base, const std::vector<OptionBlock> &earlier,
+                          const std::vector<PrinterOptions> &options, DrawingMethod method) {
+  if (method == DrawingMethod::kFitting && HasFilterOf(options, earlier)) {
+    method = DrawingMethod::kFilter;
+  }
+  const auto without = std::ranges::find_if(
+      options, [](const PrinterOptions &bundle) { return bundle.document_filter.empty(); });
+  if (method != DrawingMethod::kFilter) {
+    auto takes = CheckTakesPostScript(base);
+    if (takes) return false;
+    if (method == DrawingMethod::kPrinter || without != options.end()) {
+      return takes.failure().Reworded(Localized("no PostScript printer: %1", {takes.message()}));
+    }
+  } else if (without != options.end()) {
+    return Failure{
+        Localized("the bundle %1 brings no filter (PDEDocumentFilter)", {without->name})};
+  }
+  if (options.size() == 1) return true;
+  return Failure{
+      Localized("only one bundle can bring a filter: %1 or %2",
+                {options[0].name, options[1].name})};
+}
+
 Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
   return why.Reworded(Localized(
       "the options of the bundle %1 do not fit this file: %2; report it to the bundle's maker",
@@ -127,16 +164,16 @@ Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
 
 }  // namespace
 
-Expected<std::string> EnableOptions(std::string_view ppd,
-                                    const std::vector<PrinterOptions> &options) {
+Expected<EnabledPPD> EnableOptions(std::string_view ppd, const std::vector<PrinterOptions> &options,
+                                   DrawingMethod method) {
   if (auto done = CheckWhole(ppd); !done) return done.failure();
   Expected<BlockedPPD> parts = SplitBlocks(ppd);
   if (!parts) return parts.failure();
   Expected<PPDFile> base = ParsePPD(parts->base);
   if (!base) return CannotParse(base.failure());
-  if (auto takes = CheckTakesPostScript(*base); !takes) {
-    return takes.failure().Reworded(Localized("no PostScript printer: %1", {takes.message()}));
-  }
+  const Expected<bool> by_filter = IsByFilter(*base, parts->blocks, options, method);
+  if (!by_filter) return by_filter.failure();
+  EnabledPPD result;
 
   std::vector<OptionBlock> earlier;
   for (const PrinterOptions &bundle : options) {
@@ -147,7 +184,7 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     std::erase_if(parts->blocks, is_its);
   }
   for (const PrinterOptions &bundle : options) {
-    Expected<std::string> lines = LinesFor(*base, bundle);
+    Expected<std::string> lines = LinesFor(*base, bundle, *by_filter);
     if (!lines) return lines.failure();
     std::string before = JoinBlocks(*parts);
     Expected<PPDFile> others = ParsePPD(before);
@@ -162,6 +199,13 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     for (const OptionBlock &block : earlier) {
       if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
     }
+    if (*by_filter) {
+      Expected<std::string> filters = LinesForDocumentFilter(*others, bundle);
+      if (!filters) return filters.failure();
+      *ordered += *filters;
+      result.filter = bundle.document_filter;
+      result.picture_filter = bundle.picture_filter;
+    }
     parts->blocks.push_back({bundle.bundle, *ordered});
     std::string after = JoinBlocks(*parts);
     if (auto done = CheckWhole(after); !done) return DoNotFit(bundle, done.failure());
@@ -171,7 +215,8 @@ Expected<std::string> EnableOptions(std::string_view ppd,
       return DoNotFit(bundle, done.failure());
     }
   }
-  return JoinBlocks(*parts);
+  result.text = JoinBlocks(*parts);
+  return result;
 }
 
 Expected<DisabledPPD> DisableOptions(std::string_view ppd) {
