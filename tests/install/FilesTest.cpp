@@ -24,6 +24,7 @@ constexpr const char *kFiles[] = {
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",
     ("644 "
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
+    "755 lib/background-numbering/leave-queues",
     "755 lib/cups/filter/backgroundnumbers",
     "755 lib/cups/filter/backgroundnumbers-look",
     "755 lib/cups/filter/backgroundnumbers-pictures",
