@@ -47,6 +47,7 @@ TEST(Paths, LibrariesAreLookedForFromTheFileItself) {
                                                        {"BackgroundNumbering", "$ORIGIN/../../.."},
                                                        {"backgroundnumbers", ""},
                                                        {"backgroundnumbers-look", ""},
+                                                       {"backgroundnumbers-pictures", ""},
                                                        {"libPrintCore.so." VERSION, ""}};
   EXPECT_EQ(expected, paths);
 }
