@@ -53,8 +53,8 @@ Expected<std::vector<std::string>> WaysPast(const WantedFilters &filters, const 
   };
   const Kind pdf = {Localized("PDF documents"), {"application/pdf"}};
   if (!chains.For(pdf.types.front())) {
-    return Failure{Localized(
-        "the print server cannot print PDF documents on it; install cups-filters there")};
+    return Failure{
+        Localized("the print server cannot print PDF documents on it; install cups-filters there")};
   }
   if (const auto past = sentence(pdf)) return Failure{*past};
   std::vector<std::string> sentences;

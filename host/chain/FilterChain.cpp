@@ -35,9 +35,8 @@ FilterChains::FilterChains(const MimeTables &tables, const PPDFile &ppd)
     }
   }
   std::ranges::stable_sort(before_, {}, &FilterLine::cost);
-  std::ranges::sort(conversions_, {}, [](const FilterLine &line) {
-    return std::tie(line.source, line.destination);
-  });
+  std::ranges::sort(conversions_, {},
+                    [](const FilterLine &line) { return std::tie(line.source, line.destination); });
 }
 
 // Of two with the same types, that with the lower cost stays.
@@ -102,6 +101,7 @@ std::optional<std::vector<std::string>> FilterChains::For(const std::string &typ
 }
 
 bool FilterChains::HasDestination(const std::string &type) const {
-  return std::ranges::any_of(
-      conversions_, [&type](const FilterLine &line) { return line.destination == kPrinter + type; });
+  return std::ranges::any_of(conversions_, [&type](const FilterLine &line) {
+    return line.destination == kPrinter + type;
+  });
 }

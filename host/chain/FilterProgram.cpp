@@ -27,8 +27,7 @@ Expected<void> CheckFilterProgram(const ServerFolders &folders, const std::strin
   constexpr mode_t kForAll = S_IXUSR | S_IRGRP | S_IXGRP | S_IROTH | S_IXOTH;
   const bool runs = S_ISREG(program.st_mode) && (program.st_mode & kForAll) == kForAll &&
                     (program.st_mode & (S_ISUID | S_ISGID)) == 0 && !IsOthersToChange(program);
-  const bool is_safe =
-      stat(path.parent_path().c_str(), &folder) == 0 && !IsOthersToChange(folder);
+  const bool is_safe = stat(path.parent_path().c_str(), &folder) == 0 && !IsOthersToChange(folder);
   if (runs && is_safe) return {};
   return Failure{
       Localized("the print server does not run %1: it and its folder must belong to root, with the "

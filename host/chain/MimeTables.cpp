@@ -49,8 +49,7 @@ std::vector<std::string> TypesLike(std::string_view pattern, const std::set<std:
   for (const std::string &type : types) {
     const size_t slash = type.find('/');
     if (IsLike(std::string_view(type).substr(0, slash), std::string_view(wanted).substr(0, at)) &&
-        IsLike(std::string_view(type).substr(slash + 1),
-               std::string_view(wanted).substr(at + 1))) {
+        IsLike(std::string_view(type).substr(slash + 1), std::string_view(wanted).substr(at + 1))) {
       found.push_back(type);
     }
   }

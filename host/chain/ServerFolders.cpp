@@ -51,8 +51,8 @@ ServerFolders FindServerFolders() {
   const fs::path configuration = folders.root / "cups-files.conf";
   folders.programs = Folder("CUPS_SERVERBIN", configuration, "ServerBin",
                             {"/usr/lib/cups", "/usr/libexec/cups", "/usr/local/libexec/cups"});
-  folders.data =
-      Folder("CUPS_DATADIR", configuration, "DataDir", {"/usr/share/cups", "/usr/local/share/cups"});
+  folders.data = Folder("CUPS_DATADIR", configuration, "DataDir",
+                        {"/usr/share/cups", "/usr/local/share/cups"});
   return folders;
 }
 

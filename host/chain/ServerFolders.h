@@ -16,8 +16,8 @@ struct ServerFolders {
   std::filesystem::path FilterAt(const std::string &name) const { return Filters() / name; }
 };
 
-// As the variables of libcups have them (CUPS_SERVERROOT, CUPS_SERVERBIN, CUPS_DATADIR); else as the
-// server's cups-files.conf says; else where systems have them.
+// As the variables of libcups have them (CUPS_SERVERROOT, CUPS_SERVERBIN, CUPS_DATADIR); else as
+// the server's cups-files.conf says; else where systems have them.
 ServerFolders FindServerFolders();
 
 // Whether the server with this address, as PrintServer has it, is on this computer.

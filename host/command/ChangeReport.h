@@ -25,8 +25,8 @@ struct ChangeResult {
 std::string ChangesText(const std::vector<ChangeResult> &results);
 
 // An array of {"queue", "state" ("changed", "written", "unchanged", "refused" or "failed"),
-// "change", "reason", "notes"}; reason is null where nothing was refused or has failed, change where
-// something was.
+// "change", "reason", "notes"}; reason is null where nothing was refused or has failed, change
+// where something was.
 std::string ChangesJson(const std::vector<ChangeResult> &results);
 
 #endif

@@ -47,12 +47,12 @@ Expected<ChangedPPD> Disabled(const PPDChangeOptions &options, const PPDToChange
 }
 
 int Run(const PPDChangeOptions &options) {
-  return ChangePPDs(
-      options,
-      {.make = [&options](const PPDToChange &ppd) { return Disabled(options, ppd); },
-       .refusal = [](const std::string &name, const std::string &reason) {
-         return Localized("cannot disable %1: %2", {name, reason});
-       }});
+  return ChangePPDs(options,
+                    {.make = [&options](const PPDToChange &ppd) { return Disabled(options, ppd); },
+                     .refusal =
+                         [](const std::string &name, const std::string &reason) {
+                           return Localized("cannot disable %1: %2", {name, reason});
+                         }});
 }
 
 }  // namespace

@@ -23,9 +23,8 @@ Expected<ChangedPPD> Enabled(const PPDChangeOptions &options,
                      .notes = {}};
   if (enabled->filter.empty()) return changed;
   changed.change += " and the filter " + enabled->filter;
-  Expected<std::vector<std::string>> notes =
-      CheckFilters(options, !ppd.queue.empty(), {enabled->filter, enabled->picture_filter},
-                   changed.text);
+  Expected<std::vector<std::string>> notes = CheckFilters(
+      options, !ppd.queue.empty(), {enabled->filter, enabled->picture_filter}, changed.text);
   if (!notes) return notes.failure();
   changed.notes = std::move(*notes);
   return changed;
@@ -37,12 +36,12 @@ int Run(const PPDChangeOptions &options) {
     Complain(bundles.message());
     return kFailed;
   }
-  return ChangePPDs(options, {.make = [&](const PPDToChange &ppd) {
-                                return Enabled(options, *bundles, ppd);
-                              },
-                              .refusal = [](const std::string &name, const std::string &reason) {
-                                return Localized("cannot enable %1: %2", {name, reason});
-                              }});
+  return ChangePPDs(
+      options, {.make = [&](const PPDToChange &ppd) { return Enabled(options, *bundles, ppd); },
+                .refusal =
+                    [](const std::string &name, const std::string &reason) {
+                      return Localized("cannot enable %1: %2", {name, reason});
+                    }});
 }
 
 }  // namespace

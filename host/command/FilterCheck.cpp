@@ -10,9 +10,9 @@ Expected<std::vector<std::string>> CheckFilters(const PPDChangeOptions &options,
                                                 const WantedFilters &filters,
                                                 const std::string &ppd) {
   if (!is_queues || !IsOnThisComputer(ServerOf(options).Address())) {
-    return std::vector<std::string>{
-        Localized("make sure that the print server has the filter %1; that cannot be seen from here",
-                  {filters.documents})};
+    return std::vector<std::string>{Localized(
+        "make sure that the print server has the filter %1; that cannot be seen from here",
+        {filters.documents})};
   }
   const ServerFolders folders = FindServerFolders();
   for (const std::string &name : {filters.documents, filters.pictures}) {

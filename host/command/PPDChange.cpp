@@ -203,8 +203,8 @@ int ChangeAll(const PPDChangeOptions &options, const PPDChange &change) {
   for (const Queue &queue : *queues) {
     if (queue.name.find('/') != std::string::npos) continue;
     Expected<ChangeResult> result = Failure{};
-    result = is_over ? *is_over
-                     : InEnglish([&] { return ResultFor(options, change, server, queue); });
+    result =
+        is_over ? *is_over : InEnglish([&] { return ResultFor(options, change, server, queue); });
     if (result) {
       results.push_back(std::move(*result));
       continue;

@@ -143,9 +143,9 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "printer-is-temporary", "job-creation-attributes-supported", "multiple-document-handling-supported",
-          "output-bin-supported", "print-color-mode-supported", "print-quality-supported",
-          "sides-supported"});
+          "printer-is-temporary", "job-creation-attributes-supported",
+          "multiple-document-handling-supported", "output-bin-supported",
+          "print-color-mode-supported", "print-quality-supported", "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));

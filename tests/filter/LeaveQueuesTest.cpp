@@ -67,8 +67,9 @@ TEST_F(LeaveQueues, KeepsTheFilesRights) {
   const fs::path file = folder_.Write("Laser.ppd", Printer() + Block(kLine));
   ASSERT_EQ(chmod(file.c_str(), 0640), 0);
   const RunResult result = Leave();
-  EXPECT_EQ(result.out, "The queue Laser will not run the filter backgroundnumbers when the print "
-                        "server starts again.\n");
+  EXPECT_EQ(result.out,
+            "The queue Laser will not run the filter backgroundnumbers when the print "
+            "server starts again.\n");
   EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
 }
@@ -100,7 +101,8 @@ TEST(LeaveQueuesServer, GoesOnPrintingWithoutTheFilter) {
   fs::remove(server.programs() / "filter/backgroundnumbers");
   EXPECT_THAT(server.Run({"lpstat", "-l", "-p", "Laser"}), HasSubstr("Second floor"));
   const std::string said = server.Run({"lp", "-d", "Laser", folder.Write("a.txt", "text\n")});
-  const int job = std::atoi(said.substr(said.rfind('-', said.rfind(' ', said.rfind('('))) + 1).c_str());
+  const int job =
+      std::atoi(said.substr(said.rfind('-', said.rfind(' ', said.rfind('('))) + 1).c_str());
   EXPECT_TRUE(Becomes([&] {
     const std::string state = server.JobAttributes(job)["job-state"];
     return state == "completed" || state == "stopped" || state == "aborted";

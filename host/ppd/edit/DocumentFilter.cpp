@@ -47,9 +47,13 @@ class Writer {
     std::erase_if(lines_, [](const FilterLine &line) { return !IsForDocuments(line); });
     for (const FilterLine &line : lines_) least_ = std::min(least_, line.cost);
     if (!keyword_.empty()) return;
-    // One line of ours, and the server's own for files without any is not in force any more.
-    keyword_ = "cupsFilter";
-    for (const FilterLine &line : lines_) result_ += Text(keyword_, line);
+    // One line of ours, and the server's own for files without any is not in force any more. Of the
+    // older keyword's lines, its programs conclude that the pages are counted elsewhere.
+    keyword_ = "cupsFilter2";
+    for (FilterLine line : lines_) {
+      line.destination = line.source;
+      Add(line);
+    }
   }
 
   std::string Write() {
@@ -85,8 +89,7 @@ class Writer {
       return line.source == kLaidOutPdf && line.program == kPassedOn;
     });
     const auto pixels = std::ranges::min_element(
-        lines_, {},
-        [&](const FilterLine &line) { return std::pair(!is_pixels(line), line.cost); });
+        lines_, {}, [&](const FilterLine &line) { return std::pair(!is_pixels(line), line.cost); });
     const bool has_pixels = pixels != lines_.end() && is_pixels(*pixels);
     for (const std::string picture : kPictures) {
       const bool is_taken = std::ranges::any_of(

@@ -151,9 +151,8 @@ Expected<bool> IsByFilter(const PPDFile &base, const std::vector<OptionBlock> &e
         Localized("the bundle %1 brings no filter (PDEDocumentFilter)", {without->name})};
   }
   if (options.size() == 1) return true;
-  return Failure{
-      Localized("only one bundle can bring a filter: %1 or %2",
-                {options[0].name, options[1].name})};
+  return Failure{Localized("only one bundle can bring a filter: %1 or %2",
+                           {options[0].name, options[1].name})};
 }
 
 Failure DoNotFit(const PrinterOptions &options, const Failure &why) {

@@ -7,7 +7,8 @@
 
 TEST(ServerFolders, AreThoseOfTheServersConfiguration) {
   const TemporaryFolder folder;
-  folder.Write("cups-files.conf", "# ServerBin /no\nServerBin /opt/cups/lib\n datadir  /opt/data\n");
+  folder.Write("cups-files.conf",
+               "# ServerBin /no\nServerBin /opt/cups/lib\n datadir  /opt/data\n");
   const EnvironmentVariable root("CUPS_SERVERROOT", folder.path().string());
   const EnvironmentVariable programs("CUPS_SERVERBIN", std::nullopt);
   const EnvironmentVariable data("CUPS_DATADIR", std::nullopt);
@@ -26,10 +27,12 @@ TEST(ServerFolders, AreThoseOfTheVariablesFirst) {
 }
 
 TEST(ServerFolders, AreThisComputersForLocalAddresses) {
-  for (const char *address : {"localhost:631", "/run/cups/cups.sock", "127.0.0.1:8631", "[::1]:631"}) {
+  for (const char *address :
+       {"localhost:631", "/run/cups/cups.sock", "127.0.0.1:8631", "[::1]:631"}) {
     EXPECT_TRUE(IsOnThisComputer(address)) << address;
   }
-  for (const char *address : {"print.example.com:631", "192.0.2.7:631", "localhost.example.com:631"}) {
+  for (const char *address :
+       {"print.example.com:631", "192.0.2.7:631", "localhost.example.com:631"}) {
     EXPECT_FALSE(IsOnThisComputer(address)) << address;
   }
 }

@@ -1,9 +1,12 @@
-// `pdeprint enable` on queues whose printers know no PostScript: a real print server runs the filter,
-// and what the printers get has the numbers.
+// `pdeprint enable` on queues whose printers know no PostScript: a real print server runs the
+// filter, and what the printers get has the numbers.
 
+#include <cups/cups.h>
 #include <cups/raster.h>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <thread>
 
 #include "host/chain/FilterChain.h"
 #include "host/ppd/PPDSource.h"
@@ -146,8 +149,8 @@ TEST_F(FilterQueue, EverythingPrintedAsPixelsIsNumbered) {
 }
 
 TEST_F(FilterQueue, EverythingPrintedAsPdfIsNumbered) {
-  for (const auto &[name, lines] : std::map<std::string, std::string>{
-           {"Pdf", kPdf}, {"Driverless", kDriverless}}) {
+  for (const auto &[name, lines] :
+       std::map<std::string, std::string>{{"Pdf", kPdf}, {"Driverless", kDriverless}}) {
     AddQueue(name, lines);
     Enable(name);
     for (const auto &[type, file] : Documents()) {
@@ -219,9 +222,10 @@ TEST_F(FilterQueue, IsRefusedWhereTheServerHasNoFilter) {
   const std::string before = ContentOf(FileOf("Missing"));
   const fs::path filter = server().programs() / "filter/backgroundnumbers";
   fs::remove(filter);
-  EXPECT_EQ(Refusal("Missing"), "pdeprint: cannot enable Missing: the print server has no filter "
-                                "backgroundnumbers (" +
-                                    filter.string() + "); install it first\n");
+  EXPECT_EQ(Refusal("Missing"),
+            "pdeprint: cannot enable Missing: the print server has no filter "
+            "backgroundnumbers (" +
+                filter.string() + "); install it first\n");
   EXPECT_EQ(ContentOf(FileOf("Missing")), before);
 }
 
@@ -249,6 +253,27 @@ TEST_F(FilterQueue, AFileIsForAServerThatMustHaveTheFilter) {
   EXPECT_EQ(result.err, "pdeprint: note: " + ppd.string() +
                             ": make sure that the print server has the filter backgroundnumbers; "
                             "that cannot be seen from here\n");
+}
+
+TEST_F(FilterQueue, ATemporaryQueueIsSaidToGo) {
+  const ServerEnvironment environment(server());
+  std::thread([] {
+    ipp_t *request = ippNewRequest(IPP_OP_CUPS_CREATE_LOCAL_PRINTER);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
+                 "ipp://localhost/");
+    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "Found");
+    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr, "printer:/");
+    ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/"));
+  }).join();
+  const fs::path ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster));
+  server().Run({"/usr/sbin/lpadmin", "-p", "Found", "-P", ppd});
+  const RunResult result = Pdeprint({"enable", "-d", "Found", "--apply"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err,
+            "pdeprint: note: Found: the queue is temporary and soon goes with its PPD file; make "
+            "it permanent: lpadmin -p Found -o printer-is-shared=true\n");
+  server().Run({"/usr/sbin/lpadmin", "-p", "Found", "-o", "printer-is-shared=true"});
+  EXPECT_EQ(Pdeprint({"disable", "-d", "Found", "--apply"}).err, "");
 }
 
 // A server of its own: the report is about all its queues.

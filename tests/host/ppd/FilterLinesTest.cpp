@@ -31,7 +31,8 @@ TEST(FilterLines, HaveADestinationOrNone) {
 }
 
 TEST(FilterLines, AreNoneThatThePrintServerDoesNotUnderstand) {
-  for (const char *value : {"", "a/b", "a/b c/d", "a/b x y", "a/b 5", "ab 0 x", "a/b 0 maxsize(5"}) {
+  for (const char *value :
+       {"", "a/b", "a/b c/d", "a/b x y", "a/b 5", "ab 0 x", "a/b 0 maxsize(5"}) {
     EXPECT_EQ(Read(value), "none") << value;
   }
 }

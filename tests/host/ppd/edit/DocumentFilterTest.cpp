@@ -103,12 +103,12 @@ TEST(DocumentFilter, TheKeywordIsTheOneThatIsInForce) {
 }
 
 TEST(DocumentFilter, PostScriptGoesToItAsPdfToo) {
-  const std::string ours = kBefore +
-                           Line("application/vnd.cups-pdf application/vnd.cups-postscript -1 "
-                                "pdftops");
-  EXPECT_EQ(LinesFor(Line("application/vnd.cups-postscript 0 -")), ours);
+  const std::string ours = "application/vnd.cups-pdf application/vnd.cups-postscript -1 pdftops";
+  EXPECT_EQ(LinesFor(Line("application/vnd.cups-postscript 0 -")), kBefore + Line(ours));
   // What the print server has for files without a line of their own.
-  EXPECT_EQ(LinesFor(""), Line("application/vnd.cups-postscript 0 -") + ours);
+  EXPECT_EQ(LinesFor(""),
+            Line2("application/vnd.cups-postscript application/vnd.cups-postscript 0 -") + kBefore +
+                Line2(ours));
 }
 
 TEST(DocumentFilter, PicturesTakeTheWayOfDocumentsToPixels) {
@@ -121,18 +121,18 @@ TEST(DocumentFilter, PicturesTakeTheWayOfDocumentsToPixels) {
 }
 
 TEST(DocumentFilter, PicturesArePdfWherePdfIsTheFirstWay) {
-  const std::string lines = LinesFor(Line2("application/vnd.cups-pdf application/pdf -5 -") +
-                                         Line2("image/jpeg image/jpeg 0 -") +
-                                         Line2("image/urf image/urf 100 -"),
-                                     DocumentOptions("markpictures"));
+  const std::string lines =
+      LinesFor(Line2("application/vnd.cups-pdf application/pdf -5 -") +
+                   Line2("image/jpeg image/jpeg 0 -") + Line2("image/urf image/urf 100 -"),
+               DocumentOptions("markpictures"));
   EXPECT_THAT(lines, HasSubstr(Line2("image/jpeg application/pdf -7 markpictures")));
   EXPECT_THAT(lines, HasSubstr(Line2("image/jpeg image/urf -6 markpictures")));
 }
 
 TEST(DocumentFilter, PicturesThatAPdfPrinterDoesNotTakeNeedNoLine) {
-  const std::string lines = LinesFor(Line2("application/vnd.cups-pdf application/pdf 0 -") +
-                                         Line2("image/jpeg image/jpeg 0 -"),
-                                     DocumentOptions("markpictures"));
+  const std::string lines = LinesFor(
+      Line2("application/vnd.cups-pdf application/pdf 0 -") + Line2("image/jpeg image/jpeg 0 -"),
+      DocumentOptions("markpictures"));
   EXPECT_THAT(lines, HasSubstr("image/jpeg application/pdf -2 markpictures"));
   EXPECT_THAT(lines, Not(HasSubstr("image/png")));
 }
@@ -213,7 +213,7 @@ TEST(EnablingWithFilter, RefusesBundlesWithoutFilterAndMoreThanOneWith) {
   PrinterOptions other = DocumentOptions();
   other.bundle = "test.other";
   other.name = "Other";
-  EXPECT_EQ(MessageOf(EnableOptions(PrinterText(), {DocumentOptions(), other},
-                                    DrawingMethod::kFilter)),
-            "only one bundle can bring a filter: Marks or Other");
+  EXPECT_EQ(
+      MessageOf(EnableOptions(PrinterText(), {DocumentOptions(), other}, DrawingMethod::kFilter)),
+      "only one bundle can bring a filter: Marks or Other");
 }
