@@ -34,7 +34,8 @@ __pdeprint_options() {
     settings) echo -d --queue --ppd -P --preset --ticket --set --json ;;
     check) echo -d --queue --json ;;
     queues) echo --json ;;
-    enable | disable) echo -d --queue -o --output --apply ;;
+    enable) echo -d --queue -o --output --apply --all --json --method ;;
+    disable) echo -d --queue -o --output --apply --all --json ;;
     *) return 1 ;;
   esac
   echo --plugin --timeout -h --help
@@ -42,7 +43,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --alert | --json | --apply | -h | --help) return 1 ;;
+    --wait | --alert | --json | --apply | --all | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }
@@ -152,6 +153,7 @@ __pdeprint_values() {
     --ticket) __pdeprint_files .plist ;;
     --snapshot) __pdeprint_files .png ;;
     --plugin) __pdeprint_files ;;
+    --method) __pdeprint_lines < <(printf '%s\n' printer filter) ;;
     --set) __pdeprint_settings ;;
   esac
 }

@@ -66,18 +66,30 @@ CLI::App *AddPPDChange(CLI::App &app, const std::string &name, const std::string
           "The PPD file to write; for a queue QUEUE.ppd in this folder unless given", "FILE");
   verb->add_flag("--apply", options.apply,
                  "Give the queue the new PPD file, as an administrator; no file is written");
+  verb->add_flag("--all", options.all, "All queues of the print server, with a report");
+  verb->add_flag("--json", options.json, "Report in JSON");
   AddSurroundings(verb, options);
   return verb;
 }
 
 void CheckPPDChange(const PPDChangeOptions &options) {
-  if (options.ppd.empty() == options.queue.empty()) {
+  const int named = (options.ppd.empty() ? 0 : 1) + (options.queue.empty() ? 0 : 1);
+  if (options.all && named > 0) {
+    throw CLI::ValidationError("--all", "name neither a PPD file nor a queue then");
+  }
+  if (!options.all && named != 1) {
     throw CLI::ValidationError("PPD", "name either a PPD file or a queue (-d)");
   }
-  if (options.queue.empty() && options.apply) {
+  if (options.json && !options.all) {
+    throw CLI::ValidationError("--json", "only the report about all queues (--all) is in JSON");
+  }
+  if (options.all && !options.output.empty()) {
+    throw CLI::ValidationError("--all", "each queue has a file of its own; leave out --output");
+  }
+  if (!options.ppd.empty() && options.apply) {
     throw CLI::ValidationError("--apply", "only a queue (-d) can be given a PPD file");
   }
-  if (options.queue.empty() && options.output.empty()) {
+  if (!options.ppd.empty() && options.output.empty()) {
     throw CLI::RequiredError("--output");
   }
   if (options.apply && !options.output.empty()) {
@@ -179,9 +191,20 @@ int RunCommandLine(int argc, char **argv) {
   PPDChangeOptions enable_options;
   CLI::App *enable =
       AddPPDChange(app, "enable",
-                   "Add the printer options of extension bundles to a PostScript printer's PPD "
-                   "file, or to a queue. Needs no display.",
+                   "Add the printer options of extension bundles to a printer's PPD file, or to a "
+                   "queue. Needs no display.",
                    enable_options);
+  enable
+      ->add_option_function<std::string>(
+          "--method",
+          [&enable_options](const std::string &method) {
+            enable_options.method =
+                method == "printer" ? DrawingMethod::kPrinter : DrawingMethod::kFilter;
+          },
+          "Who does what the options say: the printer, or a filter of the print server "
+          "(default: the printer if it interprets PostScript)")
+      ->type_name("printer|filter")
+      ->check(CLI::IsMember({"printer", "filter"}));
 
   PPDChangeOptions disable_options;
   CLI::App *disable =

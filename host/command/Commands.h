@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "host/ppd/edit/DrawingMethod.h"
+
 enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 // How the print server is asked, and with which extension bundles printers are looked at.
@@ -59,6 +61,9 @@ struct PPDChangeOptions : Surroundings {
   std::string queue;             // empty: none
   std::filesystem::path output;  // the new file; empty: QUEUE.ppd here, unless something is there
   bool apply = false;            // give it to the queue instead of writing it
+  bool all = false;              // every queue, in place of one
+  bool json = false;             // how the report about all of them is written
+  DrawingMethod method = DrawingMethod::kFitting;  // of enable
 };
 
 // Shows the dialog. The user prints the files there, or accepts the choices, or cancels.

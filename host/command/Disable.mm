@@ -1,5 +1,4 @@
 #include "host/base/Localized.h"
-#include "host/base/Messages.h"
 #include "host/command/Commands.h"
 #include "host/command/PPDChange.h"
 #include "host/command/PrinterOptionsSearch.h"
@@ -30,23 +29,30 @@ std::string Joined(const std::vector<std::string> &names) {
   return text;
 }
 
+Expected<ChangedPPD> Disabled(const PPDChangeOptions &options, const PPDToChange &ppd) {
+  Expected<DisabledPPD> disabled = DisableOptions(ppd.text);
+  if (!disabled) return disabled.failure();
+  if (!disabled->bundles.empty()) {
+    return ChangedPPD{.text = std::move(disabled->text),
+                      .change = "without the printer options of " + Joined(disabled->bundles),
+                      .notes = {}};
+  }
+  // Among all queues there are many of those.
+  const std::string reason = NothingToTakeOut(options, ppd);
+  ChangedPPD unchanged{.text = std::move(disabled->text), .change = reason, .notes = {}};
+  if (options.all) return unchanged;
+  unchanged.change = "unchanged";
+  unchanged.notes.push_back(reason);
+  return unchanged;
+}
+
 int Run(const PPDChangeOptions &options) {
-  Expected<PPDToChange> ppd = TakePPD(options);
-  if (!ppd) {
-    Complain(ppd.message());
-    return kFailed;
-  }
-  Expected<DisabledPPD> disabled = DisableOptions(ppd->text);
-  if (!disabled) {
-    Complain(Localized("cannot disable %1: %2", {ppd->name, disabled.message()}));
-    return kFailed;
-  }
-  if (disabled->bundles.empty()) {
-    Note(ppd->name + ": " + NothingToTakeOut(options, *ppd));
-    return LeavePPD(options, *ppd, disabled->text, "unchanged");
-  }
-  return LeavePPD(options, *ppd, disabled->text,
-                  "without the printer options of " + Joined(disabled->bundles));
+  return ChangePPDs(options,
+                    {.make = [&options](const PPDToChange &ppd) { return Disabled(options, ppd); },
+                     .refusal =
+                         [](const std::string &name, const std::string &reason) {
+                           return Localized("cannot disable %1: %2", {name, reason});
+                         }});
 }
 
 }  // namespace

@@ -17,7 +17,8 @@ enum class QueueState { kIdle, kPrinting, kStopped };
 // where it lists none.
 using OfferedOptions = std::map<std::string, std::vector<std::string>>;
 
-// MIME types of documents that a queue takes. None: the printer is no queue, and nothing is printed.
+// MIME types of documents that a queue takes. None: the printer is no queue, and nothing is
+// printed.
 using DocumentFormats = std::optional<std::set<std::string>>;
 
 struct Queue {
@@ -29,6 +30,7 @@ struct Queue {
   QueueState state = QueueState::kIdle;
   std::string state_message;  // the server's words
   bool accepts_jobs = true;
+  bool is_temporary = false;  // made for a printer on the network, and gone some time after its use
   OfferedOptions offered;
   DocumentFormats formats;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue

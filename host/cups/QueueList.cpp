@@ -73,6 +73,8 @@ void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
     for (std::string &format : ValuesOf("", value)) queue.formats->insert(std::move(format));
   } else if (attribute == "printer-is-accepting-jobs") {
     queue.accepts_jobs = ippGetBoolean(value, 0) != 0;
+  } else if (attribute == "printer-is-temporary") {
+    queue.is_temporary = ippGetBoolean(value, 0) != 0;
   } else if (attribute == "printer-state") {
     const int state = ippGetInteger(value, 0);
     queue.state = state == IPP_PSTATE_STOPPED      ? QueueState::kStopped
@@ -149,10 +151,10 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "document-format-supported", "job-creation-attributes-supported",
-          "job-hold-until-supported", "multiple-document-handling-supported",
-          "number-up-supported", "orientation-requested-supported", "output-bin-supported",
-          "print-color-mode-supported", "print-quality-supported", "sides-supported"});
+          "document-format-supported", "printer-is-temporary", "job-creation-attributes-supported",
+          "job-hold-until-supported", "multiple-document-handling-supported", "number-up-supported",
+          "orientation-requested-supported", "output-bin-supported", "print-color-mode-supported",
+          "print-quality-supported", "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));

@@ -12,10 +12,11 @@
 #include "host/ppd/PrinterOptions.h"
 
 // Those of the resources that the bundle's Info.plist names under PDEPrinterOptions and
-// PDEDocumentFilter, by Color and Monochrome, with the filter's name under Program of the latter and
-// that of the package that has it under Package, and the attribute under PDESupportAttribute. No value inside: it has neither. The failure: a
-// resource that it names is not there, or no text of ASCII characters, the filter has no name, or
-// the bundle has no identifier to mark the options with.
+// PDEDocumentFilter, by Color and Monochrome, with the filter's name under Program of the latter,
+// that of the one for pictures under Pictures and that of the package that has them under Package,
+// and the attribute under PDESupportAttribute. No value inside: it has neither. The failure: a
+// resource that it names is not there, or no text of ASCII characters, a filter has no name, or the
+// bundle has no identifier to mark the options with.
 Expected<std::optional<PrinterOptions>> PrinterOptionsOf(const ExtensionBundle &bundle);
 
 #endif

@@ -49,11 +49,13 @@ class NamedResources {
   // The package that has it; empty: not told.
   std::string Package() const { return TextIn(named_, @"Package"); }
 
+  bool Names(NSString *key) const { return [named_ objectForKey:key] != nil; }
+
   // The name of a program that the print system knows; a path is none.
-  Expected<std::string> Program() const {
-    std::string program = TextIn(named_, @"Program");
+  Expected<std::string> Program(NSString *key) const {
+    std::string program = TextIn(named_, key);
     if (IsIdentifier(program) && program[0] != '.' && program[0] != '-') return program;
-    return Failure{Localized("%1 is no file name", {Words(entry_) + ", Program"})};
+    return Failure{Localized("%1 is no file name", {Words(entry_) + ", " + Words(key)})};
   }
 
  private:
@@ -109,10 +111,15 @@ Expected<std::optional<PrinterOptions>> Read(const ExtensionBundle &extension) {
   if (!lines) return lines.failure();
   options.printer = std::move(*lines);
   if (document->IsThere()) {
-    Expected<std::string> program = document->Program();
+    Expected<std::string> program = document->Program(@"Program");
     if (!program) return program.failure();
     options.document_filter = std::move(*program);
     options.document_package = document->Package();
+    if (document->Names(@"Pictures")) {
+      program = document->Program(@"Pictures");
+      if (!program) return program.failure();
+      options.picture_filter = std::move(*program);
+    }
     lines = document->Lines();
     if (!lines) return lines.failure();
     options.document = std::move(*lines);

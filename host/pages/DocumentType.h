@@ -10,7 +10,6 @@
 #include "host/base/Expected.h"
 
 inline constexpr char kPdf[] = "application/pdf";
-inline constexpr char kLaidOutPdf[] = "application/vnd.cups-pdf";  // pages as they are printed
 
 // Its MIME type by how it begins, as the print system's tables name it; empty: unknown.
 std::string TypeOfDocument(std::string_view beginning);

@@ -14,6 +14,7 @@
 #include "host/pages/PdfPages.h"
 #include "host/pages/PrinterForLayout.h"
 #include "host/pages/Programs.h"
+#include "host/ppd/FilterLines.h"
 
 namespace fs = std::filesystem;
 

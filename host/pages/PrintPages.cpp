@@ -7,6 +7,7 @@
 #include "host/pages/DocumentType.h"
 #include "host/pages/JobPages.h"
 #include "host/pages/LayoutOptions.h"
+#include "host/ppd/FilterLines.h"
 
 namespace fs = std::filesystem;
 

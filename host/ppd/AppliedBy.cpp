@@ -1,26 +1,18 @@
 #include "host/ppd/AppliedBy.h"
 
 #include <algorithm>
-#include <string_view>
+#include <filesystem>
 
-#include "host/base/Text.h"
+#include "host/ppd/FilterLines.h"
 
 namespace {
 
-// The last word of "TYPE [TYPE] COST PROGRAM", without its folder.
-std::string_view ProgramOf(std::string_view line) {
-  line = Trimmed(line);
-  return line.substr(line.find_last_of(" \t/") + 1);
-}
-
 bool NamesFilter(const PPDFile &ppd, const std::string &program) {
-  return std::ranges::any_of(
-      std::initializer_list<const char *>{"cupsFilter", "cupsFilter2", "cupsPreFilter"},
-      [&](const char *keyword) {
-        return std::ranges::any_of(ppd.Attributes(keyword), [&program](const std::string &line) {
-          return ProgramOf(line) == program;
-        });
-      });
+  const auto is_its = [&program](const FilterLine &line) {
+    return std::filesystem::path(line.program).filename() == program;
+  };
+  return std::ranges::any_of(FilterLinesOf(ppd), is_its) ||
+         std::ranges::any_of(PreFilterLinesOf(ppd), is_its);
 }
 
 }  // namespace

@@ -25,6 +25,9 @@ struct PrinterOptions {
   // with the print system's interface for filters, by its name; empty: there is none.
   std::string document_filter;
   std::string document_package = {};  // that has the program; empty: not told
+  // A filter that prints pictures in the way of documents, through that one, where the print system
+  // would send them past it; empty: there is none.
+  std::string picture_filter = {};
   OptionLines document;
 };
 

@@ -5,6 +5,7 @@
 #include "host/pages/DocumentType.h"
 #include "host/pages/Programs.h"
 #include "host/ppd/AppliedBy.h"
+#include "host/ppd/FilterLines.h"
 #include "host/ppd/PPDSource.h"
 #include "host/ppd/edit/Enabling.h"
 

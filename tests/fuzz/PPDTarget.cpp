@@ -33,19 +33,19 @@ std::string Ask(const PPDFile &ppd) {
 
 std::string Change(std::string_view file) {
   const Expected<DisabledPPD> original = DisableOptions(file);
-  Expected<std::string> enabled = EnableOptions(file, {MarkOptions()});
+  Expected<EnabledPPD> enabled = EnableOptions(file, {MarkOptions()});
   if (!enabled) return enabled.message().empty() ? "refused without a reason" : "";
   if (!original) return "options can be added, not taken out: " + original.message();
-  if (Expected<PPDFile> ppd = ParsePPD(*enabled); !ppd) {
+  if (Expected<PPDFile> ppd = ParsePPD(enabled->text); !ppd) {
     return "libcups does not open what was written: " + ppd.message();
   }
-  Expected<DisabledPPD> disabled = DisableOptions(*enabled);
+  Expected<DisabledPPD> disabled = DisableOptions(enabled->text);
   if (!disabled) return "what was added cannot be taken out: " + disabled.message();
   Expected<DisabledPPD> before = original;
   if (disabled->text != before->text) return "taking out leaves another file than before";
-  Expected<std::string> twice = EnableOptions(*enabled, {MarkOptions()});
+  Expected<EnabledPPD> twice = EnableOptions(enabled->text, {MarkOptions()});
   if (!twice) return "what was added cannot be renewed: " + twice.message();
-  return *twice == *enabled ? "" : "renewing what was added changes it";
+  return twice->text == enabled->text ? "" : "renewing what was added changes it";
 }
 
 }  // namespace

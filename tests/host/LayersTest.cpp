@@ -14,8 +14,9 @@ namespace fs = std::filesystem;
 namespace {
 
 // Each may use those before it, as far as it says so.
-const std::vector<std::string> kLayers = {"base",    "ppd",       "ppd/edit", "cups",   "job",
-                                          "presets", "extension", "session",  "dialog", "command"};
+const std::vector<std::string> kLayers = {"base",  "ppd",     "ppd/edit", "chain",
+                                          "cups",  "job",     "presets",  "extension",
+                                          "pages", "session", "dialog",   "command"};
 
 fs::path Folder(const std::string &layer) { return fs::path(SOURCE_DIRECTORY) / "host" / layer; }
 

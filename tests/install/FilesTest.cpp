@@ -24,8 +24,10 @@ constexpr const char *kFiles[] = {
     "644 lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/MonochromePrinter.ppdpart",
     ("644 "
      "lib/GNUstep/Bundles/BackgroundNumbering.plugin/Resources/LANGUAGE.lproj/Localizable.strings"),
+    "755 lib/background-numbering/leave-queues",
     "755 lib/cups/filter/backgroundnumbers",
     "755 lib/cups/filter/backgroundnumbers-look",
+    "755 lib/cups/filter/backgroundnumbers-pictures",
     "777 lib/libPrintCore.so.1",
     ("644 lib/libPrintCore.so." VERSION),
     "644 share/applications/pdeprint.desktop",

@@ -95,8 +95,11 @@ void PrivateServer::Configure() const {
       << line("AccessLog", "access_log") << line("ErrorLog", "error_log")
       << line("PageLog", "page_log");
   WriteConfiguration("");
-  for (const char *programs : {"daemon", "filter"}) {
-    fs::create_directory_symlink(fs::path("/usr/lib/cups") / programs, folder_ / "bin" / programs);
+  fs::create_directory_symlink("/usr/lib/cups/daemon", folder_ / "bin/daemon");
+  // A folder of its own, to which filters can be added.
+  fs::create_directory(folder_ / "bin/filter");
+  for (const fs::directory_entry &filter : fs::directory_iterator("/usr/lib/cups/filter")) {
+    fs::create_symlink(filter.path(), folder_ / "bin/filter" / filter.path().filename());
   }
   // Filters may run as another user.
   fs::permissions(folder_ / "tmp", fs::perms::all | fs::perms::sticky_bit);
@@ -187,6 +190,14 @@ void PrivateServer::Start() {
 }
 
 fs::path PrivateServer::socket() const { return folder_ / "socket"; }
+
+fs::path PrivateServer::programs() const { return folder_ / "bin"; }
+
+void PrivateServer::AddFilter(const fs::path &program) const {
+  const fs::path place = programs() / "filter" / program.filename();
+  fs::copy_file(program, place, fs::copy_options::overwrite_existing);
+  fs::permissions(place, fs::perms(0755));
+}
 
 fs::path PrivateServer::home() const { return folder_ / "home"; }
 

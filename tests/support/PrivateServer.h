@@ -51,6 +51,11 @@ class PrivateServer {
   // test's.
   std::string Run(const std::vector<std::string> &command) const;
 
+  // The folder of its programs (ServerBin), its own but for what links lead to.
+  std::filesystem::path programs() const;
+  // Gives it a copy of this filter, in the place of an earlier one.
+  void AddFilter(const std::filesystem::path &program) const;
+
   void AddQueue(const TestQueue &queue) const;
   void StopQueue(const std::string &name, const std::string &reason) const;
   void StartQueue(const std::string &name) const;

@@ -9,6 +9,7 @@
 #include "host/base/Text.h"
 #include "host/ppd/PPDFile.h"
 #include "host/ppd/PPDSource.h"
+#include "host/ppd/edit/DocumentFilter.h"
 #include "host/ppd/edit/OptionBlocks.h"
 #include "host/ppd/edit/OptionDefaults.h"
 #include "host/ppd/edit/OptionLanguages.h"
@@ -64,8 +65,10 @@ Expected<void> CheckNotPrintersOwn(std::string_view base, const PPDFile &ppd,
   return {};
 }
 
-Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options,
-                               const OptionLines &of_bundle) {
+// Who does what the options of a block say.
+enum class Doer { kPrinter, kServersFilter, kFilterElsewhere };
+
+Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options, Doer doer) {
   const std::string color = ppd.Attribute("ColorDevice").value_or("");
   const bool is_color = Trimmed(color) == "True";
   if (!is_color && Trimmed(color) != "False") {
@@ -79,7 +82,8 @@ Expected<std::string> LinesFor(const PPDFile &ppd, const PrinterOptions &options
                   "or False, not %1",
                   {Quoted(color)})};
   }
-  const std::string &lines = is_color ? of_bundle.color : of_bundle.monochrome;
+  const OptionLines &both = doer == Doer::kPrinter ? options.printer : options.document;
+  const std::string &lines = is_color ? both.color : both.monochrome;
   if (!lines.empty()) return lines;
   return Failure{
       is_color
@@ -120,6 +124,40 @@ Expected<void> CheckEnabled(const PPDFile &enabled, const PPDFile &base,
   return {};
 }
 
+// Whether the print server runs a filter of the bundles' for the lines of an earlier block.
+bool HasFilterOf(const std::vector<PrinterOptions> &options,
+                 const std::vector<OptionBlock> &blocks) {
+  return std::ranges::any_of(blocks, [&options](const OptionBlock &block) {
+    return std::ranges::any_of(options, [&block](const PrinterOptions &bundle) {
+      return bundle.bundle == block.bundle && !bundle.document_filter.empty() &&
+             block.lines.find(' ' + bundle.document_filter + "\"\n") != std::string::npos;
+    });
+  });
+}
+
+// Whether a filter draws. Who was once asked for stays in charge.
+Expected<bool> IsByFilter(const PPDFile &base, const std::vector<OptionBlock> &earlier,
+                          const std::vector<PrinterOptions> &options, DrawingMethod method) {
+  if (method == DrawingMethod::kFitting && HasFilterOf(options, earlier)) {
+    method = DrawingMethod::kFilter;
+  }
+  const auto without = std::ranges::find_if(
+      options, [](const PrinterOptions &bundle) { return bundle.document_filter.empty(); });
+  if (method != DrawingMethod::kFilter) {
+    auto takes = CheckTakesPostScript(base);
+    if (takes) return false;
+    if (method == DrawingMethod::kPrinter || without != options.end()) {
+      return takes.failure().Reworded(Localized("no PostScript printer: %1", {takes.message()}));
+    }
+  } else if (without != options.end()) {
+    return Failure{
+        Localized("the bundle %1 brings no filter (PDEDocumentFilter)", {without->name})};
+  }
+  if (options.size() == 1) return true;
+  return Failure{Localized("only one bundle can bring a filter: %1 or %2",
+                           {options[0].name, options[1].name})};
+}
+
 Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
   return why.Reworded(Localized(
       "the options of the bundle %1 do not fit this file: %2; report it to the bundle's maker",
@@ -128,8 +166,8 @@ Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
 
 // Adds the block of a bundle, in the place of an earlier one's, whose defaults it keeps.
 Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOptions &bundle,
-                        const OptionLines &of_bundle, const std::vector<OptionBlock> &earlier) {
-  Expected<std::string> lines = LinesFor(base, bundle, of_bundle);
+                        Doer doer, const std::vector<OptionBlock> &earlier) {
+  Expected<std::string> lines = LinesFor(base, bundle, doer);
   if (!lines) return lines.failure();
   std::string before = JoinBlocks(parts);
   Expected<PPDFile> others = ParsePPD(before);
@@ -142,6 +180,11 @@ Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOpt
   }
   for (const OptionBlock &block : earlier) {
     if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
+  }
+  if (doer == Doer::kServersFilter) {
+    Expected<std::string> filters = LinesForDocumentFilter(*others, bundle);
+    if (!filters) return filters.failure();
+    *ordered += *filters;
   }
   parts.blocks.push_back({bundle.bundle, *ordered});
   std::string after = JoinBlocks(parts);
@@ -156,16 +199,16 @@ Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOpt
 
 }  // namespace
 
-Expected<std::string> EnableOptions(std::string_view ppd,
-                                    const std::vector<PrinterOptions> &options) {
+Expected<EnabledPPD> EnableOptions(std::string_view ppd, const std::vector<PrinterOptions> &options,
+                                   DrawingMethod method) {
   if (auto done = CheckWhole(ppd); !done) return done.failure();
   Expected<BlockedPPD> parts = SplitBlocks(ppd);
   if (!parts) return parts.failure();
   Expected<PPDFile> base = ParsePPD(parts->base);
   if (!base) return CannotParse(base.failure());
-  if (auto takes = CheckTakesPostScript(*base); !takes) {
-    return takes.failure().Reworded(Localized("no PostScript printer: %1", {takes.message()}));
-  }
+  const Expected<bool> by_filter = IsByFilter(*base, parts->blocks, options, method);
+  if (!by_filter) return by_filter.failure();
+  EnabledPPD result;
 
   std::vector<OptionBlock> earlier;
   for (const PrinterOptions &bundle : options) {
@@ -176,11 +219,15 @@ Expected<std::string> EnableOptions(std::string_view ppd,
     std::erase_if(parts->blocks, is_its);
   }
   for (const PrinterOptions &bundle : options) {
-    if (auto done = AddBlock(*parts, *base, bundle, bundle.printer, earlier); !done) {
-      return done.failure();
+    const Doer doer = *by_filter ? Doer::kServersFilter : Doer::kPrinter;
+    if (auto done = AddBlock(*parts, *base, bundle, doer, earlier); !done) return done.failure();
+    if (*by_filter) {
+      result.filter = bundle.document_filter;
+      result.picture_filter = bundle.picture_filter;
     }
   }
-  return JoinBlocks(*parts);
+  result.text = JoinBlocks(*parts);
+  return result;
 }
 
 Expected<std::string> AddDocumentOptions(std::string_view ppd, const PrinterOptions &options) {
@@ -191,7 +238,7 @@ Expected<std::string> AddDocumentOptions(std::string_view ppd, const PrinterOpti
   if (!base) return CannotParse(base.failure());
   std::erase_if(parts->blocks,
                 [&options](const OptionBlock &block) { return block.bundle == options.bundle; });
-  if (auto done = AddBlock(*parts, *base, options, options.document, {}); !done) {
+  if (auto done = AddBlock(*parts, *base, options, Doer::kFilterElsewhere, {}); !done) {
     return done.failure();
   }
   return JoinBlocks(*parts);

@@ -2,52 +2,14 @@
 
 #include <charconv>
 #include <optional>
-#include <sstream>
-#include <vector>
 
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
+#include "host/ppd/FilterLines.h"
 
 namespace {
 
-constexpr char kPostScript[] = "application/vnd.cups-postscript";
 constexpr char kFoomatic[] = "foomatic-rip";
-
-// A way of documents to the printer.
-struct Filter {
-  std::string type;  // of what goes in
-  std::string program;
-};
-
-// The print system takes the newer kind of statement alone where there is one.
-std::vector<Filter> FiltersOf(const PPDFile &ppd) {
-  std::vector<std::string> values = ppd.Attributes("cupsFilter2");
-  const bool has_destination = !values.empty();
-  if (!has_destination) values = ppd.Attributes("cupsFilter");
-  std::vector<Filter> filters;
-  for (const std::string &value : values) {
-    std::istringstream words(value);
-    Filter filter;
-    std::string word;
-    words >> filter.type;
-    if (has_destination) words >> word;
-    words >> word;  // the cost
-    std::getline(words >> std::ws, filter.program);
-    filter.program = Trimmed(filter.program);
-    // The program of the newer kind may have a limit of memory before it.
-    if (filter.program.starts_with("maxsize(")) {
-      filter.program = Trimmed(filter.program.substr(filter.program.find(')') + 1));
-    }
-    filters.push_back(std::move(filter));
-  }
-  return filters;
-}
-
-// Commands for the printer and documents that are ready for it come with no options.
-bool IsForDocuments(const Filter &filter) {
-  return filter.type != "application/vnd.cups-command" &&
-         filter.type != "application/vnd.cups-raw" && filter.type != "application/octet-stream";
-}
 
 // "cat" with places for options, which no option of a PostScript printer fills.
 bool JustPassesOn(std::string_view command) {
@@ -86,17 +48,17 @@ Expected<void> CheckThroughFoomatic(const PPDFile &ppd) {
   return {};
 }
 
-Expected<void> CheckThrough(const Filter &filter, const PPDFile &ppd) {
+Expected<void> CheckThrough(const FilterLine &filter, const PPDFile &ppd) {
   if (filter.program == kFoomatic) return CheckThroughFoomatic(ppd);
-  if (filter.program != "-") {
+  if (filter.program != kPassedOn) {
     return Failure{Localized(
         "it does not get PostScript as the print system makes it, but %1 through the filter %2",
-        {filter.type, filter.program})};
+        {filter.source, filter.program})};
   }
-  if (filter.type == kPostScript) return {};
+  if (filter.source == kPostScriptType) return {};
   return Failure{
       Localized("it gets documents of the type %1 as they are, without the code of its options",
-                {filter.type})};
+                {filter.source})};
 }
 
 Expected<void> CheckLanguageLevel(const PPDFile &ppd) {
@@ -116,16 +78,14 @@ Expected<void> CheckLanguageLevel(const PPDFile &ppd) {
 }  // namespace
 
 Expected<void> CheckTakesPostScript(const PPDFile &ppd) {
-  bool has_filter = false;
   bool gets_postscript = false;
-  for (const Filter &filter : FiltersOf(ppd)) {
-    has_filter = true;
+  for (const FilterLine &filter : FilterLinesOf(ppd)) {
     if (!IsForDocuments(filter)) continue;
     if (auto through = CheckThrough(filter, ppd); !through) return through;
-    gets_postscript = gets_postscript || filter.type == kPostScript;
+    gets_postscript = gets_postscript || filter.source == kPostScriptType;
   }
-  if (has_filter && !gets_postscript) {
-    return Failure{Localized("none of its filters is for PostScript (%1)", {kPostScript})};
+  if (!gets_postscript) {
+    return Failure{Localized("none of its filters is for PostScript (%1)", {kPostScriptType})};
   }
   return CheckLanguageLevel(ppd);
 }

@@ -163,7 +163,14 @@ TEST_F(EnableVerb, WrongUsageSaysWhatIsMissing) {
               wrong({verb, ppd_, "-o", out_, "--apply"}));
     EXPECT_EQ("--apply: no file is written then; leave out --output",
               wrong({verb, "-d", "Office", "-o", out_, "--apply"}));
+    EXPECT_EQ("--all: name neither a PPD file nor a queue then",
+              wrong({verb, "-d", "Office", "--all"}));
+    EXPECT_EQ("--all: each queue has a file of its own; leave out --output",
+              wrong({verb, "--all", "-o", out_}));
+    EXPECT_EQ("--json: only the report about all queues (--all) is in JSON",
+              wrong({verb, "-d", "Office", "--json"}));
   }
+  EXPECT_THAT(wrong({"enable", ppd_, "-o", out_, "--method", "magic"}), StartsWith("--method: "));
   EXPECT_FALSE(fs::exists(out_));
 }
 

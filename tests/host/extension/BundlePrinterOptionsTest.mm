@@ -87,6 +87,7 @@ OBJC_TEST(BundlePrinterOptions, MayBeForAFilterWithANameAndLinesOfItsOwn) {
   ASSERT_TRUE(options) << options.message();
   ASSERT_TRUE(*options);
   EXPECT_EQ("stamp", (*options)->document_filter);
+  EXPECT_EQ("", (*options)->picture_filter);
   EXPECT_EQ((OptionLines{"*A: \"b\"\n", "*C: \"d\"\n"}), (*options)->document);
   EXPECT_EQ(OptionLines(), (*options)->printer);
 }
@@ -97,6 +98,16 @@ OBJC_TEST(BundlePrinterOptions, AFilterIsNamedWithoutAFolder) {
     EXPECT_EQ("PDEDocumentFilter, Program is no file name",
               OptionsBundle(std::string("PDEDocumentFilter = {") + program + "};").Failing());
   }
+}
+
+OBJC_TEST(BundlePrinterOptions, MayHaveAFilterForPictures) {
+  OptionsBundle bundle("PDEDocumentFilter = { Program = stamp; Pictures = \"stamp-pictures\"; };");
+  Expected<std::optional<PrinterOptions>> options = bundle.Options();
+  ASSERT_TRUE(options) << options.message();
+  EXPECT_EQ("stamp-pictures", (*options)->picture_filter);
+  EXPECT_EQ(
+      "PDEDocumentFilter, Pictures is no file name",
+      OptionsBundle("PDEDocumentFilter = { Program = stamp; Pictures = \"a/b\"; };").Failing());
 }
 
 OBJC_TEST(BundlePrinterOptions, MayBeAbsent) {

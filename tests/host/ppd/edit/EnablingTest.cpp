@@ -14,8 +14,8 @@ namespace {
 
 std::string Enabled(std::string_view ppd,
                     const std::vector<PrinterOptions> &options = {MarkOptions()}) {
-  Expected<std::string> enabled = EnableOptions(ppd, options);
-  if (enabled) return *enabled;
+  Expected<EnabledPPD> enabled = EnableOptions(ppd, options);
+  if (enabled) return enabled->text;
   ADD_FAILURE() << enabled.message();
   return "";
 }
@@ -28,7 +28,7 @@ DisabledPPD Disabled(std::string_view ppd) {
 }
 
 std::string Refusal(std::string_view ppd, const PrinterOptions &options = MarkOptions()) {
-  Expected<std::string> enabled = EnableOptions(ppd, {options});
+  Expected<EnabledPPD> enabled = EnableOptions(ppd, {options});
   return enabled ? "" : enabled.message();
 }
 
