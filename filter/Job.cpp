@@ -14,6 +14,7 @@
 #include "filter/Input.h"
 #include "filter/JobChoices.h"
 #include "filter/Log.h"
+#include "filter/PageCount.h"
 #include "numbering/pdf/NumberDocument.h"
 
 namespace {
@@ -118,11 +119,14 @@ int PrintWithNumbers(const Job &job) {
   }
   Input input(std::move(source));
   const Choices choices = JobChoices(job.options.c_str(), job.ppd);
-  if (!choices.on && !MayLogPages(job)) return Written(input.PassOn(STDOUT_FILENO));
+  const bool counts = NobodyElseCountsPages(job);
+  if (!choices.on && !counts && !MayLogPages(job)) return Written(input.PassOn(STDOUT_FILENO));
 
   const std::string trouble = input.Load();
   const Envelope envelope = EnvelopeOf(input.bytes());
-  if (MayLogPages(job) && !envelope.was_laid_out) LogPages(envelope, job.copies);
+  if (counts || (MayLogPages(job) && !envelope.was_laid_out)) {
+    LogPages(envelope, CopiesByPrinter(envelope.comments, job.copies));
+  }
   if (!choices.on) return Written(input.PassOn(STDOUT_FILENO));
   if (!trouble.empty() || envelope.document.empty()) {
     LogWarning("The pages have no numbers: " + (trouble.empty() ? "this is no PDF file" : trouble));

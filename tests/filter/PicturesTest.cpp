@@ -31,7 +31,7 @@ std::string DriverIn(const std::string &lines) {
 // A small picture, as a file.
 fs::path PageAsPicture(const TemporaryFolder &folder) {
   const fs::path file = folder.path() / "a.png";
-  const fs::path page = folder.Write("a.ps", TextPage("Top"));
+  const fs::path page = folder.Write("a.ps", Document({"0 0 moveto"}));
   EXPECT_EQ(RunProgram({"gs", "-q", "-dSAFER", "-dNOPAUSE", "-dBATCH", "-r36", "-sDEVICE=png16m",
                         "-sOutputFile=" + file.string(), page})
                 .status,

@@ -172,16 +172,18 @@ TEST_F(FilterQueue, EverythingOnAPostScriptQueueIsNumberedByTheFilter) {
   };
   for (const auto &[type, file] : Documents()) {
     SCOPED_TRACE(type);
-    int job = 0;
-    const std::vector<PrintedPage> with = PagesOf(Printed("PostScript", file, kOn, &job));
-    const std::vector<PrintedPage> without = PagesOf(Printed("PostScript", file, {}));
+    int on = 0, off = 0;
+    const std::vector<PrintedPage> with = PagesOf(Printed("PostScript", file, kOn, &on));
+    const std::vector<PrintedPage> without = PagesOf(Printed("PostScript", file, {}, &off));
     ASSERT_EQ(with.size(), without.size());
     ASSERT_FALSE(with.empty());
     for (size_t page = 0; page < with.size(); ++page) {
       EXPECT_GT(ink(with[page]), ink(without[page]) + 0.005);
     }
-    EXPECT_EQ(server().JobAttributes(job)["job-media-sheets-completed"],
-              std::to_string(with.size()));
+    for (const int job : {on, off}) {
+      EXPECT_EQ(server().JobAttributes(job)["job-media-sheets-completed"],
+                std::to_string(with.size()));
+    }
   }
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
+#include "host/command/ChangeReport.h"
 #include "host/command/CheckReport.h"
 #include "host/command/PanelReport.h"
 #include "host/command/QueuesReport.h"
@@ -128,7 +129,7 @@ TEST(Manual, ExplainsTheOptionsThatEveryVerbHas) {
 
 TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
   const std::vector<Json> shown = JsonIn(Section("Answers in JSON"));
-  ASSERT_EQ(3u, shown.size());
+  ASSERT_EQ(4u, shown.size());
   const PanelReport settings{.panel = "Panel",
                              .summary = {{"Title", "Value"}},
                              .options = {{"VQBNSize", "Small"}},
@@ -137,9 +138,11 @@ TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
   const std::string check =
       CheckJson({{.file = "file", .readable = true, .color = true, .panels = {"Panel"}}});
   EXPECT_EQ(Shape(Json::parse(check)), Shape(shown[1]));
+  const std::string changes = ChangesJson({{.queue = "A", .state = ChangeState::kChanged}});
+  EXPECT_EQ(Shape(Json::parse(changes)), Shape(shown[2]));
   QueueResult queue;
   queue.panels = {"Panel"};
-  EXPECT_EQ(Shape(Json::parse(QueuesJson({queue}))), Shape(shown[2]));
+  EXPECT_EQ(Shape(Json::parse(QueuesJson({queue}))), Shape(shown[3]));
 }
 
 TEST(Manual, NamesTheFoldersOfBundles) {
