@@ -13,8 +13,8 @@ struct CheckResult {
   bool readable = false;
   bool color = false;                    // only where readable
   std::vector<std::string> panels = {};  // names; empty: not offered
-  Applications applications = {};        // who does what they say
   std::string reason = {};               // why not, or why it cannot be read
+  Applications applications = {};        // who does what panels say
 };
 
 // One line a file.

@@ -12,8 +12,8 @@
 struct QueueResult {
   Queue queue;
   std::vector<std::string> panels = {};  // names; empty: none is offered
-  Applications applications = {};        // who does what they say
   std::string reason = {};               // why not
+  Applications applications = {};        // who does what panels say
 };
 
 // One line a queue: "* NAME: panels, or why there are none"; the default queue has the star.

@@ -55,10 +55,11 @@ class Maker {
     if (auto done = WriteDescriptions(); !done) return Explained(done.failure());
     std::vector<fs::path> parts;
     for (const fs::path &file : request_.files) {
-      Expected<fs::path> part = LaidOut(file, file != request_.files.back());
+      Expected<fs::path> part = LaidOut(file, /*is_followed=*/&file != &request_.files.back());
       if (!part) return Explained(part.failure());
-      parts.push_back(std::move(*part));
+      if (!part->empty()) parts.push_back(std::move(*part));
     }
+    if (parts.empty()) return NoPage();
     Expected<fs::path> all = Joined(parts);
     if (!all) return Explained(all.failure());
     JobPages pages{.folder = std::move(folder_), .file = std::move(*all), .notes = {}};
@@ -92,7 +93,7 @@ class Maker {
     return WriteWholeFile(ppd_of_part_, ForLayout(request_.here.ppd, LastSide::kBack));
   }
 
-  // A file of the job as pages.
+  // A file of the job as pages; empty: none of them is printed.
   Expected<fs::path> LaidOut(const fs::path &file, bool is_followed) {
     const auto failure = [&file](const Failure &why) {
       return why.Reworded(Localized("cannot print %1: %2", {file.string(), why.message}));
@@ -127,11 +128,10 @@ class Maker {
         .title = request_.title,
         .options = made == kPdf ? request_.options : OptionsForCopies(request_.options)};
     Expected<FilterWords> words = RunFilter(step, cancel_);
-    if (words && !IsEmpty(step.out)) return step.out;
+    if (words) return IsEmpty(step.out) ? fs::path() : step.out;
     // The reason in plain words, where the document itself is.
     Expected<int> count = CountPages(document, step.out, cancel_);
-    if (!count) return failure(count.failure());
-    return failure(words ? NoPage() : words.failure());
+    return failure(count ? words.failure() : count.failure());
   }
 
   Expected<std::string> TypeOf(const fs::path &file) const {

@@ -29,9 +29,9 @@ TEST_F(MovedTree, OffersThePanelOnItsPrinters) {
   const std::string color = Path("share/ppd/velmora/VelmoraNumbering.ppd");
   const std::string mono = Path("share/ppd/velmora/VelmoraNumberingMono.ppd");
   const RunResult result = Run({"check", color, mono}, {{"LANGUAGE", "en"}});
-  EXPECT_EQ(
-      color + ": panel offered, color printer\n" + mono + ": panel offered, monochrome printer\n",
-      result.out)
+  EXPECT_EQ(color + ": panel offered, color printer, by the printer\n" + mono +
+                ": panel offered, monochrome printer, by the printer\n",
+            result.out)
       << result.err;
 }
 

@@ -41,6 +41,8 @@ void UnpreparedQueues::SetUpTestSuite() {
   server().AddQueue(
       {.name = "Raster",
        .ppd = folder.Write("raster.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster))});
+  server().AddQueue(
+      {.name = "PostScript", .ppd = folder.Write("ps.ppd", TestPPD::Text(kColorDevice))});
   server().AddQueue({.name = "Raw"});
 }
 

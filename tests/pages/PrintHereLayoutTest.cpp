@@ -63,6 +63,7 @@ TEST_F(PrintHereLayout, EachFileBeginsOnNewPaper) {
   const Arguments duplex = {"--set", "Duplex=DuplexNoTumble"};
   const std::string three = File("three.pdf", PlainPdf(3)), one = File("one.pdf", PlainPdf(1));
   EXPECT_THAT(Number(duplex, {three, one}).numbers(), ElementsAre("25", "26", "27", "28", "29"));
+  EXPECT_THAT(Number(duplex, {one, one}).numbers(), ElementsAre("25", "26", "27"));
   EXPECT_THAT(Number({}, {three, one}).numbers(), ElementsAre("25", "26", "27", "28"));
 }
 
@@ -71,6 +72,8 @@ TEST_F(PrintHereLayout, RangesAreThoseOfEachFile) {
   Printed printed = Number({"--set", "page-ranges=2"}, {three, two});
   EXPECT_THAT(printed.numbers(), ElementsAre("25", "26"));
   EXPECT_THAT(printed.text, Not(HasSubstr("Page 1")));
+  // Of which there may be none.
+  EXPECT_THAT(Number({"--set", "page-ranges=3"}, {two, three}).numbers(), ElementsAre("25"));
 }
 
 TEST_F(PrintHereLayout, PagesKeepTheLanguageOfThePrinter) {

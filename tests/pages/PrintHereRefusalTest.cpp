@@ -115,7 +115,7 @@ TEST_F(PrintHereRefusal, OfRawJobs) {
 
 TEST_F(PrintHereRefusal, WhereNoPageIsLeft) {
   WriteLpoptions("Dest Pdf page-ranges=7-9\n");
-  EXPECT_THAT(Refusal(Pdf()), EndsWith("three.pdf: no page is to be printed\n"));
+  EXPECT_EQ(Refusal(Pdf()), "pdeprint: no page is to be printed\n");
 }
 
 TEST_F(PrintHereRefusal, OfAProgramThatIsKilled) {

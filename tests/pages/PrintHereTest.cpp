@@ -18,6 +18,9 @@ namespace {
 
 using PrintHere = UnpreparedQueues;
 
+bool IsRed(Color color) { return color.red > color.green + 40; }
+constexpr Box kMiddle = {.left = 0.2, .top = 0.3, .right = 0.8, .bottom = 0.7};
+
 // A gray square of 8 by 8 dots.
 std::string SmallPicture() { return "P5\n8 8\n255\n" + std::string(64, '\x80'); }
 
@@ -77,13 +80,20 @@ TEST_F(PrintHere, NumbersOnARasterPrinter) {
   const auto without = RasterPages(Print("Raster", {}, {file}).out);
   ASSERT_THAT(with, SizeIs(3));
   ASSERT_THAT(without, SizeIs(3));
-  const auto is_red = [](Color color) { return color.red > color.green + 40; };
-  constexpr Box kMiddle = {.left = 0.2, .top = 0.3, .right = 0.8, .bottom = 0.7};
   for (size_t page = 0; page < 3; ++page) {
-    EXPECT_GT(with[page].ShareOf(is_red, kMiddle), 0.05);
-    EXPECT_EQ(without[page].ShareOf(is_red), 0);
+    EXPECT_GT(with[page].ShareOf(IsRed, kMiddle), 0.05);
+    EXPECT_EQ(without[page].ShareOf(IsRed), 0);
   }
   EXPECT_NE(with[0], with[1]);
+}
+
+TEST_F(PrintHere, NumbersOnAPostScriptPrinterThatNobodyHasEnabled) {
+  const Arguments red = {"--set", "Color=Red", "--set", "Density=Dark"};
+  const std::string out = Print("PostScript", kFrom25 + red, {File("three.pdf", PlainPdf(3))}).out;
+  EXPECT_THAT(out, StartsWith("%!PS"));
+  const std::vector<Picture> pages = PicturesOf({out});
+  ASSERT_THAT(pages, SizeIs(3));
+  for (const Picture &page : pages) EXPECT_GT(page.ShareOf(IsRed, kMiddle), 0.05);
 }
 
 TEST_F(PrintHere, SendsTheDocumentAsItIsWhereNothingIsAskedFor) {

@@ -37,6 +37,7 @@ TEST_F(QueuesHere, AreSaidInWords) {
             "on this computer: the file does not say whether it is a color printer: *ColorDevice "
             "must be True or False\n"
             "  Pdf: Background Numbering, on this computer\n"
+            "  PostScript: Background Numbering, on this computer\n"
             "  Printer: Background Numbering, by the printer\n"
             "  Raster: Background Numbering, on this computer\n"
             "  Raw: no panel: the queue has no PPD file, in which a printer declares what "

@@ -8,7 +8,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const CheckResult kColorOffered = {"c.ppd", true, true, {"Panel"}, ""};
+const CheckResult kColorOffered = {
+    "c.ppd",   true, true,
+    {"Panel"}, "",   {{"One", Application::By::kPrinter}, {"Other", Application::By::kServer}}};
 const CheckResult kMonoOffered = {"m.ppd", true, false, {"Panel", "Other"}, ""};
 const CheckResult kRefused = {"n.ppd", true, true, {}, "no attribute X"};
 const CheckResult kUnreadable = {"u.ppd", false, false, {}, "no such file"};
@@ -17,7 +19,7 @@ const CheckResult kUnreadable = {"u.ppd", false, false, {}, "no such file"};
 
 TEST(CheckReport, TextHasALineForEachFileInTheirOrder) {
   EXPECT_EQ(
-      "c.ppd: panel offered, color printer\n"
+      "c.ppd: panel offered, color printer, One by the printer, Other by the print server\n"
       "m.ppd: panel offered, monochrome printer\n"
       "n.ppd: no panel: no attribute X\n"
       "u.ppd: cannot be read: no such file\n",
@@ -29,13 +31,14 @@ TEST(CheckReport, TextOfNoFilesIsEmpty) { EXPECT_EQ("", CheckText({})); }
 TEST(CheckReport, JsonIsAnArrayWithNullsWhereThereIsNothingToSay) {
   const Json expected = Json::parse(R"([
     {"file": "c.ppd", "readable": true, "offered": true, "color": true, "panels": ["Panel"],
+     "applied": [{"bundle": "One", "by": "printer"}, {"bundle": "Other", "by": "server"}],
      "reason": null},
     {"file": "m.ppd", "readable": true, "offered": true, "color": false,
-     "panels": ["Panel", "Other"], "reason": null},
+     "panels": ["Panel", "Other"], "applied": [], "reason": null},
     {"file": "n.ppd", "readable": true, "offered": false, "color": true, "panels": [],
-     "reason": "no attribute X"},
+     "applied": [], "reason": "no attribute X"},
     {"file": "u.ppd", "readable": false, "offered": false, "color": null, "panels": [],
-     "reason": "no such file"}
+     "applied": [], "reason": "no such file"}
   ])");
   const std::string text = CheckJson({kColorOffered, kMonoOffered, kRefused, kUnreadable});
   EXPECT_EQ(expected.dump(), Json::parse(text, nullptr, false).dump());

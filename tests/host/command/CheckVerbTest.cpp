@@ -28,20 +28,20 @@ std::string CheckOf(const std::string &lines) {
 TEST(Check, OffersThePanelOnColorAndMonochromePrinters) {
   const RunResult result = RunPdeprint({"check", kColorPPD, kMonoPPD});
   EXPECT_EQ(0, result.status);
-  EXPECT_EQ(std::string(kColorPPD) + ": panel offered, color printer\n" + kMonoPPD +
-                ": panel offered, monochrome printer\n",
+  EXPECT_EQ(std::string(kColorPPD) + ": panel offered, color printer, by the printer\n" + kMonoPPD +
+                ": panel offered, monochrome printer, by the printer\n",
             result.out);
   EXPECT_EQ("", result.err);
 }
 
 TEST(Check, OffersThePanelWhereTheFirstAttributeIsExactlyTrue) {
-  const std::string offered = "panel offered, color printer\n";
+  const std::string offered = "panel offered, color printer, by the printer\n";
   EXPECT_EQ(offered, CheckOf("*ColorDevice: True\n*VQBackgroundNumberingSupport: true\n"));
   EXPECT_EQ(offered,
             CheckOf("*ColorDevice: True\n*VQBackgroundNumberingSupport Part/Text: \"true\"\n"));
   EXPECT_EQ(offered, CheckOf("*ColorDevice: True\n*VQBackgroundNumberingSupport: \"true\"\n"
                              "*VQBackgroundNumberingSupport: \"false\"\n"));
-  EXPECT_EQ("panel offered, monochrome printer\n", CheckOf(kSupported));
+  EXPECT_EQ("panel offered, monochrome printer, by the printer\n", CheckOf(kSupported));
 }
 
 TEST(Check, SaysWhyThePanelIsNotOffered) {
@@ -72,7 +72,7 @@ TEST(Check, GoesOnAfterAFileThatCannotBeRead) {
                 ": cannot be read: Missing asterisk in column 1 on line 2\n" + pipe +
                 ": cannot be read: not a regular file\n"
                 "/: cannot be read: not a regular file\n" +
-                kColorPPD + ": panel offered, color printer\n",
+                kColorPPD + ": panel offered, color printer, by the printer\n",
             result.out);
 }
 
@@ -94,13 +94,15 @@ TEST(Check, AnswersInJson) {
   EXPECT_EQ(1, result.status);
   const Json json = Parsed(result.out);
   ASSERT_EQ(4u, json.size());
-  EXPECT_EQ(Json({{"file", kColorPPD},
-                  {"readable", true},
-                  {"offered", true},
-                  {"color", true},
-                  {"panels", {"Background Numbering"}},
-                  {"reason", nullptr}}),
-            json[0]);
+  EXPECT_EQ(
+      Json({{"file", kColorPPD},
+            {"readable", true},
+            {"offered", true},
+            {"color", true},
+            {"panels", {"Background Numbering"}},
+            {"applied", Json::array({{{"bundle", "Background Numbering"}, {"by", "printer"}}})},
+            {"reason", nullptr}}),
+      json[0]);
   EXPECT_EQ(false, json[1]["color"]);
   EXPECT_EQ(false, json[2]["offered"]);
   EXPECT_EQ("VQBackgroundNumberingSupport is \"tr\uFFFD\", must be exactly \"true\"",
@@ -110,6 +112,7 @@ TEST(Check, AnswersInJson) {
                   {"offered", false},
                   {"color", nullptr},
                   {"panels", Json::array()},
+                  {"applied", Json::array()},
                   {"reason", "no such file"}}),
             json[3]);
 }

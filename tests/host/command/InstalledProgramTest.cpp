@@ -56,7 +56,8 @@ TEST_F(Installed, FindsItsTexts) {
 TEST_F(Installed, FindsItsBundle) {
   RunResult result = Run({"check", kColorPPD});
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_EQ(std::string(kColorPPD) + ": panel offered, color printer\n", result.out);
+  EXPECT_EQ(std::string(kColorPPD) + ": panel offered, color printer, by the printer\n",
+            result.out);
   // The bundle's own, not the build tree's, is what it found.
   fs::rename(Bundle(), Prefix() / "elsewhere");
   result = Run({"check", kColorPPD});

@@ -147,7 +147,7 @@ TEST(Program, WorksInAnyLocale) {
 
     const RunResult check = RunPdeprint({"check", ppd.string()}, options);
     EXPECT_EQ(0, check.status) << check.err;
-    EXPECT_EQ(ppd.string() + ": panel offered, color printer\n", check.out);
+    EXPECT_EQ(ppd.string() + ": panel offered, color printer, by the printer\n", check.out);
   }
 }
 
@@ -169,7 +169,7 @@ TEST(Program, TakesArgumentsAndVariablesThatAreNoText) {
   fs::copy_file(kColorPPD, ppd);
   RunResult result = RunPdeprint({"check", ppd});
   EXPECT_EQ(0, result.status) << result.err;
-  EXPECT_EQ(ppd + ": panel offered, color printer\n", result.out);
+  EXPECT_EQ(ppd + ": panel offered, color printer, by the printer\n", result.out);
   result = Settings(ppd, {"--ticket", (folder.path() / "j\xf6"
                                                        "b.plist")
                                           .string()});

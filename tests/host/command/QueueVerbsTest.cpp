@@ -23,6 +23,11 @@ using Json = nlohmann::ordered_json;
 const char kNoPPD[] = "the queue has no PPD file, in which a printer declares what extensions need";
 const char kNotDeclared[] = "no attribute VQBackgroundNumberingSupport";
 
+// The file of the queue Plain.
+const char kNotHere[] =
+    "; nor can it be done on this computer: the file does not say whether it is a color printer: "
+    "*ColorDevice must be True or False";
+
 Json Parsed(const std::string &text) {
   Json json = Json::parse(text, nullptr, false);
   EXPECT_FALSE(json.is_discarded()) << text;
@@ -71,27 +76,31 @@ class QueueVerbs : public ServedProgram {
 // queues
 
 TEST_F(QueueVerbs, QueuesSaysOfEachQueueWhetherPanelsAreOffered) {
-  EXPECT_EQ(ResultOf({"queues"}), std::string("* Color: Background Numbering\n"
-                                              "  Mono: Background Numbering\n"
-                                              "  Plain: no panel: ") +
-                                      kNotDeclared + "\n  Raw: no panel: " + kNoPPD +
-                                      "\n  Rejecting: Background Numbering (does not accept jobs)\n"
-                                      "  Stopped: Background Numbering (stopped)\n");
+  EXPECT_EQ(ResultOf({"queues"}),
+            std::string("* Color: Background Numbering, by the printer\n"
+                        "  Mono: Background Numbering, by the printer\n"
+                        "  Plain: no panel: ") +
+                kNotDeclared + kNotHere + "\n  Raw: no panel: " + kNoPPD +
+                "\n  Rejecting: Background Numbering, by the printer (does not accept jobs)\n"
+                "  Stopped: Background Numbering, by the printer (stopped)\n");
 }
 
 TEST_F(QueueVerbs, QueuesAnswersInJson) {
   const Json json = Parsed(ResultOf({"queues", "--json"}));
   ASSERT_EQ(json.size(), 6u);
-  EXPECT_EQ(json[0], Json({{"name", "Color"},
-                           {"default", true},
-                           {"description", "Ann's \"big\" printer, Größe A3"},
-                           {"location", "Upstairs"},
-                           {"model", "Test"},
-                           {"state", "idle"},
-                           {"acceptsJobs", true},
-                           {"offered", true},
-                           {"panels", {"Background Numbering"}},
-                           {"reason", nullptr}}));
+  EXPECT_EQ(
+      json[0],
+      Json({{"name", "Color"},
+            {"default", true},
+            {"description", "Ann's \"big\" printer, Größe A3"},
+            {"location", "Upstairs"},
+            {"model", "Test"},
+            {"state", "idle"},
+            {"acceptsJobs", true},
+            {"offered", true},
+            {"panels", {"Background Numbering"}},
+            {"applied", Json::array({{{"bundle", "Background Numbering"}, {"by", "printer"}}})},
+            {"reason", nullptr}}));
   EXPECT_EQ(json[3]["name"], "Raw");
   EXPECT_EQ(json[3]["default"], false);
   EXPECT_EQ(json[3]["offered"], false);
@@ -105,9 +114,9 @@ TEST_F(QueueVerbs, QueuesListsInstancesAndTheUsersDefault) {
   server().Run({"lpoptions", "-p", "Mono/draft", "-o", "VQBNSize=Small"});
   server().Run({"lpoptions", "-d", "Mono/draft"});
   const std::string list = ResultOf({"queues"});
-  EXPECT_THAT(list, HasSubstr("  Color: Background Numbering\n"
-                              "  Mono: Background Numbering\n"
-                              "* Mono/draft: Background Numbering\n"));
+  EXPECT_THAT(list, HasSubstr("  Color: Background Numbering, by the printer\n"
+                              "  Mono: Background Numbering, by the printer\n"
+                              "* Mono/draft: Background Numbering, by the printer\n"));
 }
 
 TEST_F(QueueVerbs, QueuesGoesOnAfterAQueueWhosePPDCannotBeRead) {
@@ -121,14 +130,16 @@ TEST_F(QueueVerbs, QueuesGoesOnAfterAQueueWhosePPDCannotBeRead) {
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(result.out,
               HasSubstr("  Damaged: no panel: cannot read the PPD file of Damaged from "));
-  EXPECT_THAT(result.out, HasSubstr("  Mono: Background Numbering\n"));
+  EXPECT_THAT(result.out, HasSubstr("  Mono: Background Numbering, by the printer\n"));
 }
 
 // check
 
 TEST_F(QueueVerbs, CheckSaysOfAQueueWhetherPanelsAreOffered) {
-  EXPECT_EQ(ResultOf({"check", "-d", "Color"}), "Color: panel offered, color printer\n");
-  EXPECT_EQ(ResultOf({"check", "-d", "Mono"}), "Mono: panel offered, monochrome printer\n");
+  EXPECT_EQ(ResultOf({"check", "-d", "Color"}),
+            "Color: panel offered, color printer, by the printer\n");
+  EXPECT_EQ(ResultOf({"check", "-d", "Mono"}),
+            "Mono: panel offered, monochrome printer, by the printer\n");
   EXPECT_EQ(ResultOf({"check", "-d", "Raw"}), std::string("Raw: no panel: ") + kNoPPD + '\n');
 }
 
@@ -136,9 +147,9 @@ TEST_F(QueueVerbs, CheckTakesFilesAndSeveralQueues) {
   const std::string ppd = folder_.Write("mono.ppd", NumberingPPDText(/*color=*/false));
   EXPECT_EQ(ResultOf({"check", "-d", "Stopped", ppd, "-d", "Rejecting"}),
             ppd +
-                ": panel offered, monochrome printer\n"
-                "Stopped: panel offered, color printer\n"
-                "Rejecting: panel offered, color printer\n");
+                ": panel offered, monochrome printer, by the printer\n"
+                "Stopped: panel offered, color printer, by the printer\n"
+                "Rejecting: panel offered, color printer, by the printer\n");
 }
 
 TEST_F(QueueVerbs, CheckAnswersInJson) {
@@ -148,12 +159,15 @@ TEST_F(QueueVerbs, CheckAnswersInJson) {
                           {"offered", true},
                           {"color", true},
                           {"panels", {"Background Numbering"}},
+                          {"applied",
+                           Json::array({{{"bundle", "Background Numbering"}, {"by", "printer"}}})},
                           {"reason", nullptr}},
                          {{"file", "Raw"},
                           {"readable", true},
                           {"offered", false},
                           {"color", false},
                           {"panels", Json::array()},
+                          {"applied", Json::array()},
                           {"reason", kNoPPD}}}));
 }
 
@@ -161,13 +175,13 @@ TEST_F(QueueVerbs, CheckGoesOnAfterAQueueThatIsNotThere) {
   EXPECT_EQ(ResultOf({"check", "-d", "Colour", "-d", "Mono"}, 1),
             "Colour: cannot be read: the print server " + server().address() +
                 " has no queue \"Colour\"; there is Color, Mono, Plain, Raw, Rejecting, Stopped\n"
-                "Mono: panel offered, monochrome printer\n");
+                "Mono: panel offered, monochrome printer, by the printer\n");
 }
 
 TEST_F(QueueVerbs, CheckTakesAnInstance) {
   server().Run({"lpoptions", "-p", "Color/draft", "-o", "VQBNSize=Small"});
   EXPECT_EQ(ResultOf({"check", "-d", "Color/draft"}),
-            "Color/draft: panel offered, color printer\n");
+            "Color/draft: panel offered, color printer, by the printer\n");
 }
 
 TEST_F(QueueVerbs, CheckDoesNotKnowAnInstanceThatTheUserHasNotMade) {
@@ -180,7 +194,7 @@ TEST_F(QueueVerbs, CheckDoesNotKnowAnInstanceThatTheUserHasNotMade) {
 TEST_F(QueueVerbs, SettingsChangesATicketForAQueue) {
   const std::string ticket = folder_.path() / "job.plist";
   const std::string report =
-      "Panel: Background Numbering\n"
+      "Panel: Background Numbering, by the printer\n"
       "Summary:\n"
       "  Size: Medium\n"
       "  Density: Medium\n"
@@ -233,7 +247,7 @@ TEST_F(QueueVerbs, SettingsRefusesAColorForAMonochromeQueue) {
 TEST_F(QueueVerbs, SettingsNeedsAPanel) {
   const std::string ticket = folder_.path() / "job.plist";
   EXPECT_EQ(Refusal(1, {"settings", "-d", "Plain", "--ticket", ticket}),
-            std::string("pdeprint: no panel for Plain: ") + kNotDeclared + '\n');
+            std::string("pdeprint: no panel for Plain: ") + kNotDeclared + kNotHere + '\n');
   EXPECT_FALSE(fs::exists(ticket));
 }
 

@@ -14,6 +14,7 @@ QueueResult Offered() {
   result.queue.model = "Generic";
   result.queue.is_default = true;
   result.panels = {"Background Numbering", "Watermark"};
+  result.applications = {{"Background Numbering", Application::By::kThisComputer}};
   return result;
 }
 
@@ -30,7 +31,7 @@ QueueResult NotOffered() {
 
 TEST(QueuesReport, TextHasALineAQueueAndAStarForTheDefaultOne) {
   EXPECT_EQ(
-      "* Office: Background Numbering, Watermark\n"
+      "* Office: Background Numbering, Watermark, on this computer\n"
       "  Raw: no panel: no PPD file (stopped) (does not accept jobs)\n",
       QueuesText({Offered(), NotOffered()}));
 }
@@ -54,6 +55,7 @@ TEST(QueuesReport, JsonHasTheDocumentedMembers) {
                             {"acceptsJobs", true},
                             {"offered", true},
                             {"panels", {"Background Numbering", "Watermark"}},
+                            {"applied", {{{"bundle", "Background Numbering"}, {"by", "computer"}}}},
                             {"reason", nullptr}}),
             json[0]);
   EXPECT_EQ("stopped", json[1]["state"]);

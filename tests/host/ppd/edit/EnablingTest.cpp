@@ -54,6 +54,28 @@ PrinterOptions OtherOptions() {
 
 }  // namespace
 
+TEST(Enabling, AddsTheOptionsOfADocumentFilterToAnyPrinter) {
+  PrinterOptions options = MarkOptions();
+  options.document = options.printer;
+  options.printer = {};
+  const std::string raster = PrinterText("*cupsFilter: \"application/vnd.cups-raster 0 -\"\n");
+  EXPECT_FALSE(EnableOptions(raster, {options}));
+  Expected<std::string> added = AddDocumentOptions(raster, options);
+  ASSERT_TRUE(added) << added.message();
+  EXPECT_THAT(*added, StartsWith(raster));
+  EXPECT_TRUE(ParsePPD(*added)->Allows("Mark", "On"));
+  // In the place of a block that is there.
+  EXPECT_EQ(*AddDocumentOptions(*added, options), *added);
+}
+
+TEST(Enabling, DoesNotAddTheOptionsOfADocumentFilterToAPrinterThatHasThem) {
+  PrinterOptions options = MarkOptions();
+  options.document = options.printer;
+  Expected<std::string> added = AddDocumentOptions(PrinterText("*MarkSupport: \"no\"\n"), options);
+  ASSERT_FALSE(added);
+  EXPECT_THAT(added.message(), HasSubstr("MarkSupport"));
+}
+
 TEST(Enabling, AddsTheOptionsAsLibcupsReadsThem) {
   Expected<PPDFile> ppd = ParsePPD(Enabled(PrinterText()));
   ASSERT_TRUE(ppd) << ppd.message();
