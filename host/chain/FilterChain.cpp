@@ -3,19 +3,13 @@
 #include <algorithm>
 #include <tuple>
 
+#include "host/chain/CheapestWay.h"
+
 namespace {
 
 constexpr char kPrinter[] = "printer/";  // no type of the tables is called like this
 
-// What documents to look at have at least, and those to print rarely less.
-constexpr long long kSize = 1000;
-
 }  // namespace
-
-struct FilterChains::Way {
-  int cost = 0;
-  std::vector<const FilterLine *> lines;
-};
 
 FilterChains::FilterChains(const MimeTables &tables, const PPDFile &ppd)
     : conversions_(tables.conversions()) {
@@ -52,38 +46,13 @@ void FilterChains::Add(const std::string &source, const std::string &destination
   }
 }
 
-// A way in one step wins against others that cost as much, then the first that is found.
-std::optional<FilterChains::Way> FilterChains::Cheapest(const std::string &from,
-                                                        const std::string &to,
-                                                        std::vector<std::string> &visited) const {
-  const auto begins = [&from](const FilterLine &line) {
-    return line.source == from && (!line.most || kSize <= *line.most);
-  };
-  std::optional<Way> best;
-  for (const FilterLine &line : conversions_) {
-    if (begins(line) && line.destination == to) best = Way{line.cost, {&line}};
-  }
-  visited.push_back(from);
-  for (const FilterLine &line : conversions_) {
-    if (!begins(line) || line.destination == to) continue;
-    if (std::ranges::find(visited, line.destination) != visited.end()) continue;
-    std::optional<Way> rest = Cheapest(line.destination, to, visited);
-    if (!rest || (best && rest->cost + line.cost >= best->cost)) continue;
-    rest->cost += line.cost;
-    rest->lines.insert(rest->lines.begin(), &line);
-    best = std::move(rest);
-  }
-  visited.pop_back();
-  return best;
-}
-
-std::vector<std::string> FilterChains::ProgramsOn(const Way &way) const {
+std::vector<std::string> FilterChains::ProgramsOn(const std::vector<FilterLine> &way) const {
   std::vector<std::string> programs;
-  for (const FilterLine *line : way.lines) {
-    if (line->program == kPassedOn) continue;
-    const auto before = std::ranges::find(before_, line->source, &FilterLine::source);
+  for (const FilterLine &line : way) {
+    if (line.program == kPassedOn) continue;
+    const auto before = std::ranges::find(before_, line.source, &FilterLine::source);
     if (before != before_.end()) programs.push_back(before->program);
-    programs.push_back(line->program);
+    programs.push_back(line.program);
   }
   return programs;
 }
@@ -94,8 +63,7 @@ std::optional<std::vector<std::string>> FilterChains::For(const std::string &typ
 
 std::optional<std::vector<std::string>> FilterChains::For(const std::string &type,
                                                           const std::string &destination) const {
-  std::vector<std::string> visited;
-  const std::optional<Way> way = Cheapest(type, kPrinter + destination, visited);
+  const auto way = CheapestWay(conversions_, type, kPrinter + destination);
   if (!way) return std::nullopt;
   return ProgramsOn(*way);
 }

@@ -24,10 +24,7 @@ class FilterChains {
   bool HasDestination(const std::string &type) const;
 
  private:
-  struct Way;
-  std::optional<Way> Cheapest(const std::string &from, const std::string &to,
-                              std::vector<std::string> &visited) const;
-  std::vector<std::string> ProgramsOn(const Way &way) const;
+  std::vector<std::string> ProgramsOn(const std::vector<FilterLine> &way) const;
   void Add(const std::string &source, const std::string &destination, const FilterLine &line);
 
   std::vector<FilterLine> conversions_;  // sorted by types

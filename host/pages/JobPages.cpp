@@ -6,8 +6,10 @@
 
 #include "host/base/Localized.h"
 #include "host/base/WholeFile.h"
+#include "host/chain/CheapestWay.h"
+#include "host/chain/MimeTables.h"
+#include "host/chain/ServerFolders.h"
 #include "host/cups/JobTransfer.h"
-#include "host/pages/Conversions.h"
 #include "host/pages/DocumentType.h"
 #include "host/pages/FilterRun.h"
 #include "host/pages/LayoutOptions.h"
@@ -103,17 +105,17 @@ class Maker {
     fs::path document = file;
     std::string made = *type;
     if (*type != kPdf) {
-      const std::vector<Conversion> way = WayFrom(*type);
+      const std::vector<FilterLine> way = WayFrom(*type);
       if (way.empty()) {
         return failure({Localized(
             "no program here makes pages of documents of the type %1; install the package %2",
             {*type, "cups-filters"})});
       }
-      for (const Conversion &step : way) {
+      for (const FilterLine &step : way) {
         Expected<fs::path> next = Converted(document, step);
         if (!next) return failure(next.failure());
         document = std::move(*next);
-        made = step.to;
+        made = step.destination;
       }
     }
     Expected<fs::path> program = SystemFilter("pdftopdf");
@@ -143,21 +145,24 @@ class Maker {
   }
 
   // To PDF, or, where the converter lays out the pages itself, to what it makes.
-  std::vector<Conversion> WayFrom(const std::string &type) {
+  std::vector<FilterLine> WayFrom(const std::string &type) {
     if (conversions_.empty()) {
-      conversions_ = ReadConversions(SystemTables() / "mime");
-      std::erase_if(conversions_, [](const Conversion &step) { return step.from == kPdf; });
+      conversions_ = MimeTables(FindServerFolders()).conversions();
+      std::erase_if(conversions_, [](const FilterLine &step) {
+        return step.source == kPdf || step.program == kPassedOn;
+      });
     }
-    std::vector<Conversion> way = WayBetween(conversions_, type, kPdf);
-    return way.empty() ? WayBetween(conversions_, type, kLaidOutPdf) : way;
+    auto way = CheapestWay(conversions_, type, kPdf);
+    if (!way) way = CheapestWay(conversions_, type, kLaidOutPdf);
+    return way.value_or(std::vector<FilterLine>());
   }
 
-  Expected<fs::path> Converted(const fs::path &document, const Conversion &conversion) {
-    Expected<fs::path> program = SystemFilter(conversion.filter);
+  Expected<fs::path> Converted(const fs::path &document, const FilterLine &conversion) {
+    Expected<fs::path> program = SystemFilter(conversion.program);
     if (!program) return program.failure();
     FilterStep step{.program = *program,
-                    .from = conversion.from,
-                    .to = conversion.to,
+                    .from = conversion.source,
+                    .to = conversion.destination,
                     .in = document,
                     .out = NewFile(".converted"),
                     .ppd = ppd_,
@@ -214,7 +219,7 @@ class Maker {
   PrivateFolder folder_;
   const std::atomic<bool> &cancel_;
   fs::path ppd_, ppd_of_part_;
-  std::vector<Conversion> conversions_;
+  std::vector<FilterLine> conversions_;
   int files_ = 0;
 };
 

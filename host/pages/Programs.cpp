@@ -2,10 +2,10 @@
 
 #include <unistd.h>
 
-#include <cstdlib>
 #include <vector>
 
 #include "host/base/Localized.h"
+#include "host/chain/ServerFolders.h"
 
 namespace fs = std::filesystem;
 
@@ -23,21 +23,6 @@ fs::path Here() {
   return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-// The value of the variable, or the first of these that is there.
-fs::path Folder(const char *variable, const std::vector<const char *> &usual) {
-  if (const char *named = std::getenv(variable); named != nullptr && *named == '/') return named;
-  for (const char *folder : usual) {
-    std::error_code error;
-    if (fs::is_directory(folder, error)) return folder;
-  }
-  return usual.front();
-}
-
-fs::path SystemFilters() {
-  return Folder("CUPS_SERVERBIN", {"/usr/lib/cups", "/usr/libexec/cups", "/usr/lib64/cups"}) /
-         "filter";
-}
-
 Expected<fs::path> FirstOf(const std::vector<fs::path> &candidates, const std::string &package) {
   for (const fs::path &candidate : candidates) {
     if (IsProgram(candidate)) return candidate;
@@ -50,13 +35,13 @@ Expected<fs::path> FirstOf(const std::vector<fs::path> &candidates, const std::s
 }  // namespace
 
 Expected<fs::path> SystemFilter(const std::string &name) {
-  return FirstOf({SystemFilters() / name}, kFiltersPackage);
+  return FirstOf({FindServerFolders().FilterAt(name)}, kFiltersPackage);
 }
 
 Expected<fs::path> ProgramOf(const DocumentFilter &filter) {
   return FirstOf(
       {Here() / filter.program, (Here() / "../lib/cups/filter" / filter.program).lexically_normal(),
-       SystemFilters() / filter.program},
+       FindServerFolders().FilterAt(filter.program)},
       filter.package);
 }
 
@@ -71,5 +56,3 @@ Expected<void> CheckPrograms(const DocumentFilter &filter) {
   if (auto path = PdfHelper(); !path) return path.failure();
   return {};
 }
-
-fs::path SystemTables() { return Folder("CUPS_DATADIR", {"/usr/share/cups"}); }

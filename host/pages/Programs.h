@@ -23,7 +23,4 @@ Expected<std::filesystem::path> PdfHelper();
 // That the pages of a document can be made here.
 Expected<void> CheckPrograms(const DocumentFilter &filter);
 
-// The folder of the print system's tables, which CUPS_DATADIR names.
-std::filesystem::path SystemTables();
-
 #endif
