@@ -134,11 +134,15 @@ TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
                              .options = {{"VQBNSize", "Small"}},
                              .ticket = "ticket"};
   EXPECT_EQ(Shape(Json::parse(settings.Json())), Shape(shown[0]));
-  const std::string check =
-      CheckJson({{.file = "file", .readable = true, .color = true, .panels = {"Panel"}}});
+  const std::string check = CheckJson({{.file = "file",
+                                        .readable = true,
+                                        .color = true,
+                                        .panels = {"Panel"},
+                                        .applications = {{"Bundle", Application::By::kPrinter}}}});
   EXPECT_EQ(Shape(Json::parse(check)), Shape(shown[1]));
   QueueResult queue;
   queue.panels = {"Panel"};
+  queue.applications = {{"Bundle", Application::By::kPrinter}};
   EXPECT_EQ(Shape(Json::parse(QueuesJson({queue}))), Shape(shown[2]));
 }
 
