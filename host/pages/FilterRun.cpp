@@ -10,6 +10,7 @@
 #include "host/base/OneLine.h"
 #include "host/base/Text.h"
 #include "host/base/Utf8.h"
+#include "host/chain/ServerFolders.h"
 #include "host/cups/JobTransfer.h"
 #include "host/pages/ChildProgram.h"
 #include "host/pages/LayoutOptions.h"
@@ -21,7 +22,7 @@ namespace {
 
 // As a print server has it, for messages and numbers in one language.
 std::map<std::string, std::string> EnvironmentOf(const FilterStep &step) {
-  const std::string tables = SystemTables().string();
+  const std::string tables = FindServerFolders().data.string();
   return {{"CHARSET", "utf-8"},
           {"CONTENT_TYPE", step.from},
           {"CUPS_DATADIR", tables},

@@ -69,7 +69,8 @@ TEST_F(PrintHereRefusal, NamesThePackageOfAMissingLayoutProgram) {
 TEST_F(PrintHereRefusal, NamesThePackageOfAMissingConverter) {
   EXPECT_EQ(Refusal(File("a.txt", "Text\n"), Without("texttopdf")),
             "pdeprint: cannot print " + (folder_.path() / "a.txt").string() +
-                ": the program texttopdf is not there; install the package cups-filters\n");
+                ": no program here makes pages of documents of the type text/plain; install the "
+                "package cups-filters\n");
 }
 
 TEST_F(PrintHereRefusal, NamesThePackageOfAMissingDocumentFilter) {

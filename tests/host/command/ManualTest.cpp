@@ -135,13 +135,17 @@ TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
                              .options = {{"VQBNSize", "Small"}},
                              .ticket = "ticket"};
   EXPECT_EQ(Shape(Json::parse(settings.Json())), Shape(shown[0]));
-  const std::string check =
-      CheckJson({{.file = "file", .readable = true, .color = true, .panels = {"Panel"}}});
+  const std::string check = CheckJson({{.file = "file",
+                                        .readable = true,
+                                        .color = true,
+                                        .panels = {"Panel"},
+                                        .applications = {{"Bundle", Application::By::kPrinter}}}});
   EXPECT_EQ(Shape(Json::parse(check)), Shape(shown[1]));
   const std::string changes = ChangesJson({{.queue = "A", .state = ChangeState::kChanged}});
   EXPECT_EQ(Shape(Json::parse(changes)), Shape(shown[2]));
   QueueResult queue;
   queue.panels = {"Panel"};
+  queue.applications = {{"Bundle", Application::By::kPrinter}};
   EXPECT_EQ(Shape(Json::parse(QueuesJson({queue}))), Shape(shown[3]));
 }
 

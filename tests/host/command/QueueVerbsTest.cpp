@@ -194,7 +194,7 @@ TEST_F(QueueVerbs, CheckDoesNotKnowAnInstanceThatTheUserHasNotMade) {
 TEST_F(QueueVerbs, SettingsChangesATicketForAQueue) {
   const std::string ticket = folder_.path() / "job.plist";
   const std::string report =
-      "Panel: Background Numbering, by the printer\n"
+      "Panel: Background Numbering\n"
       "Summary:\n"
       "  Size: Medium\n"
       "  Density: Medium\n"
