@@ -4,10 +4,8 @@
 
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
-#include "host/pages/DocumentType.h"
 #include "host/pages/JobPages.h"
 #include "host/pages/LayoutOptions.h"
-#include "host/ppd/FilterLines.h"
 
 namespace fs = std::filesystem;
 
@@ -64,7 +62,9 @@ Expected<int> PrintPages(const PrintServer &server, const JobRequest &request,
   if (!file) return file.failure();
   JobRequest laid_out = ordinary;
   laid_out.options = OptionsOfLaidOut(ordinary.options);
-  laid_out.options["document-format"] = kLaidOutPdf;
+  JobOptions more = here->sent_with;
+  if (laid_out.options.contains("PageSize")) more.erase("media");
+  laid_out.options.merge(more);
   laid_out.files = {*file};
   return server.Print(laid_out, progress);
 }

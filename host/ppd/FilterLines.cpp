@@ -1,5 +1,6 @@
 #include "host/ppd/FilterLines.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "host/base/Text.h"
@@ -80,4 +81,14 @@ std::vector<FilterLine> PreFilterLinesOf(const PPDFile &ppd) {
 bool IsForDocuments(const FilterLine &line) {
   return line.source != "application/vnd.cups-command" &&
          line.source != "application/vnd.cups-raw" && line.source != "application/octet-stream";
+}
+
+bool LeavesLayoutToOthers(const PPDFile &ppd) {
+  const std::vector<FilterLine> lines = FilterLinesOf(ppd);
+  return std::ranges::any_of(lines,
+                             [](const FilterLine &line) {
+                               return line.source == "application/pdf" && line.program == kPassedOn;
+                             }) &&
+         std::ranges::none_of(lines,
+                              [](const FilterLine &line) { return line.source == kLaidOutPdf; });
 }

@@ -38,6 +38,10 @@ std::vector<FilterLine> FilterLinesOf(const PPDFile &ppd);
 // What runs before filters that take the source.
 std::vector<FilterLine> PreFilterLinesOf(const PPDFile &ppd);
 
+// Whether PDF documents are passed on before their pages are laid out: another print server does
+// that.
+bool LeavesLayoutToOthers(const PPDFile &ppd);
+
 // Commands for the printer and documents that are ready for it take no part in options.
 bool IsForDocuments(const FilterLine &line);
 

@@ -15,10 +15,19 @@ DocumentFilter FilterOf(const PrinterOptions &options) {
   return {options.document_filter, options.name, options.document_package};
 }
 
-Expected<void> CheckTakesPages(const std::set<std::string> &formats) {
-  if (formats.contains(kLaidOutPdf)) return {};
-  return Failure{
-      Localized("its print server does not take documents of the type %1", {kLaidOutPdf})};
+// Another print server would lay out pages again that it gets as documents; with the paper that
+// they have it leaves them as they are.
+JobOptions SentWith(const PPDFile &ppd) {
+  if (!LeavesLayoutToOthers(ppd)) return {{"document-format", kLaidOutPdf}};
+  JobOptions options = {{"document-format", kPdf}};
+  const std::string paper = ppd.DefaultChoice("PageSize");
+  if (!paper.empty()) options["media"] = paper;
+  return options;
+}
+
+Expected<void> CheckTakes(const std::string &format, const std::set<std::string> &formats) {
+  if (formats.contains(format)) return {};
+  return Failure{Localized("its print server does not take documents of the type %1", {format})};
 }
 
 // The PPD file with the bundle's options.
@@ -40,12 +49,14 @@ JobOptions Added(const PPDFile &before, const PPDFile &after) {
 Expected<void> ApplyHere(QueueAbility &ability, const PrinterOptions &options,
                          const std::set<std::string> &formats) {
   const DocumentFilter filter = FilterOf(options);
-  if (auto takes = CheckTakesPages(formats); !takes) return takes;
+  JobOptions sent_with = SentWith(*ability.ppd);
+  if (auto takes = CheckTakes(sent_with["document-format"], formats); !takes) return takes;
   if (auto programs = CheckPrograms(filter); !programs) return programs;
   Expected<PPDFile> extended = Extended(*ability.ppd, options);
   if (!extended) return extended.failure();
   if (!ability.here) ability.here.emplace();
   ability.here->ppd = extended->source();
+  ability.here->sent_with = std::move(sent_with);
   ability.here->filters.push_back(filter);
   ability.here->defaults.merge(Added(*ability.ppd, *extended));
   ability.ppd = std::move(*extended);

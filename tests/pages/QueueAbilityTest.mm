@@ -43,6 +43,18 @@ OBJC_TEST(QueueAbility, ApprovesOnlyServersThatTakePages) {
   EXPECT_FALSE(ability.ppd->HasOption("VQBackgroundNumbering"));
 }
 
+OBJC_TEST(QueueAbility, SendsPagesAsTheQueueLeavesThemAsTheyAre) {
+  EXPECT_EQ((JobOptions{{"document-format", "application/vnd.cups-pdf"}}),
+            AbilityWith(Plain(), kPages).here->sent_with);
+  const std::string remote = Plain() + "*cupsFilter2: \"application/pdf application/pdf 0 -\"\n";
+  EXPECT_EQ((JobOptions{{"document-format", "application/pdf"}, {"media", "A4"}}),
+            AbilityWith(remote, kPages).here->sent_with);
+  const std::string both =
+      remote + "*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 -\"\n";
+  EXPECT_EQ((JobOptions{{"document-format", "application/vnd.cups-pdf"}}),
+            AbilityWith(both, kPages).here->sent_with);
+}
+
 OBJC_TEST(QueueAbility, LeavesPrintersAloneThatCan) {
   const QueueAbility ability = AbilityWith(NumberingPPDText(true), kPages);
   EXPECT_FALSE(ability.here);

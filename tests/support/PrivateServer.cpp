@@ -101,6 +101,7 @@ void PrivateServer::Configure() const {
   for (const fs::directory_entry &filter : fs::directory_iterator("/usr/lib/cups/filter")) {
     fs::create_symlink(filter.path(), folder_ / "bin/filter" / filter.path().filename());
   }
+  fs::create_symlink("/usr/lib/cups/backend/ipp", folder_ / "bin/backend/ipp");
   // Filters may run as another user.
   fs::permissions(folder_ / "tmp", fs::perms::all | fs::perms::sticky_bit);
   // A printer that keeps what it gets. A backend that is its owner's alone runs as its owner, not
