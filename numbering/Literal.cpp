@@ -1,8 +1,8 @@
 #include "numbering/Literal.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <string_view>
 
 namespace numbering {
@@ -12,25 +12,23 @@ namespace {
 // No value of a page is beyond what PDF's integers hold; where one is, the page is broken anyway.
 constexpr double kLargest = 2147483647;
 
+// Without std::to_chars, which older releases of macOS do not have for these.
 std::string_view Write(std::array<char, 32> &buffer, double value, int decimals) {
   if (!std::isfinite(value)) value = 0;
   value = std::fmin(std::fmax(value, -kLargest), kLargest);
-  char *begin = buffer.data() + 1;  // one place for a sign, where a leading zero goes
-  char *end =
-      std::to_chars(begin, buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals)
-          .ptr;
-  if (decimals > 0) {
-    while (end[-1] == '0') --end;
-    if (end[-1] == '.') --end;
+  for (int i = 0; i < decimals; ++i) value *= 10;
+  const long long rounded = std::llrint(value);
+  unsigned long long rest = static_cast<unsigned long long>(std::llabs(rounded));
+  char *const end = buffer.data() + buffer.size();
+  char *begin = end;
+  for (int i = 0; i < decimals; ++i, rest /= 10) {
+    if (rest % 10 != 0 || begin != end) *--begin = static_cast<char>('0' + rest % 10);
   }
-  const bool negative = *begin == '-';
-  char *digits = begin + (negative ? 1 : 0);
-  if (*digits == '0' && end - digits > 1) {
-    ++digits;
-    if (negative) *(digits - 1) = '-';
-  }
-  if (*digits == '0') return "0";  // never -0
-  return {negative ? digits - 1 : digits, end};
+  if (begin != end) *--begin = '.';
+  for (; rest != 0; rest /= 10) *--begin = static_cast<char>('0' + rest % 10);
+  if (begin == end) return "0";
+  if (rounded < 0) *--begin = '-';
+  return {begin, end};
 }
 
 }  // namespace

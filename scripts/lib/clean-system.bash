@@ -78,12 +78,12 @@ user_on_system() {
     sh -c 'mkdir -p /tmp/user && HOME=/tmp/user exec "$@"' - "${@:2}"
 }
 
-# The names of all files there, but for those of nobody, packages that have been fetched, and what a
-# print server keeps: its queues with their PPD files, lists of models, logs and jobs.
+# The names of all files there, but for those of nobody, packages that have been fetched, what debconf
+# keeps, and what a print server keeps: its queues with their PPD files, lists of models, logs and jobs.
 #   list_files ROOT
 list_files() {
   local place places=()
-  for place in proc dev tmp var/cache/apt/archives etc/cups run/cups var/{cache,log,spool}/cups; do
+  for place in proc dev tmp var/cache/{apt/archives,debconf} etc/cups run/cups var/{cache,log,spool}/cups; do
     places+=(-path "./$place" -prune -o)
   done
   (cd "$1" && find . "${places[@]}" -print) | sort

@@ -1,11 +1,14 @@
 // What happens around the filter: no room, no folder, being ended.
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
+#include "filter/Descriptor.h"
 #include "tests/filter/FilterRun.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/RawPdf.h"
@@ -59,15 +62,17 @@ TEST(Trouble, WhereTheTemporaryFolderIsFullPagesAreWithoutNumbers) {
   }
 }
 
+// What is still to come of the document would be this process's.
 TEST(Trouble, CanceledItEndsAtOnceAndLeavesNothing) {
-  const TemporaryFolder temporary;
+  const TemporaryFolder temporary, folder;
+  const std::string input = folder.path() / "input";
+  ASSERT_EQ(mkfifo(input.c_str(), 0600), 0);
+  const Descriptor sender(open(input.c_str(), O_RDWR | O_CLOEXEC));
+  ASSERT_TRUE(WriteAll(sender.get(), std::string(10'000, '\0')));
   RunOptions options;
   options.environment = {{"TMPDIR", temporary.path().string()}};
   RunningProgram program(
-      {"bash", "-c",
-       "exec \"$0\" 1 user title 1 \"$1\" < <(head -c 100000 /dev/zero; exec sleep 1000)", kFilter,
-       kOn},
-      options);
+      {"bash", "-c", "exec \"$0\" 1 user title 1 \"$1\" <\"$2\"", kFilter, kOn, input}, options);
   const std::string descriptors = "/proc/" + std::to_string(program.pid()) + "/fd";
   const auto has_read = [&] {
     std::error_code error;
