@@ -1,7 +1,7 @@
 # Sourced by what runs commands on virtual displays.
 
-# Starts a display and a window manager, which write into the folder, sets DISPLAY, and names the two
-# processes in `servers`. One that does not come up beside others is ended, and another one started.
+# Starts a display, a window manager and, where there is GNUstep, its pasteboard server, which write into
+# the folder, sets DISPLAY, and names the processes in `servers`. One that does not come up beside others is ended, and another one started.
 #   start_display FOLDER
 start_display() {
   local folder=$1 tool attempt
@@ -15,7 +15,7 @@ start_display() {
     start_servers "$folder" && return
     end_servers
   done
-  cat "$folder/xvfb.log" "$folder/openbox.log" >&2
+  cat "$folder"/*.log >&2
   echo "${0##*/}: no display with a window manager comes up, tried $attempt times" >&2
   return 1
 }
@@ -36,7 +36,22 @@ start_servers() {
   for ((wait = 0; wait < 600; wait++)); do
     kill -0 "${servers[0]}" 2>/dev/null && kill -0 "${servers[1]}" 2>/dev/null || return 1
     # What it supports is the last that it says of itself.
-    [[ $(xprop -root _NET_SUPPORTED 2>/dev/null) == *_NET_ACTIVE_WINDOW* ]] && return
+    [[ $(xprop -root _NET_SUPPORTED 2>/dev/null) == *_NET_ACTIVE_WINDOW* ]] && break
+    read -r -t 0.05 -u 3 3<>"$folder/display" || true
+  done
+  ((wait < 600)) && start_pasteboards "$folder"
+}
+
+# One that programs start themselves ends with the last of them, in the middle of the next one's work.
+#   start_pasteboards FOLDER
+start_pasteboards() {
+  local folder=$1 wait
+  command -v gpbs >/dev/null || return 0
+  TMPDIR=$folder TEMP=$folder gpbs --no-fork >"$folder/gpbs.log" 2>&1 &
+  servers+=($!)
+  for ((wait = 0; wait < 600; wait++)); do
+    kill -0 "${servers[2]}" 2>/dev/null || return 1
+    [[ -z $(find "$folder" -path '*/NSMessagePort/names/*' -print -quit) ]] || return 0
     read -r -t 0.05 -u 3 3<>"$folder/display" || true
   done
   return 1

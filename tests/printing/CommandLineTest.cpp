@@ -20,9 +20,11 @@ void ExpectSameTexts(const std::vector<PrintedPage> &expected,
   }
 }
 
+// With the renderer for which pdeprint asks in jobs with numbers: another one makes other
+// PostScript of the same pages.
 PrintedJob SentByLp(const Settings &settings, const std::string &document) {
   const TemporaryFolder folder;
-  Arguments command = {"lp", "-d", "Color"};
+  Arguments command = {"lp", "-d", "Color", "-o", "pdftops-renderer=pdftocairo"};
   for (const auto &[name, value] : settings)
     command = command + Arguments{"-o", name + '=' + value};
   return PrintedJob(command + Arguments{folder.Write("document", document)});
