@@ -88,6 +88,12 @@ Failure HasNoPPD(const std::string &queue) {
   return Failure{Localized("the queue %1 has no PPD file", {queue})};
 }
 
+// The PPD file that the server has for it is one of its printers'.
+Failure IsClass(const PrintServer &server, const std::string &name) {
+  return Failure{Localized("%1 on the print server %2 is a class of printers; name one of them",
+                           {name, server.Address()})};
+}
+
 // An instance has its queue's.
 std::string NameWithoutInstance(const Queue &queue) {
   return queue.name.substr(0, queue.name.find('/'));
@@ -158,6 +164,7 @@ int ChangeQueue(const PPDChangeOptions &options, const PPDChange &change) {
   const PrintServer server = ServerOf(options);
   const Expected<Queue> queue = server.FindQueue(options.queue);
   if (!queue) return Failed(queue.message());
+  if (queue->is_class) return Failed(IsClass(server, queue->name).message);
   const Expected<std::optional<PPDToChange>> ppd = TakeQueue(server, *queue);
   if (!ppd) return Failed(ppd.message());
   if (!*ppd) return Failed(HasNoPPD(NameWithoutInstance(*queue)).message);
@@ -170,14 +177,15 @@ int ChangeQueue(const PPDChangeOptions &options, const PPDChange &change) {
 // A failure is the server's, or one of writing.
 Expected<ChangeResult> ResultFor(const PPDChangeOptions &options, const PPDChange &change,
                                  const PrintServer &server, const Queue &queue) {
-  const Expected<std::optional<PPDToChange>> ppd = TakeQueue(server, queue);
-  if (!ppd) return ppd.failure();
   ChangeResult result{.queue = queue.name};
   const auto refused = [&result](const Failure &failure) {
     result.state = ChangeState::kRefused;
     result.text = failure.message;
     return result;
   };
+  if (queue.is_class) return refused(IsClass(server, queue.name));
+  const Expected<std::optional<PPDToChange>> ppd = TakeQueue(server, queue);
+  if (!ppd) return ppd.failure();
   if (!*ppd) return refused(HasNoPPD(queue.name));
   Expected<ChangedPPD> changed = change.make(**ppd);
   if (!changed) return refused(changed.failure());

@@ -106,16 +106,6 @@ Expected<std::optional<PPDFile>> FetchPPD(const ServerConnection &server, const 
 
 Expected<std::optional<std::string>> FetchPPDText(const ServerConnection &server,
                                                   const std::string &name) {
-  IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES, WithoutInstance(name));
-  AskFor(request.get(), {"printer-type"});
-  const IppMessage answer = server.Ask(std::move(request));
-  if (server.IsBroken()) {
-    return server.Refused(Localized("the print server %1 does not describe %3: %2"), name);
-  }
-  if ((NumberOf(answer.get(), "printer-type") & CUPS_PRINTER_CLASS) != 0) {
-    return Failure{Localized("%1 on the print server %2 is a class of printers; name one of them",
-                             {name, server.address()})};
-  }
   const MemoryFile file;
   Expected<bool> is_there = FetchPPDInto(file, server, name);
   if (!is_there) return is_there.failure();

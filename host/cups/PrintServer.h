@@ -59,8 +59,8 @@ class PrintServer {
   // No value inside: the queue has no PPD file.
   Expected<std::optional<PPDFile>> PPDOfQueue(const std::string &name) const;
 
-  // The bytes of its PPD file; no value inside: it has none. A class, which has its printers', is a
-  // failure.
+  // The bytes of its PPD file; no value inside: it has none. Of a class they are one of its
+  // printers'.
   Expected<std::optional<std::string>> PPDTextOfQueue(const std::string &name) const;
 
   // Gives a queue this PPD file, as its administrator. All else that the server keeps of the queue

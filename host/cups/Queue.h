@@ -31,6 +31,7 @@ struct Queue {
   std::string state_message;  // the server's words
   bool accepts_jobs = true;
   bool is_temporary = false;  // made for a printer on the network, and gone some time after its use
+  bool is_class = false;  // its jobs go to one of several printers: it has no PPD file of its own
   OfferedOptions offered;
   DocumentFormats formats;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue

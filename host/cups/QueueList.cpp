@@ -75,6 +75,8 @@ void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
     queue.accepts_jobs = ippGetBoolean(value, 0) != 0;
   } else if (attribute == "printer-is-temporary") {
     queue.is_temporary = ippGetBoolean(value, 0) != 0;
+  } else if (attribute == "printer-type") {
+    queue.is_class = (ippGetInteger(value, 0) & CUPS_PRINTER_CLASS) != 0;
   } else if (attribute == "printer-state") {
     const int state = ippGetInteger(value, 0);
     queue.state = state == IPP_PSTATE_STOPPED      ? QueueState::kStopped
@@ -151,8 +153,9 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
   AskFor(request.get(),
          {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
           "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "document-format-supported", "printer-is-temporary", "job-creation-attributes-supported",
-          "job-hold-until-supported", "multiple-document-handling-supported", "number-up-supported",
+          "document-format-supported", "printer-is-temporary", "printer-type",
+          "job-creation-attributes-supported", "job-hold-until-supported",
+          "multiple-document-handling-supported", "number-up-supported",
           "orientation-requested-supported", "output-bin-supported", "print-color-mode-supported",
           "print-quality-supported", "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));

@@ -41,6 +41,16 @@ bool IsEmpty(const fs::path &file) {
   return fs::file_size(file, error) == 0 || error;
 }
 
+// Where no page is printed, a printer's own language may be all that there is.
+bool HasDocument(const fs::path &laid_out) {
+  constexpr size_t kLongestBefore = 1 << 16;
+  std::string begin(kLongestBefore, '\0');
+  std::ifstream file(laid_out, std::ios::binary);
+  file.read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  begin.resize(static_cast<size_t>(file.gcount()));
+  return begin.find("%PDF-") != std::string::npos;
+}
+
 Failure NoPage() { return Failure{Localized("no page is to be printed")}; }
 
 Failure MakesNothing(const FilterStep &step) {
@@ -130,7 +140,7 @@ class Maker {
         .title = request_.title,
         .options = made == kPdf ? request_.options : OptionsForCopies(request_.options)};
     Expected<FilterWords> words = RunFilter(step, cancel_);
-    if (words) return IsEmpty(step.out) ? fs::path() : step.out;
+    if (words) return HasDocument(step.out) ? step.out : fs::path();
     // The reason in plain words, where the document itself is.
     Expected<int> count = CountPages(document, step.out, cancel_);
     return failure(count ? words.failure() : count.failure());

@@ -11,6 +11,12 @@ using testing::Not;
 
 namespace {
 
+// Of a printer that has one for its jobs, around the document.
+constexpr char kJobLanguage[] =
+    "*JCLBegin: \"<1B>%-12345X@PJL JOB<0A>\"\n"
+    "*JCLToPDFInterpreter: \"@PJL ENTER LANGUAGE=PDF<0A>\"\n"
+    "*JCLEnd: \"<1B>%-12345X@PJL EOJ<0A><1B>%-12345X\"\n";
+
 class PrintHereLayout : public UnpreparedQueues {
  protected:
   Printed Three(const Arguments &more) const {
@@ -77,12 +83,7 @@ TEST_F(PrintHereLayout, RangesAreThoseOfEachFile) {
 }
 
 TEST_F(PrintHereLayout, PagesKeepTheLanguageOfThePrinter) {
-  server().AddQueue(
-      {.name = "Jcl",
-       .ppd = File("jcl.ppd", PdfPrinter("*JCLBegin: \"<1B>%-12345X@PJL JOB<0A>\"\n"
-                                         "*JCLToPDFInterpreter: \"@PJL ENTER "
-                                         "LANGUAGE=PDF<0A>\"\n*JCLEnd: "
-                                         "\"<1B>%-12345X@PJL EOJ<0A><1B>%-12345X\"\n"))});
+  server().AddQueue({.name = "Jcl", .ppd = File("jcl.ppd", PdfPrinter(kJobLanguage))});
   const std::string two = File("two.pdf", PlainPdf(2));
   for (const std::vector<std::string> &files : {std::vector{two}, std::vector{two, two}}) {
     const std::string out = Print("Jcl", kFrom25, files).out;
@@ -92,4 +93,15 @@ TEST_F(PrintHereLayout, PagesKeepTheLanguageOfThePrinter) {
     EXPECT_EQ(out.find("%PDF-"), out.rfind("%PDF-"));
     EXPECT_THAT(TextOfPdf(out.substr(out.find("%PDF-"))), HasSubstr("26"));
   }
+}
+
+TEST_F(PrintHereLayout, OfAFileWithoutPagesTheLanguageOfThePrinterIsNothing) {
+  server().AddQueue({.name = "Bare", .ppd = File("jcl.ppd", PdfPrinter(kJobLanguage))});
+  const std::string three = File("three.pdf", PlainPdf(3)), two = File("two.pdf", PlainPdf(2));
+  const Arguments third = kFrom25 + Arguments{"--set", "page-ranges=3"};
+  const std::string out = Print("Bare", third, {two, three}).out;
+  EXPECT_THAT(TextOfPdf(out.substr(out.find("%PDF-"))), HasSubstr("25"));
+  const RunResult result = Run(Arguments{"print", "-d", "Bare"} + third + Arguments{two});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "pdeprint: no page is to be printed\n");
 }

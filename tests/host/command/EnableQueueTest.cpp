@@ -157,6 +157,19 @@ TEST_F(EnableQueue, RefusesQueuesThatItCannotChange) {
   EXPECT_FALSE(fs::exists(Here("Raster.ppd")));
 }
 
+TEST_F(EnableQueue, RefusesAClassOfPrinters) {
+  AddQueue("Member");
+  const std::string before = ContentOf(FileOf("Member"));
+  server().Run({"/usr/sbin/lpadmin", "-p", "Member", "-c", "Class"});
+  for (const char *verb : {"enable", "disable"}) {
+    EXPECT_EQ("pdeprint: Class on the print server " + server().address() +
+                  " is a class of printers; name one of them\n",
+              Refusal({verb, "-d", "Class", "--apply"}));
+  }
+  EXPECT_FALSE(fs::exists(FileOf("Class")));
+  EXPECT_EQ(before, ContentOf(FileOf("Member")));
+}
+
 TEST_F(EnableQueue, TheCodeOfTheOptionsArrivesAtThePrinter) {
   AddQueue("Code");
   ResultOf({"enable", "-d", "Code", "--apply"});

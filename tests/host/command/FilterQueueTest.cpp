@@ -292,6 +292,8 @@ TEST_F(FilterQueue, AllQueuesAreEnabledAndDisabledWithAReport) {
   add("Raster", kRaster);
   add("Remote", kRemote);
   other.AddQueue({.name = "Raw"});
+  // A server with a class is no failure.
+  other.Run({"/usr/sbin/lpadmin", "-p", "Laser", "-c", "Team"});
   const auto ppd = [&](const std::string &queue) {
     return ContentOf(other.programs().parent_path() / "root/ppd" / (queue + ".ppd"));
   };
@@ -310,11 +312,13 @@ TEST_F(FilterQueue, AllQueuesAreEnabledAndDisabledWithAReport) {
             "backgroundnumbers\n"
             "Raw: refused: the queue Raw has no PPD file\n"
             "Remote: refused: another print server prepares its documents; enable the queue there, "
-            "or print with pdeprint\n");
+            "or print with pdeprint\n"
+            "Team: refused: Team on the print server " +
+                other.address() + " is a class of printers; name one of them\n");
   const RunResult again = run({"enable", "--all", "--apply", "--json"});
   EXPECT_EQ(again.status, 0) << again.err;
   const Json report = Parsed(again.out);
-  ASSERT_EQ(report.size(), 4u);
+  ASSERT_EQ(report.size(), 5u);
   EXPECT_EQ(report[0]["queue"], "Laser");
   EXPECT_EQ(report[0]["state"], "unchanged");
   EXPECT_EQ(report[0]["reason"], nullptr);

@@ -72,13 +72,6 @@ TEST_F(ReplacePPD, AQueueMayHaveNone) {
   EXPECT_EQ(TextOf("Raw"), "none");
 }
 
-TEST_F(ReplacePPD, AClassIsRefused) {
-  AddQueue("Member");
-  server().Run({"/usr/sbin/lpadmin", "-p", "Member", "-c", "Class"});
-  EXPECT_EQ(TextOf("Class"), "Class on the print server " + server().address() +
-                                 " is a class of printers; name one of them");
-}
-
 TEST_F(ReplacePPD, AnUnknownQueueIsRefused) {
   AddQueue("Known");
   EXPECT_THAT(TextOf("Unknown"), HasSubstr("has no queue \"Unknown\"; there is "));
