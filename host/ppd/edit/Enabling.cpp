@@ -164,6 +164,15 @@ Failure DoNotFit(const PrinterOptions &options, const Failure &why) {
       {options.name, why.message}));
 }
 
+// The lines with the defaults that were chosen for the bundle's earlier block, whoever did its
+// work.
+std::string WithChoicesOf(const OptionBlock &block, const PPDFile &base,
+                          const PrinterOptions &bundle, const std::string &lines) {
+  const Doer doer = HasFilterOf({bundle}, {block}) ? Doer::kServersFilter : Doer::kPrinter;
+  const Expected<std::string> beginning = LinesFor(base, bundle, doer);
+  return WithDefaultsOf(block.lines, beginning ? *beginning : "", lines);
+}
+
 // Adds the block of a bundle, in the place of an earlier one's, whose defaults it keeps.
 Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOptions &bundle,
                         Doer doer, const std::vector<OptionBlock> &earlier) {
@@ -179,7 +188,7 @@ Expected<void> AddBlock(BlockedPPD &parts, const PPDFile &base, const PrinterOpt
     ordered = InLanguages(*languages, *ordered);
   }
   for (const OptionBlock &block : earlier) {
-    if (block.bundle == bundle.bundle) *ordered = WithDefaultsOf(block.lines, *ordered);
+    if (block.bundle == bundle.bundle) *ordered = WithChoicesOf(block, base, bundle, *ordered);
   }
   if (doer == Doer::kServersFilter) {
     Expected<std::string> filters = LinesForDocumentFilter(*others, bundle);

@@ -23,8 +23,14 @@ std::map<std::string_view, std::string_view> DefaultsIn(std::string_view lines) 
 
 }  // namespace
 
-std::string WithDefaultsOf(std::string_view earlier, std::string_view lines) {
-  const auto defaults = DefaultsIn(earlier);
+std::string WithDefaultsOf(std::string_view earlier, std::string_view beginning,
+                           std::string_view lines) {
+  const auto of_beginning = DefaultsIn(beginning);
+  auto defaults = DefaultsIn(earlier);
+  std::erase_if(defaults, [&of_beginning](const auto &option) {
+    const auto found = of_beginning.find(option.first);
+    return found != of_beginning.end() && found->second == option.second;
+  });
   const std::vector<PPDStatement> statements = StatementsOf(lines);
   std::set<std::pair<std::string_view, std::string_view>> choices;
   for (const PPDStatement &statement : statements) {

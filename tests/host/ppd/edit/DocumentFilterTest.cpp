@@ -199,6 +199,24 @@ TEST(EnablingWithFilter, StaysWithWhatWasAskedForBefore) {
             EnableOptions(PrinterText(), {DocumentOptions()})->text);
 }
 
+TEST(EnablingWithFilter, KeepsTheDefaultsThatWereChosenAndNoOthers) {
+  PrinterOptions options = DocumentOptions();
+  options.document.color = options.printer.color;
+  const std::string own = "*DefaultMarkSize: Small", printers = "*DefaultMarkSize: Large",
+                    chosen = "*DefaultMarkSize: 100";
+  options.printer.color.replace(options.printer.color.find(own), own.size(), printers);
+  const auto enabled = [&options](const std::string &ppd, DrawingMethod method) {
+    const Expected<EnabledPPD> result = EnableOptions(ppd, {options}, method);
+    return result ? result->text : result.message();
+  };
+  std::string ppd = enabled(PrinterText(), DrawingMethod::kPrinter);
+  EXPECT_THAT(ppd, HasSubstr(printers));
+  EXPECT_EQ(enabled(ppd, DrawingMethod::kFilter), enabled(PrinterText(), DrawingMethod::kFilter));
+  EXPECT_EQ(enabled(enabled(ppd, DrawingMethod::kFilter), DrawingMethod::kPrinter), ppd);
+  ppd.replace(ppd.find(printers), printers.size(), chosen);
+  EXPECT_THAT(enabled(ppd, DrawingMethod::kFilter), HasSubstr(chosen));
+}
+
 TEST(EnablingWithFilter, RefusesThePrinterThatCannot) {
   const std::string text = PrinterText(Line("application/vnd.cups-raster 50 rastertohp"));
   EXPECT_THAT(MessageOf(EnableOptions(text, {DocumentOptions()}, DrawingMethod::kPrinter)),

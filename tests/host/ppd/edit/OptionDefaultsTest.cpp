@@ -17,13 +17,18 @@ std::string WithSize(const std::string &choice) {
 }  // namespace
 
 TEST(OptionDefaults, AreThoseOfEarlierLines) {
-  EXPECT_EQ(WithSize("Large"), WithDefaultsOf(WithSize("Large"), kMarkLines));
+  EXPECT_EQ(WithSize("Large"), WithDefaultsOf(WithSize("Large"), kMarkLines, kMarkLines));
 }
 
 TEST(OptionDefaults, AreTheLinesOwnWhereTheChoiceIsGone) {
-  EXPECT_EQ(kMarkLines, WithDefaultsOf(WithSize("Huge"), kMarkLines));
+  EXPECT_EQ(kMarkLines, WithDefaultsOf(WithSize("Huge"), kMarkLines, kMarkLines));
 }
 
 TEST(OptionDefaults, AreTheLinesOwnWhereTheOptionIsNew) {
-  EXPECT_EQ(kMarkLines, WithDefaultsOf("*DefaultOther: Large\n", kMarkLines));
+  EXPECT_EQ(kMarkLines, WithDefaultsOf("*DefaultOther: Large\n", "", kMarkLines));
+}
+
+TEST(OptionDefaults, AreTheLinesOwnWhereNobodyHasChosen) {
+  EXPECT_EQ(kMarkLines, WithDefaultsOf(WithSize("Large"), WithSize("Large"), kMarkLines));
+  EXPECT_EQ(WithSize("100"), WithDefaultsOf(WithSize("100"), WithSize("Large"), kMarkLines));
 }
