@@ -18,8 +18,9 @@ struct DocumentFilter {
 struct PagesHere {
   std::string ppd;  // the printer's description, with the options
   std::vector<DocumentFilter> filters;
-  JobOptions sent_with;  // what the pages are sent with, but for what the job says itself
-  JobOptions defaults;   // of their options: what they have where nobody has chosen anything
+  JobOptions sent_with;          // what the pages are sent with, but for what the job says itself
+  JobOptions sent_with_banners;  // the same where the job has banner pages
+  JobOptions defaults;  // of their options: what they have where nobody has chosen anything
 };
 
 #endif

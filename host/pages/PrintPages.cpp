@@ -24,6 +24,11 @@ bool IsRaw(const JobOptions &options) {
          (format != options.end() && format->second == "application/vnd.cups-raw");
 }
 
+bool HasBanners(const JobOptions &options) {
+  const auto sheets = options.find("job-sheets");
+  return sheets != options.end() && sheets->second != "none" && sheets->second != "none,none";
+}
+
 // As the server shows it: with the name of the document.
 Expected<fs::path> Named(const JobPages &pages, const fs::path &document) {
   const fs::path folder = pages.folder.path() / "pages";
@@ -62,7 +67,7 @@ Expected<int> PrintPages(const PrintServer &server, const JobRequest &request,
   if (!file) return file.failure();
   JobRequest laid_out = ordinary;
   laid_out.options = OptionsOfLaidOut(ordinary.options);
-  JobOptions more = here->sent_with;
+  JobOptions more = HasBanners(ordinary.options) ? here->sent_with_banners : here->sent_with;
   if (laid_out.options.contains("PageSize")) more.erase("media");
   laid_out.options.merge(more);
   laid_out.files = {*file};

@@ -92,3 +92,9 @@ bool LeavesLayoutToOthers(const PPDFile &ppd) {
          std::ranges::none_of(lines,
                               [](const FilterLine &line) { return line.source == kLaidOutPdf; });
 }
+
+bool PassesPagesOn(const PPDFile &ppd) {
+  return std::ranges::any_of(FilterLinesOf(ppd), [](const FilterLine &line) {
+    return line.source == kLaidOutPdf && line.program == kPassedOn;
+  });
+}

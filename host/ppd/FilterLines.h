@@ -42,6 +42,9 @@ std::vector<FilterLine> PreFilterLinesOf(const PPDFile &ppd);
 // that.
 bool LeavesLayoutToOthers(const PPDFile &ppd);
 
+// Whether pages that are laid out as PDF go to the printer without any program at work on them.
+bool PassesPagesOn(const PPDFile &ppd);
+
 // Commands for the printer and documents that are ready for it take no part in options.
 bool IsForDocuments(const FilterLine &line);
 

@@ -15,14 +15,24 @@ DocumentFilter FilterOf(const PrinterOptions &options) {
   return {options.document_filter, options.name, options.document_package};
 }
 
-// Another print server would lay out pages again that it gets as documents; with the paper that
-// they have it leaves them as they are.
-JobOptions SentWith(const PPDFile &ppd) {
-  if (!LeavesLayoutToOthers(ppd)) return {{"document-format", kLaidOutPdf}};
+// Pages that are sent as documents are laid out again; with the paper that they have they stay as
+// they are.
+JobOptions AsDocument(const PPDFile &ppd) {
   JobOptions options = {{"document-format", kPdf}};
   const std::string paper = ppd.DefaultChoice("PageSize");
   if (!paper.empty()) options["media"] = paper;
   return options;
+}
+
+// Another print server takes documents alone.
+JobOptions SentWith(const PPDFile &ppd) {
+  if (LeavesLayoutToOthers(ppd)) return AsDocument(ppd);
+  return {{"document-format", kLaidOutPdf}};
+}
+
+// Of a job of several files, as banners make it, the server drops those on which no program works.
+JobOptions SentWithBanners(const PPDFile &ppd) {
+  return PassesPagesOn(ppd) ? AsDocument(ppd) : SentWith(ppd);
 }
 
 Expected<void> CheckTakes(const std::string &format, const std::set<std::string> &formats) {
@@ -57,6 +67,7 @@ Expected<void> ApplyHere(QueueAbility &ability, const PrinterOptions &options,
   if (!ability.here) ability.here.emplace();
   ability.here->ppd = extended->source();
   ability.here->sent_with = std::move(sent_with);
+  ability.here->sent_with_banners = SentWithBanners(*ability.ppd);
   ability.here->filters.push_back(filter);
   ability.here->defaults.merge(Added(*ability.ppd, *extended));
   ability.ppd = std::move(*extended);

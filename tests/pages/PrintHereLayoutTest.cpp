@@ -105,3 +105,22 @@ TEST_F(PrintHereLayout, OfAFileWithoutPagesTheLanguageOfThePrinterIsNothing) {
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.err, "pdeprint: no page is to be printed\n");
 }
+
+// The print server drops documents from such jobs on which no program of its works.
+TEST_F(PrintHereLayout, ADocumentWithBannersIsPrintedWithThem) {
+  for (const char *sheets : {"standard,none", "none,standard", "standard,standard"}) {
+    SCOPED_TRACE(sheets);
+    const Printed printed = Three({"--set", std::string("job-sheets=") + sheets});
+    size_t files = 0;
+    std::string text;
+    for (size_t at = printed.out.find("%PDF-"); at != std::string::npos; ++files) {
+      const size_t next = printed.out.find("%PDF-", at + 1);
+      text += TextOfPdf(printed.out.substr(at, next - at)) + ' ';
+      at = next;
+    }
+    for (const char *words : {"Page 3", " 25 ", " 26 ", " 27 "}) {
+      EXPECT_THAT(text, HasSubstr(words));
+    }
+    EXPECT_EQ(std::string(sheets) == "standard,standard" ? 3u : 2u, files);
+  }
+}
