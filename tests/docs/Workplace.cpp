@@ -37,8 +37,6 @@ Workplace::Workplace() {
     fs::create_directory_symlink(BINARY_DIRECTORY, folder_.path() / "build" / preset);
   }
   for (const char *place : kOwnPlaces) fs::create_directories(folder_.path().native() + place);
-  // Printers of the network are named, and sent nothing.
-  fs::create_symlink("/usr/lib/cups/backend/ipp", server_.home().parent_path() / "bin/backend/ipp");
   const fs::path numbering = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd";
   Write("report.pdf", TextPdf(3));
   Write("Office.ppd", ContentOf(numbering));

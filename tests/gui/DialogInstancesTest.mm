@@ -9,8 +9,7 @@ namespace {
 NSArray *DialogClasses() {
   return @[
     @"DialogWindow", @"FocusRing", @"PrintDialogView", @"PanelArea", @"WaitingView", @"Spinner",
-    @"OptionsView", @"SummaryView", @"ActionTarget", @"PollerTarget", @"FlippedView",
-    @"HostCallback"
+    @"OptionsView", @"SummaryView", @"ActionTarget", @"FlippedView", @"HostCallback"
   ];
 }
 
@@ -43,4 +42,7 @@ OBJC_TEST(DialogInstances, ADialogThatHasGoneLeavesNothingOfItsOwn) {
   NSDictionary *before = LiveObjects();
   for (int i = 0; i < 2; ++i) WorkADialog();
   EXPECT_EQUAL_OBJECTS(before, LiveObjects());
+  // These rest for the next dialog: there are as many as have ever been at work at once, which goes
+  // with how long the server takes. Each dialog needs several.
+  EXPECT_LE(LiveInstances(NSClassFromString(@"PollerTarget")), 3);
 }

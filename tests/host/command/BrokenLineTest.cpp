@@ -265,12 +265,11 @@ TEST_F(BrokenLine, EnableGivesTheQueueTheWholeFileOrNone) {
   const std::string old = ContentOf(before);
   const auto put_back = [&] { server().AddQueue({.name = "Laser", .ppd = before}); };
   put_back();
-  BreakEverywhere(
-      verb, kForThePrinter + 1, kBreaks, [&](const RunResult &result, const CutPlan &plan) {
-        const std::string now = PPDOf("Laser");
-        // An answer that is lost comes after the work.
-        const bool may_be_done = result.status == 0 || plan.cut == Cut::kHalfAnswer;
-        EXPECT_TRUE((now == old && result.status != 0) || (now == whole && may_be_done));
-        if (now != old) put_back();
-      });
+  BreakEverywhere(verb, kForThePrinter, kBreaks, [&](const RunResult &result, const CutPlan &plan) {
+    const std::string now = PPDOf("Laser");
+    // An answer that is lost comes after the work.
+    const bool may_be_done = result.status == 0 || plan.cut == Cut::kHalfAnswer;
+    EXPECT_TRUE((now == old && result.status != 0) || (now == whole && may_be_done));
+    if (now != old) put_back();
+  });
 }
