@@ -43,9 +43,12 @@ TEST(Paths, LibrariesAreLookedForFromTheFileItself) {
     const fs::path path = tree.prefix() / file;
     if (!fs::is_symlink(path) && IsBinary(path)) paths[path.filename()] = RunPathOf(path);
   }
-  const std::map<std::string, std::string> expected = {
-      {"pdeprint", "$ORIGIN/../lib"},     {"BackgroundNumbering", "$ORIGIN/../../.."},
-      {"backgroundnumbers", ""},          {"backgroundnumbers-look", ""},
-      {"backgroundnumbers-pictures", ""}, {"libPrintCore.so." VERSION, ""}};
+  const std::map<std::string, std::string> expected = {{"pdeprint", "$ORIGIN/../lib"},
+                                                       {"BackgroundNumbering", "$ORIGIN/../../.."},
+                                                       {"backgroundnumbers", ""},
+                                                       {"backgroundnumbers-look", ""},
+                                                       {"backgroundnumbers-pictures", ""},
+                                                       {"libPrintCore.so." VERSION, ""},
+                                                       {"pdeprint-pages", ""}};
   EXPECT_EQ(expected, paths);
 }
