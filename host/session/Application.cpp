@@ -2,37 +2,33 @@
 
 namespace {
 
-std::string WordsFor(Application::By by) {
+struct Words {
+  const char *for_scripts;
+  const char *for_people;
+};
+
+Words WordsFor(Application::By by) {
   switch (by) {
     case Application::By::kPrinter:
-      return "by the printer";
+      return {"printer", "by the printer"};
     case Application::By::kServer:
-      return "by the print server";
+      return {"server", "by the print server"};
     case Application::By::kThisComputer:
-      return "on this computer";
+      return {"computer", "on this computer"};
   }
-  return "";
+  return {"", ""};
 }
 
 }  // namespace
 
-std::string WordFor(Application::By by) {
-  switch (by) {
-    case Application::By::kPrinter:
-      return "printer";
-    case Application::By::kServer:
-      return "server";
-    case Application::By::kThisComputer:
-      return "computer";
-  }
-  return "";
-}
+std::string WordFor(Application::By by) { return WordsFor(by).for_scripts; }
 
 std::string Described(const Applications &applications) {
-  if (applications.size() == 1) return WordsFor(applications.front().by);
+  if (applications.size() == 1) return WordsFor(applications.front().by).for_people;
   std::string text;
   for (const Application &application : applications) {
-    text += (text.empty() ? "" : ", ") + application.bundle + ' ' + WordsFor(application.by);
+    text +=
+        (text.empty() ? "" : ", ") + application.bundle + ' ' + WordsFor(application.by).for_people;
   }
   return text;
 }

@@ -146,14 +146,16 @@ TEST_F(PrintHereRefusal, WhereThereIsNoRoom) {
   const fs::path disk = folder_.path() / "disk";
   fs::create_directory(disk);
   const std::string message = InChild([&]() -> std::string {
-    if (!MountSmallDisk(disk)) return "(this machine allows no disk of a test's own)";
+    if (!MountSmallDisk(disk)) return "cannot mount";
     FillDisk(disk);
     const RunResult result =
         RunProgram(Arguments{kPdeprint, "print", "-d", "Pdf"} + kFrom25 + Arguments{file},
                    Options({{"TMPDIR", disk.string()}}));
     return std::to_string(result.status) + ": " + result.err;
   });
-  if (message.starts_with('(')) GTEST_SKIP() << message;
+  // Only a disk of the test's own can be filled without harm, and containers may forbid to mount
+  // one, even to root.
+  if (message == "cannot mount") GTEST_SKIP() << "this machine mounts no disks for tests";
   EXPECT_EQ(message, "1: pdeprint: there is no room in " + disk.string() +
                          ": No space left on device; TMPDIR names another place for temporary "
                          "files\n");

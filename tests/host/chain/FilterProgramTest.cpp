@@ -70,6 +70,7 @@ TEST_F(FilterProgram, MustBeAFileInASafeFolder) {
 
 TEST_F(FilterProgram, MustBelongToRootUnlessTheServerIsPrivate) {
   fs::permissions(program_, fs::perms(0755));
+  // The system lets nobody else make a file that belongs to another user.
   if (geteuid() != 0) GTEST_SKIP() << "only root can give files away";
   ASSERT_EQ(chown(program_.c_str(), 65534, 0), 0);
   EXPECT_EQ(WhyNot(), DoesNotRun());
