@@ -11,6 +11,7 @@
 #include <string>
 
 #include "host/base/Localized.h"
+#include "host/base/MoveFile.h"
 
 namespace {
 
@@ -76,6 +77,14 @@ bool WriteAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
+bool GiveName(const std::filesystem::path &temporary, const std::filesystem::path &name,
+              Existing existing) {
+  if (existing == Existing::kReplaced) return rename(temporary.c_str(), name.c_str()) == 0;
+  const std::error_code error = MoveWithoutReplacing(temporary, name);
+  errno = error.value();
+  return !error;
+}
+
 }  // namespace
 
 Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes) {
@@ -83,7 +92,7 @@ Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_vie
 }
 
 Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_view bytes,
-                              const std::filesystem::path &named) {
+                              const std::filesystem::path &named, Existing existing) {
   const auto failure = [&named](const std::string &why) {
     return Failure{Localized("cannot write %1: %2", {named.string(), why})};
   };
@@ -103,7 +112,7 @@ Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_vie
   if (file.get() < 0) return failure(std::strerror(errno));
   if (!WriteAll(file.get(), bytes) || !TakeAttributes(file.get(), destination) ||
       fsync(file.get()) != 0 || !file.Close() ||
-      rename(temporary.c_str(), destination.c_str()) != 0) {
+      !GiveName(temporary, destination, existing)) {
     const Failure reason = failure(std::strerror(errno));
     unlink(temporary.c_str());
     return reason;

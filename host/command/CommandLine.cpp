@@ -156,6 +156,33 @@ int RunCommandLine(int argc, char **argv) {
   AddSurroundings(print, print_options);
   print->add_option("FILE", print_options.files, "Files to print")->type_name("")->required();
 
+  SaveOptions save_options;
+  CLI::App *save = app.add_subcommand(
+      "save", "Keep the pages that would be printed, as a PDF file or as pictures. Needs no display.");
+  AddText(save, "-o,--output", save_options.output,
+          "The file to write; with --png one for each page, PNG-1.png and so on", "FILE")
+      ->required();
+  save->add_flag("--png", save_options.png, "Write a PNG picture of each page");
+  save->add_option("--resolution", save_options.dpi,
+                   "Pixels to an inch of the pictures (default: 150)")
+      ->type_name("DPI")
+      ->check(CLI::Range(10, 1200));
+  save->add_flag("--force", save_options.replaces, "Replace what is there already");
+  CLI::Option *save_queue =
+      AddQueue(save, save_options.queue,
+               "The queue for which pages are laid out (default: the user's default queue; if there "
+               "is none, usual paper without margins)");
+  AddText(save, "--ppd", save_options.ppd, "A printer's PPD file in place of a queue", "FILE")
+      ->excludes(save_queue);
+  AddBeginning(
+      save, save_options,
+      "Print settings of the job, an XML property list; it is only read, and must be there");
+  AddChanges(save, save_options.set);
+  AddText(save, "-n,--copies", save_options.copies, "How many copies", "COPIES");
+  AddSurroundings(save, save_options);
+  save->add_option("FILE", save_options.files, "Files to lay out")->type_name("")->required();
+  save_options.is_for_file = true;
+
   SettingsOptions settings_options;
   CLI::App *settings =
       app.add_subcommand("settings", "Change and print the settings of a job. Needs no display.");
@@ -236,6 +263,7 @@ int RunCommandLine(int argc, char **argv) {
   }
   if (show->parsed()) return Show(show_options);
   if (print->parsed()) return Print(print_options);
+  if (save->parsed()) return Save(save_options);
   if (settings->parsed()) return Settings(settings_options);
   if (check->parsed()) return Check(check_options);
   if (enable->parsed()) return Enable(enable_options);

@@ -24,6 +24,7 @@ struct JobSource : Surroundings {
   std::filesystem::path ppd;     // instead of a queue's; empty: a queue
   std::string preset;            // empty: none
   std::filesystem::path ticket;  // over the preset; empty: none
+  bool is_for_file = false;      // nothing is printed: where no queue is named, none need be there
 };
 
 struct ShowOptions : JobSource {
@@ -38,12 +39,23 @@ struct SettingsOptions : JobSource {
   bool json = false;
 };
 
-struct PrintOptions : JobSource {
+// A job of files that is made up without a window.
+struct FileJobOptions : JobSource {
   std::vector<std::string> set;  // NAME=VALUE
   std::string copies;            // empty: as the settings say
-  std::string title;             // empty: the files' names
-  bool wait = false;
   std::vector<std::filesystem::path> files;
+};
+
+struct PrintOptions : FileJobOptions {
+  std::string title;  // empty: the files' names
+  bool wait = false;
+};
+
+struct SaveOptions : FileJobOptions {
+  std::filesystem::path output;
+  bool png = false;       // a picture of each page, in place of one PDF file
+  int dpi = 150;          // of the pictures
+  bool replaces = false;  // what is there already
 };
 
 struct CheckOptions : Surroundings {
@@ -73,6 +85,9 @@ int Show(const ShowOptions &options);
 
 // Prints the files as one job.
 int Print(const PrintOptions &options);
+
+// Keeps the pages that would be printed.
+int Save(const SaveOptions &options);
 
 // Changes and prints the choices of a job, and writes the ticket.
 int Settings(const SettingsOptions &options);

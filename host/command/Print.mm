@@ -9,8 +9,6 @@
 #include "host/command/Server.h"
 #include "host/cups/JobWaiting.h"
 #include "host/cups/RequestId.h"
-#include "host/job/JobFiles.h"
-#include "host/job/PageRanges.h"
 #include "host/pages/PrintPages.h"
 
 namespace {
@@ -60,19 +58,5 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
 }  // namespace
 
 int Print(const PrintOptions &options) {
-  if (auto done = CheckFiles(options.files); !done) return Refuse(done.message(), kFailed);
-  std::error_code error;
-  if (!options.ticket.empty() && !std::filesystem::exists(options.ticket, error)) {
-    return Refuse(Localized("cannot read ticket %1: %2",
-                            {options.ticket.string(), Localized("no such file")}),
-                  kFailed);
-  }
-  std::vector<std::string> changes = options.set;
-  if (!options.copies.empty()) {
-    Expected<std::string> copies = ParseCopies(options.copies);
-    if (!copies) return Refuse("--copies: " + copies.message(), kWrongUsage);
-    changes.push_back("copies=" + *copies);
-  }
-  return WithScriptedJob(options, changes,
-                         [&options](const ScriptedJob &job) { return Send(options, job); });
+  return WithFileJob(options, [&options](const ScriptedJob &job) { return Send(options, job); });
 }

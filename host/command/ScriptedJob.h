@@ -25,6 +25,9 @@ struct ScriptedJob {
 int WithScriptedJob(const JobSource &source, const std::vector<std::string> &changes,
                     const std::function<int(const ScriptedJob &)> &work);
 
+// The same for files, which must be there, as must the ticket.
+int WithFileJob(const FileJobOptions &options, const std::function<int(const ScriptedJob &)> &work);
+
 // What the panels say of the job, and its settings as job options.
 Expected<PanelReport> ReportOn(JobSession &session);
 

@@ -7,6 +7,8 @@
 #include "host/command/Printer.h"
 #include "host/command/SettingChanges.h"
 #include "host/command/StoredSettings.h"
+#include "host/job/JobFiles.h"
+#include "host/job/PageRanges.h"
 #include "host/job/SettingValues.h"
 
 namespace {
@@ -114,6 +116,23 @@ int WithScriptedJob(const JobSource &source, const std::vector<std::string> &cha
   @autoreleasepool {
     return Run(source, changes, work);
   }
+}
+
+int WithFileJob(const FileJobOptions &options,
+                const std::function<int(const ScriptedJob &)> &work) {
+  if (auto done = CheckFiles(options.files); !done) return Refuse({kFailed, done.message()});
+  std::error_code error;
+  if (!options.ticket.empty() && !std::filesystem::exists(options.ticket, error)) {
+    return Refuse({kFailed, Localized("cannot read ticket %1: %2",
+                                      {options.ticket.string(), Localized("no such file")})});
+  }
+  std::vector<std::string> changes = options.set;
+  if (!options.copies.empty()) {
+    Expected<std::string> copies = ParseCopies(options.copies);
+    if (!copies) return Refuse({kWrongUsage, "--copies: " + copies.message()});
+    changes.push_back("copies=" + *copies);
+  }
+  return WithScriptedJob(options, changes, work);
 }
 
 Expected<PanelReport> ReportOn(JobSession &session) {

@@ -75,7 +75,7 @@ class Maker {
     Expected<fs::path> all = Joined(parts);
     if (!all) return Explained(all.failure());
     JobPages pages{.folder = std::move(folder_), .file = std::move(*all), .notes = {}};
-    for (const DocumentFilter &filter : request_.here.filters) {
+    for (const DocumentFilter &filter : request_.making.filters) {
       if (auto done = Apply(filter, pages); !done) return ExplainedIn(pages.folder, done.failure());
     }
     Expected<int> count = CountPages(pages.file, pages.file, cancel_);
@@ -100,9 +100,9 @@ class Maker {
   Expected<void> WriteDescriptions() {
     ppd_ = NewFile(".ppd");
     ppd_of_part_ = NewFile(".ppd");
-    const std::string text = ForLayout(request_.here.ppd, LastSide::kAsPrinter);
+    const std::string text = ForLayout(request_.making.ppd, LastSide::kAsPrinter);
     if (auto done = WriteWholeFile(ppd_, text); !done) return done;
-    return WriteWholeFile(ppd_of_part_, ForLayout(request_.here.ppd, LastSide::kBack));
+    return WriteWholeFile(ppd_of_part_, ForLayout(request_.making.ppd, LastSide::kBack));
   }
 
   // A file of the job as pages; empty: none of them is printed.

@@ -17,7 +17,7 @@ struct PagesRequest {
   std::vector<std::filesystem::path> files;
   std::string title;
   JobOptions options;
-  PagesHere here;
+  PageMaking making;
 };
 
 struct JobPages {

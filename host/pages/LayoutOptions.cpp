@@ -83,6 +83,12 @@ JobOptions OptionsForCopies(const JobOptions &options) {
   return left;
 }
 
+bool IsRaw(const JobOptions &options) {
+  const auto format = options.find("document-format");
+  return options.contains("raw") ||
+         (format != options.end() && format->second == "application/vnd.cups-raw");
+}
+
 std::string OptionText(const JobOptions &options) {
   std::string text;
   for (const auto &[name, value] : options) {

@@ -14,6 +14,9 @@ JobOptions OptionsOfLaidOut(const JobOptions &options);
 // For pages that a converter of pictures has laid out already: without what it has done.
 JobOptions OptionsForCopies(const JobOptions &options);
 
+// Whether the documents are to be sent as they are.
+bool IsRaw(const JobOptions &options);
+
 // As filters take them: "NAME=VALUE ...".
 std::string OptionText(const JobOptions &options);
 

@@ -1,4 +1,4 @@
-// What is done to the pages of a job on this computer, since the queue cannot.
+// The pages of a printer's jobs, as this computer can make them.
 
 #ifndef HOST_PAGES_PAGESHERE_H
 #define HOST_PAGES_PAGESHERE_H
@@ -15,9 +15,14 @@ struct DocumentFilter {
   std::string package;  // that has the program; empty: not told
 };
 
-struct PagesHere {
-  std::string ppd;  // the printer's description, with the options
+// How they are made as the printer will print them.
+struct PageMaking {
+  std::string ppd;  // the printer's description, with the options of the filters
   std::vector<DocumentFilter> filters;
+};
+
+// What is done to them here when they are printed, since the queue cannot.
+struct PagesHere : PageMaking {
   JobOptions sent_with;          // what the pages are sent with, but for what the job says itself
   JobOptions sent_with_banners;  // the same where the job has banner pages
   JobOptions defaults;  // of their options: what they have where nobody has chosen anything

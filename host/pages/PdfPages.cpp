@@ -1,6 +1,7 @@
 #include "host/pages/PdfPages.h"
 
 #include <fstream>
+#include <string>
 
 #include "host/base/Localized.h"
 #include "host/cups/JobTransfer.h"
@@ -12,27 +13,42 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Expected<int> Ask(std::vector<std::string> arguments, const fs::path &place,
-                  const std::atomic<bool> &cancel) {
-  Expected<fs::path> helper = PdfHelper();
+// A hostile document keeps a helper busy for as long as it may run.
+constexpr std::chrono::seconds kLongestDrawing(30);
+
+fs::path Beside(fs::path place, const char *suffix) { return place += suffix; }
+
+Expected<void> Ask(const Expected<fs::path> &helper, std::vector<std::string> arguments,
+                   const fs::path &place, const std::atomic<bool> &cancel,
+                   std::chrono::milliseconds limit = std::chrono::minutes(10)) {
   if (!helper) return helper.failure();
-  fs::path answer = place, log = place;
-  answer += ".count";
-  log += ".count.log";
   Expected<ChildEnd> end = Run({.path = *helper,
                                 .arguments = std::move(arguments),
                                 .environment = {},
-                                .out = answer,
-                                .log = log},
+                                .out = Beside(place, ".answer"),
+                                .log = Beside(place, ".answer.log"),
+                                .limit = limit},
                                cancel);
   if (!end) return end.failure();
   if (end->kind == ChildEnd::Kind::kCanceled) return JobCanceled();
-  const bool has_exited = end->kind == ChildEnd::Kind::kExited;
-  if (has_exited && end->number == kNeedsPassword) {
-    return Failure{Localized("the document needs a password")};
+  if (end->kind == ChildEnd::Kind::kTookTooLong) {
+    return Failure{
+        Localized("the program %1 takes too long", {helper->filename().string()})};
+  }
+  const int status = end->kind == ChildEnd::Kind::kExited ? end->number : kDamaged;
+  if (status == kPdfDone) return {};
+  if (status == kNeedsPassword) return Failure{Localized("the document needs a password")};
+  if (status == kTooLarge) return Failure{Localized("the page is too large to be drawn")};
+  return Failure{Localized("the document is damaged")};
+}
+
+Expected<int> AskForNumber(std::vector<std::string> arguments, const fs::path &place,
+                           const std::atomic<bool> &cancel) {
+  if (auto done = Ask(PdfHelper(), std::move(arguments), place, cancel); !done) {
+    return done.failure();
   }
   int pages = -1;
-  if (!has_exited || end->number != 0 || !(std::ifstream(answer) >> pages)) {
+  if (!(std::ifstream(Beside(place, ".answer")) >> pages)) {
     return Failure{Localized("the document is damaged")};
   }
   return pages;
@@ -42,12 +58,38 @@ Expected<int> Ask(std::vector<std::string> arguments, const fs::path &place,
 
 Expected<int> CountPages(const fs::path &pdf, const fs::path &place,
                          const std::atomic<bool> &cancel) {
-  return Ask({"count", pdf.string()}, place, cancel);
+  return AskForNumber({"count", pdf.string()}, place, cancel);
 }
 
 Expected<int> JoinPages(const std::vector<fs::path> &pdfs, const fs::path &out,
                         const std::atomic<bool> &cancel) {
   std::vector<std::string> arguments = {"join", out.string()};
   for (const fs::path &pdf : pdfs) arguments.push_back(pdf.string());
-  return Ask(std::move(arguments), out, cancel);
+  return AskForNumber(std::move(arguments), out, cancel);
+}
+
+Expected<void> TakeDocument(const fs::path &pdf, const fs::path &out,
+                            const std::atomic<bool> &cancel) {
+  return Ask(PdfHelper(), {"document", out.string(), pdf.string()}, out, cancel);
+}
+
+Expected<void> TakePage(const fs::path &pdf, int page, const fs::path &out,
+                        const std::atomic<bool> &cancel) {
+  return Ask(PdfHelper(), {"single", out.string(), pdf.string(), std::to_string(page)}, out,
+             cancel);
+}
+
+Expected<void> DrawPageInto(PixelSize size, const fs::path &pdf, int page, const fs::path &out,
+                            const std::atomic<bool> &cancel) {
+  return Ask(PictureHelper(),
+             {"fit", pdf.string(), std::to_string(page), std::to_string(size.width),
+              std::to_string(size.height), out.string()},
+             out, cancel, kLongestDrawing);
+}
+
+Expected<void> DrawPageAt(int dpi, const fs::path &pdf, int page, const fs::path &out,
+                          const std::atomic<bool> &cancel) {
+  return Ask(PictureHelper(),
+             {"at", pdf.string(), std::to_string(page), std::to_string(dpi), out.string()}, out,
+             cancel, kLongestDrawing);
 }

@@ -18,12 +18,6 @@ bool AsksForMore(const JobOptions &options, const JobOptions &defaults) {
   });
 }
 
-bool IsRaw(const JobOptions &options) {
-  const auto format = options.find("document-format");
-  return options.contains("raw") ||
-         (format != options.end() && format->second == "application/vnd.cups-raw");
-}
-
 bool HasBanners(const JobOptions &options) {
   const auto sheets = options.find("job-sheets");
   return sheets != options.end() && sheets->second != "none" && sheets->second != "none,none";
@@ -57,7 +51,7 @@ Expected<int> PrintPages(const PrintServer &server, const JobRequest &request,
   }
   progress.is_making_pages = true;
   Expected<JobPages> pages = MakePages(
-      {.files = request.files, .title = request.title, .options = request.options, .here = *here},
+      {.files = request.files, .title = request.title, .options = request.options, .making = *here},
       progress.cancel);
   progress.is_making_pages = false;
   if (!pages) return pages.failure();

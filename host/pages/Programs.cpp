@@ -32,6 +32,10 @@ Expected<fs::path> FirstOf(const std::vector<fs::path> &candidates, const std::s
   return Failure{Localized("the program %1 is not there; install the package %2", {name, package})};
 }
 
+Expected<fs::path> Helper(const std::string &name) {
+  return FirstOf({Here() / name, (Here() / "../libexec" / name).lexically_normal()}, "pdeprint");
+}
+
 }  // namespace
 
 Expected<fs::path> SystemFilter(const std::string &name) {
@@ -45,10 +49,9 @@ Expected<fs::path> ProgramOf(const DocumentFilter &filter) {
       filter.package);
 }
 
-Expected<fs::path> PdfHelper() {
-  constexpr char kName[] = "pdeprint-pages";
-  return FirstOf({Here() / kName, (Here() / "../libexec" / kName).lexically_normal()}, "pdeprint");
-}
+Expected<fs::path> PdfHelper() { return Helper("pdeprint-pages"); }
+
+Expected<fs::path> PictureHelper() { return Helper("pdeprint-picture"); }
 
 Expected<void> CheckPrograms(const DocumentFilter &filter) {
   if (auto path = SystemFilter("pdftopdf"); !path) return path.failure();

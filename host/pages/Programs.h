@@ -17,8 +17,10 @@ Expected<std::filesystem::path> SystemFilter(const std::string &name);
 // in the print system's folder.
 Expected<std::filesystem::path> ProgramOf(const DocumentFilter &filter);
 
-// This program's helper for PDF files: beside it, or in ../libexec from there.
+// This program's helpers, which make PDF files and draw their pages: beside it, or in ../libexec
+// from there.
 Expected<std::filesystem::path> PdfHelper();
+Expected<std::filesystem::path> PictureHelper();
 
 // That the pages of a document can be made here.
 Expected<void> CheckPrograms(const DocumentFilter &filter);

@@ -14,6 +14,7 @@
 #include "host/base/Expected.h"
 #include "host/cups/PrintServer.h"
 #include "host/extension/Extensions.h"
+#include "host/pages/JobPages.h"
 #include "host/ppd/PPDFile.h"
 #include "host/session/JobDefaults.h"
 #include "host/session/JobSettings.h"
@@ -92,6 +93,11 @@ class JobSession {
                                   const std::vector<std::filesystem::path> &files,
                                   const std::string &title = "") const;
 
+  // Its pages as they would be printed, to be looked at or kept. The failure: the printer has no PPD
+  // file.
+  Expected<PagesRequest> PagesFor(const std::vector<std::filesystem::path> &files,
+                                  const std::string &title = "") const;
+
   // The localized summary of every panel that has one, under its name.
   std::vector<std::pair<std::string, SummaryLines>> Summary();
 
@@ -120,6 +126,7 @@ class JobSession {
   OfferedOptions offered_;
   Applications applications_;
   std::optional<PagesHere> here_;
+  PageMaking making_;
   std::string why_not_here_;
   ValueCheck check_;
   bool has_printer_ = false;

@@ -84,6 +84,7 @@ void JobSession::TakeAbility(std::optional<PPDFile> ppd, const DocumentFormats &
   ppd_ = std::move(ability.ppd);
   applications_ = std::move(ability.applications);
   here_ = std::move(ability.here);
+  making_ = std::move(ability.making);
   why_not_here_ = std::move(ability.why_not_here);
 }
 
@@ -261,6 +262,19 @@ Expected<JobRequest> JobSession::RequestFor(const std::string &queue,
                     .title = title.empty() ? TitleOfJob(files) : title,
                     .options = std::move(*options),
                     .files = files};
+}
+
+Expected<PagesRequest> JobSession::PagesFor(const std::vector<std::filesystem::path> &files,
+                                            const std::string &title) const {
+  if (!ppd_) {
+    return Failure{Localized("the printer has no PPD file that says how its pages are laid out")};
+  }
+  Expected<JobRequest> request = RequestFor("", files, title);
+  if (!request) return request.failure();
+  return PagesRequest{.files = std::move(request->files),
+                      .title = std::move(request->title),
+                      .options = std::move(request->options),
+                      .making = making_};
 }
 
 std::vector<std::pair<std::string, SummaryLines>> JobSession::Summary() {

@@ -69,6 +69,7 @@ Expected<void> ApplyHere(QueueAbility &ability, const PrinterOptions &options,
   ability.here->sent_with = std::move(sent_with);
   ability.here->sent_with_banners = SentWithBanners(*ability.ppd);
   ability.here->filters.push_back(filter);
+  ability.making.filters.push_back(filter);
   ability.here->defaults.merge(Added(*ability.ppd, *extended));
   ability.ppd = std::move(*extended);
   ability.applications.push_back({options.name, Application::By::kThisComputer});
@@ -81,15 +82,13 @@ Expected<void> Place(QueueAbility &ability, const ExtensionBundle &bundle,
   Expected<std::optional<PrinterOptions>> options = PrinterOptionsOf(bundle);
   if (!options) return options.failure();
   if (!*options) return {};
-  switch (WhoApplies(*ability.ppd, **options)) {
-    case AppliedBy::kPrinter:
-      ability.applications.push_back({(*options)->name, Application::By::kPrinter});
-      return {};
-    case AppliedBy::kServer:
-      ability.applications.push_back({(*options)->name, Application::By::kServer});
-      return {};
-    case AppliedBy::kNobody:
-      break;
+  const AppliedBy by = WhoApplies(*ability.ppd, **options);
+  if (by != AppliedBy::kNobody) {
+    ability.applications.push_back(
+        {(*options)->name,
+         by == AppliedBy::kPrinter ? Application::By::kPrinter : Application::By::kServer});
+    if (!(*options)->document_filter.empty()) ability.making.filters.push_back(FilterOf(**options));
+    return {};
   }
   if (!formats || (*options)->document_filter.empty()) return {};
   return ApplyHere(ability, **options, *formats);
@@ -107,6 +106,7 @@ QueueAbility AbilityOf(std::optional<PPDFile> ppd, const DocumentFormats &format
       ability.why_not_here += (ability.why_not_here.empty() ? "" : "; ") + placed.message();
     }
   }
+  ability.making.ppd = ability.ppd->source();
   return ability;
 }
 

@@ -1,13 +1,18 @@
-// The helper of pdeprint for PDF files: counts their pages, makes one document of several. It is a
-// program of its own since documents may be anything.
+// The helper of pdeprint for PDF files: counts their pages, makes documents of them. It is a program
+// of its own since documents may be anything.
 //
-//   pdeprint-pages count FILE         prints the number of its pages
-//   pdeprint-pages join OUT FILE...   makes OUT of them and prints the number of its pages
+//   pdeprint-pages count FILE               prints the number of its pages
+//   pdeprint-pages join OUT FILE...         makes OUT of them and prints the number of its pages
+//   pdeprint-pages document OUT FILE        makes OUT of what is no line in a printer's language
+//   pdeprint-pages single OUT FILE NUMBER   makes OUT of one page, counted from 1, behind as many
+//                                           empty ones as there are pages before it
 
 #include <cstdio>
 #include <exception>
 #include <fstream>
+#include <initializer_list>
 #include <iostream>
+#include <iterator>
 #include <list>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFExc.hh>
@@ -55,6 +60,25 @@ size_t Count(const std::string &path) {
   return pdf.getAllPages().size();
 }
 
+void Write(const std::string &out, std::initializer_list<std::string_view> parts) {
+  std::FILE *file = std::fopen(out.c_str(), "wb");
+  if (file == nullptr) throw std::runtime_error("cannot write " + out);
+  bool written = true;
+  for (const std::string_view part : parts) {
+    written = written && std::fwrite(part.data(), 1, part.size(), file) == part.size();
+  }
+  if (std::fclose(file) != 0 || !written) throw std::runtime_error("no room");
+}
+
+// Positions in it count from its own beginning, as filters write them.
+std::string Written(QPDF &pdf) {
+  QPDFWriter writer(pdf);
+  writer.setOutputMemory();
+  writer.write();
+  const auto buffer = writer.getBufferSharedPointer();
+  return {reinterpret_cast<const char *>(buffer->getBuffer()), buffer->getSize()};
+}
+
 size_t Join(const std::string &out, const std::list<std::string> &paths) {
   std::list<Wrapped> files;
   std::list<QPDF> pdfs;  // which own the pages until all is written
@@ -65,27 +89,24 @@ size_t Join(const std::string &out, const std::list<std::string> &paths) {
     Open(pdfs.emplace_back(), path, files.back().document);
     for (const QPDFObjectHandle &page : pdfs.back().getAllPages()) all.addPage(page, false);
   }
-  std::FILE *file = std::fopen(out.c_str(), "wb");
-  if (file == nullptr) throw std::runtime_error("cannot write " + out);
-  const auto write = [file](const std::string &bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
-      throw std::runtime_error("no room");
-    }
-  };
-  // Positions in a document count from its own beginning, as filters write them.
-  std::string document;
-  {
-    QPDFWriter writer(all);
-    writer.setOutputMemory();
-    writer.write();
-    const auto buffer = writer.getBufferSharedPointer();
-    document.assign(reinterpret_cast<const char *>(buffer->getBuffer()), buffer->getSize());
-  }
-  write(files.front().before);
-  write(document);
-  write(files.back().behind);
-  if (std::fclose(file) != 0) throw std::runtime_error("no room");
+  const std::string document = Written(all);
+  Write(out, {files.front().before, document, files.back().behind});
   return all.getAllPages().size();
+}
+
+void MakeSingle(const std::string &out, const std::string &path, size_t number) {
+  const Wrapped file(path);
+  QPDF pdf, single;
+  Open(pdf, path, file.document);
+  const auto &pages = pdf.getAllPages();
+  if (number < 1 || number > pages.size()) throw std::runtime_error("no such page: " + path);
+  single.emptyPDF();
+  for (size_t before = 1; before < number; ++before) {
+    single.addPage(QPDFObjectHandle::parse("<< /Type /Page /MediaBox [0 0 72 72] >>"), false);
+  }
+  single.addPage(pages[number - 1], false);
+  const std::string document = Written(single);
+  Write(out, {document});
 }
 
 int Run(const std::list<std::string> &arguments) {
@@ -98,6 +119,11 @@ int Run(const std::list<std::string> &arguments) {
     const std::string out = files.front();
     files.pop_front();
     std::cout << Join(out, files) << '\n' << std::flush;
+  } else if (verb == "document" && arguments.size() == 3) {
+    Write(*std::next(arguments.begin()), {Wrapped(arguments.back()).document});
+  } else if (verb == "single" && arguments.size() == 4) {
+    const auto out = std::next(arguments.begin());
+    MakeSingle(*out, *std::next(out), std::stoul(arguments.back()));
   } else {
     return kWrongArguments;
   }
