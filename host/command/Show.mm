@@ -11,6 +11,7 @@
 #import "host/dialog/Controls.h"
 #include "host/dialog/PrintDialog.h"
 #include "host/dialog/Prompt.h"
+#include "host/dialog/RememberedPreview.h"
 #include "host/job/JobFiles.h"
 #include "host/ppd/PPDSource.h"
 #include "host/presets/Ticket.h"
@@ -32,6 +33,7 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   job.settings = std::move(*settings);
   job.preset = options.ticket.empty() ? options.preset : "";
   job.files = options.files;
+  job.shows_preview = WantsPreview();
   job.waits = options.wait;
   job.limit = options.limit;
   return job;
@@ -82,6 +84,10 @@ int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
     told = PrintResults(report.Text());
   } else {
     KeepAsLastUsed(dialog.session().settings());
+    if (end == DialogEnd::kSaved) {
+      told = PrintResults(dialog.saved().front().string() + '\n');
+      return told && failures.empty() ? kDone : kFailed;
+    }
     const std::string id = RequestId(dialog.queue().name, dialog.job_number());
     told = PrintResults("request id is " + id + '\n');
     if (end == DialogEnd::kJobFailed) failures.push_back({dialog.failure()});

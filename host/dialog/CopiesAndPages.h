@@ -29,6 +29,9 @@ class CopiesAndPages {
   // does not take it.
   Expected<void> Take();
 
+  // Puts the pages that stand in the field among options, unless they cannot be read.
+  void AddTo(JobOptions &options) const;
+
   // As they stand in the fields.
   std::string copies() const { return copies_.Text(); }
   std::string pages() const { return pages_.Text(); }  // empty: all

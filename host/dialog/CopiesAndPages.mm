@@ -56,6 +56,16 @@ void CopiesAndPages::ShowWhereNotTyped() {
   if (pages) pages_.PutBack(*pages);
 }
 
+void CopiesAndPages::AddTo(JobOptions &options) const {
+  const Expected<std::string> value = kPagesOption.parse(pages());
+  if (!value) return;
+  if (value->empty()) {
+    options.erase(kPagesOption.name);
+  } else {
+    options[kPagesOption.name] = *value;
+  }
+}
+
 Expected<void> CopiesAndPages::Take() {
   if (auto done = copies_.Take(session_); !done) return done;
   [stepper_.get() setIntValue:[String(copies()) intValue]];

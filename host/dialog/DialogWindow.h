@@ -5,6 +5,8 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include <functional>
+
 @class FocusRing;
 
 /// Control and Command with X, C, V and A edit the focused text; Escape does what the window's
@@ -12,10 +14,14 @@
 /// raises is complained of, and the window lives on. A ring shows which control has the focus.
 @interface DialogWindow : NSWindow {
   FocusRing *_focusRing;
+  std::function<void()> _afterEvents;
 }
 
 /// Titled and closable, around a view whose size it takes. It is not released when closed.
 - (instancetype)initWithTitle:(NSString *)title view:(NSView *)view resizable:(BOOL)resizable;
+
+/// Called when an event of the window's has been handled.
+- (void)setAfterEvents:(std::function<void()>)afterEvents;
 
 /// Handles the next event of the application, waiting for it.
 + (void)handleNextEvent;

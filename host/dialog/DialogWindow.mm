@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/dialog/Clipboard.h"
 #import "host/dialog/FocusRing.h"
@@ -123,6 +124,11 @@ void ComplainOfEvent(NSException *exception) {
   } @catch (NSException *exception) {
     ComplainOfEvent(exception);
   }
+  if (_afterEvents) _afterEvents();
+}
+
+- (void)setAfterEvents:(std::function<void()>)afterEvents {
+  _afterEvents = std::move(afterEvents);
 }
 
 // The platform's menus of pop-ups live as long as the mouse is pressed. After a click the menu
@@ -147,12 +153,14 @@ void ComplainOfEvent(NSException *exception) {
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
+  BOOL handled = YES;
   @try {
-    return [self handleKeyEquivalent:event];
+    handled = [self handleKeyEquivalent:event];
   } @catch (NSException *exception) {
     ComplainOfEvent(exception);
-    return YES;
   }
+  if (handled && _afterEvents) _afterEvents();
+  return handled;
 }
 
 - (BOOL)handleKeyEquivalent:(NSEvent *)event {

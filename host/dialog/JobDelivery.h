@@ -3,9 +3,11 @@
 #ifndef HOST_DIALOG_JOBDELIVERY_H
 #define HOST_DIALOG_JOBDELIVERY_H
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/base/Retained.h"
 #include "host/cups/PrintServer.h"
@@ -29,12 +31,15 @@ class JobDelivery {
 
   // Here: what is to be done before it is sent.
   void Begin(JobRequest request, std::optional<PagesHere> here);
-  // Takes back what is being sent; `refused` follows.
+  // Keeps the pages as a file.
+  void Save(SaveRequest request);
+  // Takes back what is being sent or saved; `refused` follows.
   void TakeBack();
   // Does not wait for the end any more: a job of which it is not known counts as failed.
   void GiveUpWaiting();
 
   bool has_begun() const { return has_begun_; }
+  const std::vector<std::filesystem::path> &saved() const { return saved_; }
   int job_number() const { return number_; }  // 0: the server has taken none
   // Of a job that failed, what has become of it: "ID was canceled: REASON".
   const std::string &failure() const { return failure_; }
@@ -53,6 +58,7 @@ class JobDelivery {
   std::string queue_;
   bool has_begun_ = false;
   int number_ = 0;
+  std::vector<std::filesystem::path> saved_;
   std::string failure_;
 };
 

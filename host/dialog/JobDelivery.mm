@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/base/Localized.h"
+#include "host/base/Messages.h"
 #include "host/cups/RequestId.h"
 #import "host/dialog/Controls.h"
 
@@ -16,6 +17,12 @@ JobDelivery::JobDelivery(PrintDialogView *view, PrintServer server, PasswordWind
           {.making_pages = [this] { ShowProgress(Localized("Preparing the pages…")); },
            .sending = [this](double fraction) { ShowProgress(Localized("Sending…"), fraction); },
            .accepted = [this](int number) { WasAccepted(number); },
+           .saved =
+               [this](const SavedPages &saved) {
+                 for (const std::string &note : saved.notes) Note(note);
+                 saved_ = saved.files;
+                 callbacks_.ended(DialogEnd::kSaved);
+               },
            .refused = [this](const std::string &reason) { WasRefused(reason); },
            .waiting =
                [this](const std::string &message) {
@@ -28,6 +35,11 @@ void JobDelivery::Begin(JobRequest request, std::optional<PagesHere> here) {
   queue_ = request.queue;
   ShowProgress(Localized("Sending…"), 0);
   sender_.Send(std::move(request), std::move(here));
+}
+
+void JobDelivery::Save(SaveRequest request) {
+  ShowProgress(Localized("Preparing the pages…"));
+  sender_.Save(std::move(request));
 }
 
 void JobDelivery::TakeBack() {

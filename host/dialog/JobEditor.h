@@ -5,6 +5,7 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,6 +33,7 @@ class JobEditor {
  public:
   struct Callbacks {
     std::function<void()> panel_shown;  // another one than before
+    std::function<void()> changed;      // other settings, not by the user's own hand
     // The settings could not be made to fit, and have gone with the printer.
     std::function<void(const std::string &reason)> printer_lost;
   };
@@ -51,6 +53,11 @@ class JobEditor {
   void AwaitPrinter() { has_printer_ = false; }
   // It has answered: fits the settings to it and shows its panels.
   void UsePrinter(const Queue &queue, std::optional<PPDFile> ppd);
+
+  // The pages that would be printed if all that was typed and chosen were in the job's settings,
+  // which stay as they are. The failure: there is no printer, or the panel or a field has something
+  // that cannot be printed.
+  Expected<PagesRequest> PagesAsTheyStand(const std::vector<std::filesystem::path> &files);
 
   // Has all that was typed and chosen in the job's settings; whether it can be printed so.
   bool IsReadyToPrint();

@@ -86,6 +86,7 @@ void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   notices_.TellOfLeftOut();
   panels_.ShowPanels();
   SettleConflicts("");
+  callbacks_.changed();
 }
 
 Notes JobEditor::AppliedHere() const {
@@ -108,6 +109,7 @@ void JobEditor::ApplyPreset(PrintSettings settings) {
   fields_.Show();
   panels_.Restore();
   SettleConflicts("");
+  callbacks_.changed();
 }
 
 void JobEditor::LosePrinter(const std::string &reason) {
@@ -141,6 +143,19 @@ SummarySection JobEditor::Summary() {
   if (section) return std::move(*section);
   notices_.AddNote(section.message());
   return {};
+}
+
+Expected<PagesRequest> JobEditor::PagesAsTheyStand(
+    const std::vector<std::filesystem::path> &files) {
+  if (!has_printer_) return Failure{Localized("There is no printer yet")};
+  Expected<PagesRequest> pages = Failure{};
+  const auto look = [&] {
+    Expected<void> saved = panels_.Save();
+    pages = saved ? session_.PagesFor(files) : saved.failure();
+  };
+  if (auto done = session_.PutBackAfter(look); !done) return done.failure();
+  if (pages) fields_.AddTo(pages->options);
+  return pages;
 }
 
 bool JobEditor::IsReadyToPrint() {
@@ -182,8 +197,9 @@ bool JobEditor::SettleConflicts(const std::string &chosen) {
 
 // A menu that was chosen from is still open while its action runs.
 void JobEditor::AfterThisEvent(std::function<void()> work) {
-  later_ = Poller([work = std::move(work)] {
+  later_ = Poller([this, work = std::move(work)] {
     work();
+    callbacks_.changed();
     return true;
   });
 }

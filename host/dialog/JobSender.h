@@ -14,6 +14,7 @@
 #include "host/dialog/PasswordWindow.h"
 #include "host/dialog/Poller.h"
 #include "host/pages/PrintPages.h"
+#include "host/pages/SavePages.h"
 
 class JobSender {
  public:
@@ -21,6 +22,7 @@ class JobSender {
     std::function<void()> making_pages;
     std::function<void(double fraction)> sending;  // from 0 to 1
     std::function<void(int job)> accepted;
+    std::function<void(const SavedPages &saved)> saved;
     std::function<void(const std::string &reason)> refused;
     // For its end, now and then; what is in the way, or the printer's words.
     std::function<void(const std::string &message)> waiting;
@@ -31,9 +33,11 @@ class JobSender {
 
   // Makes its pages first where that is to be done here.
   void Send(JobRequest request, std::optional<PagesHere> here);
+  // Keeps its pages as files instead.
+  void Save(SaveRequest request);
   // Of a job that was accepted.
   void WaitForEnd(int job, const std::string &id);
-  // Takes back a job that is being sent; `refused` follows.
+  // Takes back a job that is being sent, or saved; `refused` follows.
   void CancelSending();
 
  private:
@@ -43,6 +47,7 @@ class JobSender {
   PasswordWindow &passwords_;
   Callbacks callbacks_;
   std::shared_ptr<PrintingProgress> progress_;
+  std::shared_ptr<SavingProgress> saving_;
   std::unique_ptr<Interruption> interruption_;  // while a job is being sent
   int job_ = 0;
   std::unique_ptr<JobWaiting> waiting_;

@@ -40,8 +40,31 @@ void JobSender::Send(JobRequest request, std::optional<PagesHere> here) {
   });
 }
 
+void JobSender::Save(SaveRequest request) {
+  saving_ = std::make_shared<SavingProgress>();
+  interruption_ = std::make_unique<Interruption>(saving_->cancel);
+  auto task = std::make_shared<BackgroundTask<Expected<SavedPages>>>(
+      [request = std::move(request), progress = saving_] { return SavePages(request, *progress); });
+  poller_ = Poller([this, task] {
+    if (!task->HasEnded()) {
+      callbacks_.making_pages();
+      return false;
+    }
+    interruption_.reset();
+    saving_.reset();
+    const Expected<SavedPages> saved = task->Take();
+    if (saved) {
+      callbacks_.saved(*saved);
+    } else {
+      callbacks_.refused(saved.message());
+    }
+    return true;
+  });
+}
+
 void JobSender::CancelSending() {
   if (progress_ != nullptr) progress_->cancel = true;
+  if (saving_ != nullptr) saving_->cancel = true;
 }
 
 void JobSender::WaitForEnd(int job, const std::string &id) {

@@ -5,8 +5,11 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/base/Retained.h"
 #include "host/cups/Queue.h"
@@ -16,6 +19,7 @@
 #include "host/dialog/JobEditor.h"
 #include "host/dialog/Notices.h"
 #include "host/dialog/PasswordWindow.h"
+#include "host/dialog/Preview.h"
 #include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
 #include "host/dialog/PrinterChooser.h"
@@ -54,6 +58,7 @@ class PrintDialog {
   int job_number() const { return delivery_.job_number(); }
   bool has_sent() const { return delivery_.has_begun(); }             // or has tried to
   const std::string &failure() const { return delivery_.failure(); }  // of a job that failed
+  const std::vector<std::filesystem::path> &saved() const { return delivery_.saved(); }
 
  private:
   // A printer is asked for, or did not answer; a job can be made up, and printed; it is being sent,
@@ -77,6 +82,11 @@ class PrintDialog {
   void Cancel();
   void End(DialogEnd end);
 
+  void SaveAsFile();
+  void OpenPreview();
+  void SetShowsPreview(bool shows);
+  void LookAgain();
+
   void ShowHelp();
   void FitWindow();
 
@@ -92,6 +102,7 @@ class PrintDialog {
   PrinterChooser printers_;
   JobEditor editor_;
   JobDelivery delivery_;
+  std::unique_ptr<Preview> preview_;  // null: there is nothing to print
 
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;

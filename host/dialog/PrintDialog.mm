@@ -7,6 +7,8 @@
 #include "host/base/Messages.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/Prompt.h"
+#include "host/dialog/RememberedPreview.h"
+#include "host/dialog/SavePlace.h"
 #include "host/job/JobFiles.h"
 
 namespace {
@@ -45,7 +47,10 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                  FitWindow();
                }),
       printers_([view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
-                job_.queue, CallbacksOfPrinters()),
+                job_.queue,
+                job_.files.empty() ? PrinterChooser::FileOffer::kNone
+                                   : PrinterChooser::FileOffer::kPdf,
+                CallbacksOfPrinters()),
       editor_(view_.get(), session_, notices_, std::move(presets), TitleOfJob(job_.files),
               CallbacksOfEditor()),
       delivery_(view_.get(), PrintServer(job_.limit, passwords_.passwords()), passwords_,
@@ -71,7 +76,12 @@ PrinterChooser::Callbacks PrintDialog::CallbacksOfPrinters() {
 }
 
 JobEditor::Callbacks PrintDialog::CallbacksOfEditor() {
-  return {.panel_shown = [this] { FitWindow(); },
+  return {.panel_shown =
+              [this] {
+                FitWindow();
+                LookAgain();
+              },
+          .changed = [this] { LookAgain(); },
           .printer_lost =
               [this](const std::string &reason) {
                 SetPhase(Phase::kNoPrinter);
@@ -99,8 +109,40 @@ void PrintDialog::TieControls() {
   if (job_.files.empty()) [[view print] setTitle:String(Localized("Done"))];
 }
 
+void PrintDialog::OpenPreview() {
+  if (job_.files.empty()) return;
+  PrintDialogView *view = view_.get();
+  preview_ = std::make_unique<Preview>([view addPreview],
+                                       [this] { return editor_.PagesAsTheyStand(job_.files); });
+  [view setShowsPreview:YES];
+  const bool has_room = fitter_.HasRoom();
+  [[view fold] setEnabled:has_room];
+  if (!has_room) {
+    [[view fold] setToolTip:String(Localized("The screen is too narrow for a preview"))];
+  }
+  [view setShowsPreview:NO];
+  SetShowsPreview(has_room && job_.shows_preview);
+  actions_.Tie([view fold], [this] {
+    const bool shows = ![view_.get() showsPreview];
+    SetShowsPreview(shows);
+    RememberPreview(shows);
+    FitWindow();
+  });
+  [window_.get() setAfterEvents:[this] { LookAgain(); }];
+}
+
+void PrintDialog::SetShowsPreview(bool shows) {
+  [view_.get() setShowsPreview:shows];
+  preview_->SetShown(shows);
+}
+
+void PrintDialog::LookAgain() {
+  if (preview_ != nullptr) preview_->Look();
+}
+
 void PrintDialog::Open() {
   [NSApp activateIgnoringOtherApps:YES];
+  OpenPreview();
   if (job_.ppd) {
     OpenPrinterFromFile();
   } else {
@@ -154,8 +196,13 @@ void PrintDialog::ShowNoAnswer(const std::string &reason) {
 void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   queue_ = queue;
   [view_.get() setPanelView:nil];
-  const std::string description = DescribeQueue(queue);
+  const bool is_file = queue.name.empty();
+  const std::string description =
+      is_file ? Localized("The pages become a file; nothing is printed") : DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
+  if (!job_.files.empty()) {
+    [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : Localized("Print"))];
+  }
   SetPhase(Phase::kReady);
   editor_.UsePrinter(queue, std::move(ppd));
 }
@@ -163,17 +210,31 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
 void PrintDialog::Accept() {
   if (phase_ != Phase::kReady || !editor_.IsReadyToPrint()) return;
   if (job_.files.empty()) return End(DialogEnd::kAccepted);
+  if (queue_.name.empty()) return SaveAsFile();
   Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files);
   if (!request) return notices_.AddNote(request.message());
   SetPhase(Phase::kSending);
   delivery_.Begin(std::move(*request), session_.here());
 }
 
+void PrintDialog::SaveAsFile() {
+  Expected<PagesRequest> pages = session_.PagesFor(job_.files);
+  if (!pages) return notices_.AddNote(pages.message());
+  const std::optional<SavePlace> place = AskForPlace(job_.files.front());
+  if (!place) return;
+  SetPhase(Phase::kSending);
+  delivery_.Save({.pages = std::move(*pages),
+                  .out = place->path,
+                  .dpi = std::nullopt,
+                  .existing = place->existing});
+}
+
 void PrintDialog::ShowRefusal(const std::string &reason) {
   Complain(reason);
   if (Interruption::Came()) return End(DialogEnd::kCanceled);
   SetPhase(Phase::kReady);
-  notices_.AddNote(Localized("not printed: %1", {reason}));
+  notices_.AddNote(queue_.name.empty() ? Localized("nothing is saved: %1", {reason})
+                                       : Localized("not printed: %1", {reason}));
 }
 
 void PrintDialog::Cancel() {
@@ -190,6 +251,8 @@ void PrintDialog::Cancel() {
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
   passwords_.Close();
+  [window_.get() setAfterEvents:nullptr];
+  if (preview_ != nullptr) preview_->SetShown(false);
   const bool canceled = end == DialogEnd::kCanceled;
   for (const auto &panel : session_.panels()) panel->WindowWillClose(canceled);
   end_ = end;

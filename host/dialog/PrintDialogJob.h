@@ -18,6 +18,7 @@ struct PrintDialogJob {
   PrintSettings settings;      // to begin with
   std::string preset;          // whose settings these are; empty: none's
   std::vector<std::filesystem::path> files;  // none: nothing is printed, the choices are accepted
+  bool shows_preview = false;                // where there are files, and room on the screen
   bool waits = false;                        // for the end of the job
   std::chrono::milliseconds limit{5000};     // for each of the server's answers
 };
@@ -25,6 +26,7 @@ struct PrintDialogJob {
 enum class DialogEnd {
   kCanceled,
   kAccepted,  // the choices hold; nothing was to be printed
+  kSaved,     // the pages are a file
   kPrinted,   // the server has taken the job; where that is waited for, it is complete
   kJobFailed  // the server has taken the job, but it was canceled or aborted, or not waited for
 };

@@ -19,6 +19,8 @@ constexpr double kButtonHeight = 26;
 constexpr double kButtonGap = 12;
 constexpr double kSmallestArea = 96;
 constexpr double kSmallestWidth = 560;
+constexpr double kPreviewWidth = 320;  // with the margin behind it
+constexpr double kProgressWidth = 90;
 constexpr double kTallestInfo = 3 * kLineHeight;
 constexpr double kRow = kControlHeight + kGap;
 constexpr double kFooter = kMargin + kButtonHeight + 16;
@@ -37,28 +39,42 @@ PrintDialogLayout::PrintDialogLayout(PrintDialogMeasures measures)
 
 double PrintDialogLayout::ControlsLeft() const { return kMargin + measures_.captions + kGap; }
 
-// Of the row of copies and pages, the longest one.
+// Of the row of copies and pages or that of the buttons, the longest ones.
 double PrintDialogLayout::MinWidth() const {
   const double width = ControlsLeft() + kNumberWidth + kStepperGap + kStepperWidth + kGap +
                        measures_.pages_caption + kGap + kPagesWidth + kGap + measures_.pages_hint +
                        kMargin;
-  return std::max(kSmallestWidth, width);
+  const double buttons = kMargin + kButtonHeight + kGap + measures_.fold + kGap + kProgressWidth +
+                         kGap + 2 * measures_.buttons + kButtonGap + kMargin;
+  return std::max({kSmallestWidth, width, buttons});
+}
+
+double PrintDialogLayout::WidthBesidePreview(double width) const {
+  if (!measures_.has_preview) return width;
+  const double needed = std::max(MinWidth(), measures_.panel + 2 * kMargin);
+  return std::max(MinWidth(), std::min(needed, width - kPreviewWidth));
 }
 
 LayoutSize PrintDialogLayout::SizeForPanel(LayoutSize panel) const {
   const double width = std::max(MinWidth(), panel.width + 2 * kMargin);
   PrintDialogFrames frames;
   PlaceHeader(width, frames);
-  return {width, frames.panel_area.y + std::max(panel.height, kSmallestArea) + kFooter};
+  return {width + (measures_.has_preview ? kPreviewWidth : 0),
+          frames.panel_area.y + std::max(panel.height, kSmallestArea) + kFooter};
 }
 
 LayoutSize PrintDialogLayout::MinSize() const { return SizeForPanel({0, kSmallestArea}); }
 
 PrintDialogFrames PrintDialogLayout::FramesIn(LayoutSize size) const {
   PrintDialogFrames frames;
-  PlaceHeader(size.width, frames);
+  const double width = WidthBesidePreview(size.width);
+  PlaceHeader(width, frames);
   PlaceFooter(size, frames);
-  frames.panel_area.width = size.width;
+  if (measures_.has_preview) {
+    frames.preview = {width, kMargin, std::max(0.0, size.width - width - kMargin),
+                      std::max(0.0, frames.lower_line.y - kMargin - kGap)};
+  }
+  frames.panel_area.width = width;
   frames.panel_area.height = std::max(0.0, frames.lower_line.y - frames.panel_area.y);
   return frames;
 }
@@ -111,7 +127,8 @@ void PrintDialogLayout::PlaceFooter(LayoutSize size, PrintDialogFrames &frames) 
   frames.print = {size.width - kMargin - width, y, width, kButtonHeight};
   frames.cancel = {frames.print.x - kButtonGap - width, y, width, kButtonHeight};
   frames.help = {kMargin, y, kButtonHeight, kButtonHeight};
-  const double left = frames.help.right() + kGap;
+  frames.fold = {frames.help.right() + kGap, y, measures_.fold, kButtonHeight};
+  const double left = (measures_.fold > 0 ? frames.fold : frames.help).right() + kGap;
   const double room = frames.cancel.x - kGap - left;
   frames.progress_text = {left, y + (measures_.has_progress_bar ? -6 : 5), room, kLineHeight};
   frames.progress = {left, y + 14, room, 12};

@@ -17,6 +17,9 @@ struct PrintDialogMeasures {
   // Heights of texts that wrap, for a width.
   std::function<double(double width)> notices;       // none: no notices are shown
   std::function<double(double width)> printer_info;  // none: no more than a line
+  double fold = 0;  // of the button that shows the preview or puts it away; 0: there is none
+  bool has_preview = false;
+  double panel = 0;  // beside a preview, which gets what is left
   bool has_progress_bar = false;
 };
 
@@ -29,7 +32,8 @@ struct PrintDialogFrames {
   LayoutRect left_line, panels, right_line;
   LayoutRect panel_area;
   LayoutRect lower_line;
-  LayoutRect help, progress_text, progress, cancel, print;
+  LayoutRect help, fold, progress_text, progress, cancel, print;
+  LayoutRect preview;  // beside all but these buttons; empty: there is none
 };
 
 class PrintDialogLayout {
@@ -49,6 +53,7 @@ class PrintDialogLayout {
   void PlaceFooter(LayoutSize size, PrintDialogFrames &frames) const;
   double ControlsLeft() const;
   double MinWidth() const;
+  double WidthBesidePreview(double width) const;
 
   PrintDialogMeasures measures_;
 };

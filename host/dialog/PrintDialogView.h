@@ -6,6 +6,7 @@
 #import <Cocoa/Cocoa.h>
 
 #import "host/dialog/PanelArea.h"
+#import "host/dialog/PreviewView.h"
 
 /// All controls of the dialog, without targets. Whatever changes their texts sends layOut
 /// afterwards.
@@ -22,7 +23,9 @@
   NSBox *_leftLine, *_rightLine, *_lowerLine;
   NSPopUpButton *_panels;
   PanelArea *_panelArea;
-  NSButton *_help;
+  NSButton *_help, *_fold;
+  PreviewView *_preview;  // nil: the dialog has none
+  CGFloat _panelWidth;
   NSTextField *_progressText;
   NSProgressIndicator *_progress;
   NSButton *_cancel, *_print;
@@ -36,6 +39,7 @@
 @property(readonly) NSTextField *pages;
 @property(readonly) NSPopUpButton *panels;
 @property(readonly) NSButton *help;
+@property(readonly) NSButton *fold;  // shows the preview, or puts it away
 @property(readonly) NSButton *cancel;
 @property(readonly) NSButton *print;
 
@@ -55,6 +59,13 @@
 /// What is being done with the job, beside the buttons; empty: nothing. The fraction is from 0 to
 /// 1, negative: no bar.
 - (void)setProgressText:(NSString *)text fraction:(double)fraction;
+
+/// The preview beside everything else, hidden at first, and the button that shows it.
+- (PreviewView *)addPreview;
+- (void)setShowsPreview:(BOOL)shows;
+- (BOOL)showsPreview;
+/// What the panels need beside it.
+- (void)setPanelWidth:(CGFloat)width;
 
 /// The smallest size in which nothing but the panel is cut, and that scrolls.
 - (NSSize)minSize;

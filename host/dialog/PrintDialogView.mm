@@ -21,6 +21,7 @@
 @synthesize pages = _pages;
 @synthesize panels = _panels;
 @synthesize help = _help;
+@synthesize fold = _fold;
 @synthesize cancel = _cancel;
 @synthesize print = _print;
 
@@ -50,6 +51,8 @@
   _lowerLine = add(SeparatorLine());
   _help = add(PushButton(@"?", nil, nullptr));
   [_help setToolTip:String(Localized("Help"))];
+  _fold = add(PushButton(@"", nil, nullptr));
+  [_fold setHidden:YES];
   _progressText = add(ProgressLabel());
   _progress = add(ProgressBar());
   _cancel = add(PushButton(String(Localized("Cancel")), nil, nullptr));
@@ -80,6 +83,9 @@
   };
   if (![_notices isHidden]) measures.notices = height_of(_notices);
   measures.printer_info = height_of(_printerInfo);
+  if (![_fold isHidden]) measures.fold = WidthOfButton(_fold, 0);
+  measures.has_preview = [self showsPreview];
+  measures.panel = _panelWidth;
   measures.has_progress_bar = ![_progress isHidden];
   return PrintDialogLayout(std::move(measures));
 }
@@ -116,6 +122,8 @@
   [_panelArea placePanel];
   place(_lowerLine, frames.lower_line);
   place(_help, frames.help);
+  place(_fold, frames.fold);
+  if ([self showsPreview]) place(_preview, frames.preview);
   place(_progressText, frames.progress_text);
   place(_progress, frames.progress);
   place(_cancel, frames.cancel);
@@ -143,8 +151,42 @@
   std::vector<NSView *> chain = {_printers, _presets, _copies, _pages, _panels};
   const std::vector<NSView *> panel = [_panelArea panelKeyViews];
   chain.insert(chain.end(), panel.begin(), panel.end());
-  chain.insert(chain.end(), {_help, _cancel, _print});
+  chain.push_back(_help);
+  if (_preview != nil) chain.push_back(_fold);
+  if ([self showsPreview]) {
+    const std::vector<NSView *> preview = [_preview keyViews];
+    chain.insert(chain.end(), preview.begin(), preview.end());
+  }
+  chain.insert(chain.end(), {_cancel, _print});
   LinkKeyViews(chain);
+}
+
+- (PreviewView *)addPreview {
+  _preview = [[[PreviewView alloc] initWithFrame:NSZeroRect] autorelease];
+  [self addSubview:_preview];
+  [_fold setHidden:NO];
+  [self setShowsPreview:NO];
+  return _preview;
+}
+
+- (void)setShowsPreview:(BOOL)shows {
+  NSResponder *focus = [[self window] firstResponder];
+  if (!shows && [focus isKindOfClass:[NSView class]] &&
+      [(NSView *)focus isDescendantOf:_preview]) {
+    [[self window] makeFirstResponder:_fold];
+  }
+  [_preview setHidden:!shows];
+  [_fold setTitle:String(shows ? Localized("Hide Preview") : Localized("Show Preview"))];
+  [self layOut];
+  [self linkKeyViews];
+}
+
+- (BOOL)showsPreview {
+  return _preview != nil && ![_preview isHidden];
+}
+
+- (void)setPanelWidth:(CGFloat)width {
+  _panelWidth = width;
 }
 
 - (void)setPrinterInfo:(NSString *)text {

@@ -26,8 +26,11 @@ class PrinterChooser {
 
   // The pop-up gets the queues' names. The queue wanted first; empty: the default one, or else the
   // first.
+  // With the offer to keep the pages as a file its last item is that; it is answered with the queue
+  // of such files (PdfFileQueue), without a server.
+  enum class FileOffer { kNone, kPdf };
   PrinterChooser(NSPopUpButton *pop_up, PrintServer server, PasswordWindow &passwords,
-                 std::string wanted, Callbacks callbacks);
+                 std::string wanted, FileOffer offer, Callbacks callbacks);
 
   // Asks for the queues, then for the printer description of the one that is wanted.
   void AskForQueues();
@@ -50,11 +53,14 @@ class PrinterChooser {
   void AskFor(const Queue &queue);
   void TakePPD(PPDAnswer ppd);
   void Fail(const std::string &reason);
+  void AddFileOffer();
+  void AnswerFile();
 
   Retained<NSPopUpButton *> pop_up_;
   PrintServer server_;
   PasswordWindow &passwords_;
   std::string wanted_;
+  const FileOffer offer_;
   Callbacks callbacks_;
   std::vector<Queue> queues_;
   std::string answered_;

@@ -7,6 +7,9 @@
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
 #import "host/dialog/Controls.h"
+#include "host/pages/PdfFileQueue.h"
+#include "host/ppd/PPDSource.h"
+#include "host/ppd/PdfFilePrinter.h"
 
 namespace {
 
@@ -33,11 +36,12 @@ void PrinterChooser::Ask(std::function<Answer()> question, void (PrinterChooser:
 }
 
 PrinterChooser::PrinterChooser(NSPopUpButton *pop_up, PrintServer server, PasswordWindow &passwords,
-                               std::string wanted, Callbacks callbacks)
+                               std::string wanted, FileOffer offer, Callbacks callbacks)
     : pop_up_(Retained<NSPopUpButton *>::Share(pop_up)),
       server_(std::move(server)),
       passwords_(passwords),
       wanted_(std::move(wanted)),
+      offer_(offer),
       callbacks_(std::move(callbacks)) {}
 
 void PrinterChooser::AskForQueues() {
@@ -46,10 +50,16 @@ void PrinterChooser::AskForQueues() {
 }
 
 void PrinterChooser::TakeQueues(QueuesAnswer queues) {
-  if (!queues) return Fail(queues.message());
-  queues_ = std::move(*queues);
   [pop_up_.get() removeAllItems];
+  queues_.clear();
+  if (!queues) {
+    AddFileOffer();
+    [pop_up_.get() selectItemAtIndex:-1];
+    return Fail(queues.message());
+  }
+  queues_ = std::move(*queues);
   for (const Queue &queue : queues_) AddItem(pop_up_.get(), String(queue.name), nil);
+  AddFileOffer();
   auto chosen = std::find_if(queues_.begin(), queues_.end(), [this](const Queue &queue) {
     // The print system takes no notice of the case of letters.
     return wanted_.empty() ? queue.is_default
@@ -66,6 +76,7 @@ void PrinterChooser::TakeQueues(QueuesAnswer queues) {
 }
 
 void PrinterChooser::AskForChosen() {
+  if ([[pop_up_.get() selectedItem] representedObject] != nil) return AnswerFile();
   const NSInteger index = [pop_up_.get() indexOfSelectedItem];
   if (index < 0 || static_cast<size_t>(index) >= queues_.size()) return;
   AskFor(queues_[index]);
@@ -84,6 +95,20 @@ void PrinterChooser::TakePPD(PPDAnswer ppd) {
                                   [this](const Queue &known) { return known.name == wanted_; });
   answered_ = wanted_;
   callbacks_.answered(*queue, std::move(*ppd));
+}
+
+void PrinterChooser::AddFileOffer() {
+  if (offer_ == FileOffer::kNone) return;
+  AddSeparator(pop_up_.get());
+  AddItem(pop_up_.get(), String(Localized("Save as PDF…")), @"file");
+}
+
+void PrinterChooser::AnswerFile() {
+  poller_ = Poller();  // what was asked of a queue
+  Expected<PPDFile> ppd = ParsePPD(PdfFilePrinterPPD());
+  if (!ppd) return Fail(ppd.message());
+  answered_ = Text([pop_up_.get() titleOfSelectedItem]);
+  callbacks_.answered(PdfFileQueue(), std::move(*ppd));
 }
 
 void PrinterChooser::Retry() {

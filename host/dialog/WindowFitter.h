@@ -14,6 +14,9 @@ class WindowFitter {
   // The view is the window's content; its size now is nobody's choice.
   WindowFitter(NSWindow *window, PrintDialogView *view);
 
+  // Whether the screen is large enough for what the view shows, but for panels, which scroll.
+  bool HasRoom() const;
+
   // As large as a panel of this size needs, unless the user has made it larger or the screen is
   // smaller. The upper left corner stays.
   void Fit(NSSize panel);

@@ -18,9 +18,14 @@ WindowFitter::WindowFitter(NSWindow *window, PrintDialogView *view)
       view_(Retained<PrintDialogView *>::Share(view)),
       size_(SizeForLayout([view frame].size)) {}
 
+bool WindowFitter::HasRoom() const {
+  return SizeForLayout([view_.get() minSize]).width <= LargestContent(window_.get()).width;
+}
+
 void WindowFitter::Fit(NSSize panel) {
   NSWindow *window = window_.get();
   const LayoutSize limit = LargestContent(window);
+  [view_.get() setPanelWidth:panel.width];
   const LayoutSize wanted = SizeForLayout([view_.get() sizeForPanelSize:panel]);
   const NSSize now = [view_.get() frame].size;
   const NSSize size = PlatformSize(size_.Next(wanted, SizeForLayout(now), limit));

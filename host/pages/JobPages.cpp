@@ -60,10 +60,14 @@ Failure MakesNothing(const FilterStep &step) {
 
 class Maker {
  public:
-  Maker(const PagesRequest &request, PrivateFolder folder, const std::atomic<bool> &cancel)
-      : request_(request), folder_(std::move(folder)), cancel_(cancel) {}
+  Maker(const PagesRequest &request, const PrivateFolder &folder, const std::atomic<bool> &cancel)
+      : request_(request),
+        folder_(folder),
+        cancel_(cancel),
+        ppd_(folder.path() / "printer.ppd"),
+        ppd_of_part_(folder.path() / "part.ppd") {}
 
-  Expected<JobPages> Make() {
+  Expected<fs::path> LayOut() {
     if (auto done = WriteDescriptions(); !done) return Explained(done.failure());
     std::vector<fs::path> parts;
     for (const fs::path &file : request_.files) {
@@ -74,32 +78,30 @@ class Maker {
     if (parts.empty()) return NoPage();
     Expected<fs::path> all = Joined(parts);
     if (!all) return Explained(all.failure());
-    JobPages pages{.folder = std::move(folder_), .file = std::move(*all), .notes = {}};
+    return all;
+  }
+
+  Expected<FilteredPages> Filter(const fs::path &laid_out) const {
+    FilteredPages pages{.file = laid_out, .notes = {}};
     for (const DocumentFilter &filter : request_.making.filters) {
-      if (auto done = Apply(filter, pages); !done) return ExplainedIn(pages.folder, done.failure());
+      if (auto done = Apply(filter, pages); !done) return Explained(done.failure());
     }
-    Expected<int> count = CountPages(pages.file, pages.file, cancel_);
-    if (!count) return ExplainedIn(pages.folder, count.failure());
-    if (*count == 0) return NoPage();
-    pages.count = *count;
     return pages;
   }
 
- private:
   // Where there is no room any more, that is why.
-  static Failure ExplainedIn(const PrivateFolder &folder, const Failure &failure) {
-    const Expected<void> room = folder.CheckRoom();
+  Failure Explained(const Failure &failure) const {
+    const Expected<void> room = folder_.CheckRoom();
     return room ? failure : room.failure();
   }
-  Failure Explained(const Failure &failure) const { return ExplainedIn(folder_, failure); }
+
+ private:
 
   fs::path NewFile(const char *suffix) {
     return folder_.path() / (std::to_string(++files_) + suffix);
   }
 
   Expected<void> WriteDescriptions() {
-    ppd_ = NewFile(".ppd");
-    ppd_of_part_ = NewFile(".ppd");
     const std::string text = ForLayout(request_.making.ppd, LastSide::kAsPrinter);
     if (auto done = WriteWholeFile(ppd_, text); !done) return done;
     return WriteWholeFile(ppd_of_part_, ForLayout(request_.making.ppd, LastSide::kBack));
@@ -193,7 +195,7 @@ class Maker {
     return all;
   }
 
-  Expected<void> Apply(const DocumentFilter &filter, JobPages &pages) {
+  Expected<void> Apply(const DocumentFilter &filter, FilteredPages &pages) const {
     const auto failure = [&filter](const Failure &why) {
       return why.Reworded(Localized("%1 cannot be applied: %2", {filter.bundle, why.message}));
     };
@@ -203,7 +205,7 @@ class Maker {
                     .from = kLaidOutPdf,
                     .to = kLaidOutPdf,
                     .in = pages.file,
-                    .out = pages.folder.path() / filter.program,
+                    .out = folder_.path() / filter.program,
                     .ppd = ppd_,
                     .title = request_.title,
                     .options = request_.options};
@@ -226,9 +228,9 @@ class Maker {
   }
 
   const PagesRequest &request_;
-  PrivateFolder folder_;
+  const PrivateFolder &folder_;
   const std::atomic<bool> &cancel_;
-  fs::path ppd_, ppd_of_part_;
+  const fs::path ppd_, ppd_of_part_;
   std::vector<FilterLine> conversions_;
   int files_ = 0;
 };
@@ -238,7 +240,33 @@ class Maker {
 Expected<JobPages> MakePages(const PagesRequest &request, const std::atomic<bool> &cancel) {
   Expected<PrivateFolder> folder = PrivateFolder::Make();
   if (!folder) return folder.failure();
-  Expected<JobPages> pages = Maker(request, std::move(*folder), cancel).Make();
-  if (!pages && cancel) return JobCanceled();
-  return pages;
+  Expected<fs::path> laid_out = LayOutPages(request, *folder, cancel);
+  if (!laid_out) return laid_out.failure();
+  Expected<FilteredPages> filtered = ApplyFilters(request, *laid_out, *folder, cancel);
+  if (!filtered) return filtered.failure();
+  Expected<int> count = CountPages(filtered->file, filtered->file, cancel);
+  if (!count) {
+    return cancel ? JobCanceled() : Maker(request, *folder, cancel).Explained(count.failure());
+  }
+  if (*count == 0) return NoPage();
+  return JobPages{.folder = std::move(*folder),
+                  .file = std::move(filtered->file),
+                  .count = *count,
+                  .is_changed = filtered->is_changed,
+                  .notes = std::move(filtered->notes)};
+}
+
+Expected<fs::path> LayOutPages(const PagesRequest &request, const PrivateFolder &folder,
+                               const std::atomic<bool> &cancel) {
+  Expected<fs::path> laid_out = Maker(request, folder, cancel).LayOut();
+  if (!laid_out && cancel) return JobCanceled();
+  return laid_out;
+}
+
+Expected<FilteredPages> ApplyFilters(const PagesRequest &request, const fs::path &laid_out,
+                                     const PrivateFolder &folder,
+                                     const std::atomic<bool> &cancel) {
+  Expected<FilteredPages> filtered = Maker(request, folder, cancel).Filter(laid_out);
+  if (!filtered && cancel) return JobCanceled();
+  return filtered;
 }

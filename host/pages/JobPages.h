@@ -18,6 +18,9 @@ struct PagesRequest {
   std::string title;
   JobOptions options;
   PageMaking making;
+  bool is_two_sided = false;  // two pages make a sheet
+
+  bool operator==(const PagesRequest &) const = default;
 };
 
 struct JobPages {
@@ -28,11 +31,29 @@ struct JobPages {
   std::vector<std::string> notes;  // what they have said, in English
 };
 
-// Makes them with the print system's own converters: of each file PDF, laid out as the job's
-// options say (ranges, several pages on a side, order, copies, empty sides), then all of them one
-// document, then what the document filters do. Blocks, on any thread; ends soon after it is
-// canceled. Nothing is left behind. The failure: a program is missing or fails, a document cannot
-// be read, there is no room; or a filter has passed on what it could not change.
+// Makes them: LayOutPages, then ApplyFilters. Blocks, on any thread; ends soon after it is
+// canceled. Nothing is left behind.
 Expected<JobPages> MakePages(const PagesRequest &request, const std::atomic<bool> &cancel);
+
+// Makes of each file PDF with the print system's own converters, laid out as the job's options say
+// (ranges, several pages on a side, order, copies, empty sides), and of all of them one document in
+// the folder. The failure: a program is missing or fails, a document cannot be read, there is no
+// room, or no page is to be printed.
+Expected<std::filesystem::path> LayOutPages(const PagesRequest &request,
+                                            const PrivateFolder &folder,
+                                            const std::atomic<bool> &cancel);
+
+struct FilteredPages {
+  std::filesystem::path file;
+  bool is_changed = false;
+  std::vector<std::string> notes;
+};
+
+// What the document filters make of it. The failure: also that one has passed on what it could not
+// change.
+Expected<FilteredPages> ApplyFilters(const PagesRequest &request,
+                                     const std::filesystem::path &laid_out,
+                                     const PrivateFolder &folder,
+                                     const std::atomic<bool> &cancel);
 
 #endif

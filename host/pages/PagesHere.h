@@ -3,6 +3,7 @@
 #ifndef HOST_PAGES_PAGESHERE_H
 #define HOST_PAGES_PAGESHERE_H
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,12 +14,17 @@ struct DocumentFilter {
   std::string program;
   std::string bundle;   // its name, for people
   std::string package;  // that has the program; empty: not told
+
+  bool operator==(const DocumentFilter &) const = default;
 };
 
 // How they are made as the printer will print them.
 struct PageMaking {
   std::string ppd;  // the printer's description, with the options of the filters
   std::vector<DocumentFilter> filters;
+  std::set<std::string> of_filters;  // the options that they take
+
+  bool operator==(const PageMaking &) const = default;
 };
 
 // What is done to them here when they are printed, since the queue cannot.

@@ -79,17 +79,15 @@ Expected<void> TakePage(const fs::path &pdf, int page, const fs::path &out,
              cancel);
 }
 
-Expected<void> DrawPageInto(PixelSize size, const fs::path &pdf, int page, const fs::path &out,
-                            const std::atomic<bool> &cancel) {
-  return Ask(PictureHelper(),
-             {"fit", pdf.string(), std::to_string(page), std::to_string(size.width),
-              std::to_string(size.height), out.string()},
-             out, cancel, kLongestDrawing);
-}
-
-Expected<void> DrawPageAt(int dpi, const fs::path &pdf, int page, const fs::path &out,
-                          const std::atomic<bool> &cancel) {
-  return Ask(PictureHelper(),
-             {"at", pdf.string(), std::to_string(page), std::to_string(dpi), out.string()}, out,
-             cancel, kLongestDrawing);
+Expected<void> DrawPage(const DrawingSize &size, const fs::path &pdf, int page,
+                        const fs::path &out, const std::atomic<bool> &cancel) {
+  const std::string way = size.dpi == 0 ? "fit" : "at";
+  std::vector<std::string> arguments = {way, out.string(), pdf.string(), std::to_string(page)};
+  if (size.dpi == 0) {
+    arguments.push_back(std::to_string(size.room.width));
+    arguments.push_back(std::to_string(size.room.height));
+  } else {
+    arguments.push_back(std::to_string(size.dpi));
+  }
+  return Ask(PictureHelper(), std::move(arguments), out, cancel, kLongestDrawing);
 }

@@ -28,17 +28,22 @@ Expected<void> TakeDocument(const std::filesystem::path &pdf, const std::filesys
 Expected<void> TakePage(const std::filesystem::path &pdf, int page,
                         const std::filesystem::path &out, const std::atomic<bool> &cancel);
 
-// Draws a page, counted from 1, as large as it fits into so many pixels, into a PPM file.
 struct PixelSize {
   int width = 0, height = 0;
 
   bool operator==(const PixelSize &) const = default;
 };
-Expected<void> DrawPageInto(PixelSize size, const std::filesystem::path &pdf, int page,
-                            const std::filesystem::path &out, const std::atomic<bool> &cancel);
 
-// Draws it with so many pixels to an inch, into a PNG file.
-Expected<void> DrawPageAt(int dpi, const std::filesystem::path &pdf, int page,
-                          const std::filesystem::path &out, const std::atomic<bool> &cancel);
+// How large a page is drawn: as fits into so many pixels, or with so many to an inch.
+struct DrawingSize {
+  PixelSize room;
+  int dpi = 0;  // 0: as it fits
+
+  bool operator==(const DrawingSize &) const = default;
+};
+
+// Draws a page, counted from 1, into a PNG or PPM file, as its name ends.
+Expected<void> DrawPage(const DrawingSize &size, const std::filesystem::path &pdf, int page,
+                        const std::filesystem::path &out, const std::atomic<bool> &cancel);
 
 #endif

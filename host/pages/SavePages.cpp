@@ -54,7 +54,7 @@ Expected<std::vector<Piece>> Pictures(const SaveRequest &request, const JobPages
     Piece piece = {pages.folder.path() / (std::to_string(page) + ".png"),
                    NumberedPath(request.out, page, pages.count)};
     if (auto free = CheckFree(request, piece.out); !free) return free.failure();
-    auto drawn = DrawPageAt(*request.dpi, pages.file, page, piece.made, progress.cancel);
+    auto drawn = DrawPage({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made, progress.cancel);
     if (!drawn) {
       return drawn.failure().Reworded(
           Localized("page %1 cannot be drawn: %2", {std::to_string(page), drawn.message()}));

@@ -5,6 +5,7 @@
 #define HOST_SESSION_JOBSESSION_H
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -98,6 +99,10 @@ class JobSession {
   Expected<PagesRequest> PagesFor(const std::vector<std::filesystem::path> &files,
                                   const std::string &title = "") const;
 
+  // Does work that changes the settings, and puts them back: as if somebody had only looked. The
+  // failure: they cannot be read, and nothing is done, or not be put back, and stay changed.
+  Expected<void> PutBackAfter(const std::function<void()> &work);
+
   // The localized summary of every panel that has one, under its name.
   std::vector<std::pair<std::string, SummaryLines>> Summary();
 
@@ -107,6 +112,7 @@ class JobSession {
   void TakeAbility(std::optional<PPDFile> ppd, const DocumentFormats &formats);
   Expected<void> TakePanels(Notes &notes);
   Expected<Notes> Use(PMPrintSettings settings);
+  bool IsTwoSided() const;
   void DropPrinter();
   void LoseSettings();
 

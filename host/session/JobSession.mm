@@ -274,7 +274,30 @@ Expected<PagesRequest> JobSession::PagesFor(const std::vector<std::filesystem::p
   return PagesRequest{.files = std::move(request->files),
                       .title = std::move(request->title),
                       .options = std::move(request->options),
-                      .making = making_};
+                      .making = making_,
+                      .is_two_sided = IsTwoSided()};
+}
+
+Expected<void> JobSession::PutBackAfter(const std::function<void()> &work) {
+  JobSettings before;
+  if (Expected<Notes> kept = before.ReplaceBy(settings()); !kept) return kept.failure();
+  work();
+  Expected<Notes> back = settings_.ReplaceBy(before.get());
+  if (!back) return back.failure();
+  return {};
+}
+
+// As the program reads it that lays out pages.
+bool JobSession::IsTwoSided() const {
+  Expected<JobOptions> choices = Choices();
+  if (!choices) return false;
+  for (const char *keyword : {"Duplex", "JCLDuplex", "EFDuplex", "KD03Duplex"}) {
+    const auto choice = choices->find(keyword);
+    if (choice != choices->end() && choice->second.starts_with("Duplex")) return true;
+  }
+  Expected<JobOptions> options = Options();
+  const auto sides = options ? options->find("sides") : JobOptions::iterator();
+  return options && sides != options->end() && sides->second.starts_with("two-sided");
 }
 
 std::vector<std::pair<std::string, SummaryLines>> JobSession::Summary() {

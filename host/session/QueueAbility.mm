@@ -8,11 +8,21 @@
 #include "host/ppd/FilterLines.h"
 #include "host/ppd/PPDSource.h"
 #include "host/ppd/edit/Enabling.h"
+#include "host/ppd/edit/PPDText.h"
 
 namespace {
 
 DocumentFilter FilterOf(const PrinterOptions &options) {
   return {options.document_filter, options.name, options.document_package};
+}
+
+void AddFilter(const PrinterOptions &options, PageMaking &making) {
+  making.filters.push_back(FilterOf(options));
+  for (const std::string &lines : {options.document.color, options.document.monochrome}) {
+    for (const PPDStatement &statement : StatementsOf(lines)) {
+      making.of_filters.emplace(OptionOpenedBy(statement));
+    }
+  }
 }
 
 // Pages that are sent as documents are laid out again; with the paper that they have they stay as
@@ -69,7 +79,7 @@ Expected<void> ApplyHere(QueueAbility &ability, const PrinterOptions &options,
   ability.here->sent_with = std::move(sent_with);
   ability.here->sent_with_banners = SentWithBanners(*ability.ppd);
   ability.here->filters.push_back(filter);
-  ability.making.filters.push_back(filter);
+  AddFilter(options, ability.making);
   ability.here->defaults.merge(Added(*ability.ppd, *extended));
   ability.ppd = std::move(*extended);
   ability.applications.push_back({options.name, Application::By::kThisComputer});
@@ -87,7 +97,7 @@ Expected<void> Place(QueueAbility &ability, const ExtensionBundle &bundle,
     ability.applications.push_back(
         {(*options)->name,
          by == AppliedBy::kPrinter ? Application::By::kPrinter : Application::By::kServer});
-    if (!(*options)->document_filter.empty()) ability.making.filters.push_back(FilterOf(**options));
+    if (!(*options)->document_filter.empty()) AddFilter(**options, ability.making);
     return {};
   }
   if (!formats || (*options)->document_filter.empty()) return {};

@@ -23,6 +23,8 @@ struct DialogOptions {
   std::map<std::string, std::string> last_used = {};  // empty: nothing was printed yet
   bool waits = false;
   bool has_file = true;
+  std::filesystem::path document = {};  // empty: one page of PostScript
+  bool preview = false;
   std::chrono::milliseconds limit{5000};
 };
 

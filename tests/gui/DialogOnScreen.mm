@@ -73,7 +73,11 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
     Expected<std::filesystem::path> path = store().LastUsedPathForWriting();
     EXPECT_TRUE(WriteTicket(*path, Settings(options.last_used).get()));
   }
-  if (options.has_file) job.files = {folder_.Write("page.ps", kPage)};
+  variables_.emplace_back("XDG_CONFIG_HOME", folder_.path() / "config");
+  if (options.has_file) {
+    job.files = {options.document.empty() ? folder_.Write("page.ps", kPage) : options.document};
+  }
+  job.shows_preview = options.preview;
   job.waits = options.waits;
   job.limit = options.limit;
   dialog_ = std::make_unique<PrintDialog>(std::move(job), extensions_, store());

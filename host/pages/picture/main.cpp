@@ -1,10 +1,10 @@
 // The helper of pdeprint that draws pages of PDF files. It is a program of its own since documents
 // may be anything.
 //
-//   pdeprint-picture fit FILE PAGE WIDTH HEIGHT OUT   as large as fits into so many pixels; a PPM file
-//   pdeprint-picture at FILE PAGE DPI OUT             so many pixels to an inch; a PNG file
+//   pdeprint-picture fit OUT FILE PAGE WIDTH HEIGHT   as large as fits into so many pixels
+//   pdeprint-picture at OUT FILE PAGE DPI             so many pixels to an inch
 //
-// The page is counted from 1.
+// The page is counted from 1. OUT.png is a PNG file, anything else a PPM file.
 
 #include <poppler-document.h>
 #include <poppler-image.h>
@@ -17,8 +17,8 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "host/pages/ProgramStatus.h"
 
@@ -63,9 +63,13 @@ poppler::image Draw(const poppler::page &page, double dpi) {
   return renderer.render_page(&page, dpi, dpi);
 }
 
-int Run(const std::string &way, const std::string &path, int number, char **more, int count) {
-  const bool fits = way == "fit" && count == 3;
-  if (!fits && !(way == "at" && count == 2)) return kWrongArguments;
+int Run(const std::vector<std::string> &arguments) {
+  constexpr size_t kFixed = 4;
+  const bool fits = arguments.size() == kFixed + 2 && arguments[0] == "fit";
+  const bool is_at = arguments.size() == kFixed + 1 && arguments[0] == "at";
+  if (!fits && !is_at) return kWrongArguments;
+  const std::string &out = arguments[1], &path = arguments[2];
+  const int number = std::atoi(arguments[3].c_str());
   poppler::set_debug_error_function(IgnoreMessage, nullptr);
   const std::unique_ptr<poppler::document> document(poppler::document::load_from_file(path));
   if (!document) return kDamaged;
@@ -74,24 +78,20 @@ int Run(const std::string &way, const std::string &path, int number, char **more
   const std::unique_ptr<poppler::page> page(document->create_page(number - 1));
   if (!page) return kDamaged;
   const Size size = SizeOf(*page);
-  double dpi = std::atof(more[0]);
-  if (fits) dpi = std::min(dpi / size.width, std::atof(more[1]) / size.height);
+  double dpi = std::atof(arguments[kFixed].c_str());
+  if (fits) dpi = std::min(dpi / size.width, std::atof(arguments.back().c_str()) / size.height);
   if (!(dpi > 0)) return kWrongArguments;
   if (size.width * dpi * size.height * dpi > kMostPixels) return kTooLarge;
   const poppler::image image = Draw(*page, dpi);
   if (!image.is_valid()) return kDamaged;
-  const std::string out = more[count - 1];
-  const bool saved =
-      fits ? image.save(out, "pnm") : image.save(out, "png", static_cast<int>(std::lround(dpi)));
-  return saved ? kPdfDone : kDamaged;
+  const char *format = out.ends_with(".png") ? "png" : "pnm";
+  return image.save(out, format, static_cast<int>(std::lround(dpi))) ? kPdfDone : kDamaged;
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
-  constexpr int kFixed = 4;
-  if (argc <= kFixed) return kWrongArguments;
   LimitMemory();
-  // The libraries' own ends take as long as the picture.
-  std::_Exit(Run(argv[1], argv[2], std::atoi(argv[3]), argv + kFixed, argc - kFixed));
+  // The libraries' own ends take their time.
+  std::_Exit(Run({argv + 1, argv + argc}));
 }
