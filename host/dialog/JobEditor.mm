@@ -91,6 +91,7 @@ void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
 
 Notes JobEditor::AppliedHere() const {
   Notes notes;
+  if (printer_.empty()) return notes;  // a file can only be made here
   for (const Application &application : session_.applications()) {
     if (application.by != Application::By::kThisComputer) continue;
     notes.push_back(Localized("%1 is applied on this computer", {application.bundle}));

@@ -31,7 +31,9 @@ Preview::Preview(PreviewView *view, Job job)
 
 Preview::~Preview() {
   [[view_.get() canvas] setTurn:nullptr];
+  [view_.get() setGoTo:nullptr];
   Cancel();
+  store_->Clear();  // the program may end before threads do
 }
 
 void Preview::TieControls() {
@@ -39,7 +41,7 @@ void Preview::TieControls() {
   [[view canvas] setTurn:[this](PageTurn turn) { Turn(turn); }];
   actions_.Tie([view previous], [this] { Turn(PageTurn::kPrevious); });
   actions_.Tie([view next], [this] { Turn(PageTurn::kNext); });
-  actions_.Tie([view page], [this] { GoTo([[view_.get() page] intValue]); });
+  [view setGoTo:[this](int page) { GoTo(page); }];
   actions_.Tie([view zoom], [this] { MakePicture(); });
 }
 
@@ -125,7 +127,7 @@ void Preview::Show(const PagePicture &picture) {
   pages_ = picture.pages;
   [[view canvas] showPicture:picture];
   [view setCount:String(CountInWords(picture, wanted_->is_two_sided))];
-  [[view page] setIntValue:page_];
+  [view setPageNumber:page_];
   [[view previous] setEnabled:page_ > 1];
   [[view next] setEnabled:page_ < pages_];
 }
@@ -152,7 +154,7 @@ void Preview::Turn(PageTurn turn) {
 void Preview::GoTo(int page) {
   if (pages_ == 0) return;
   const int wanted = std::clamp(page, 1, pages_);
-  [[view_.get() page] setIntValue:wanted];
+  [view_.get() setPageNumber:wanted];
   if (wanted == page_) return;
   page_ = wanted;
   MakePicture();

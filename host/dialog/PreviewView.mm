@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "host/base/Localized.h"
 #import "host/dialog/Controls.h"
@@ -13,6 +14,7 @@ const CGFloat kArrowWidth = 28;
 const CGFloat kNumberWidth = 44;
 const CGFloat kZoomWidth = 120;
 const CGFloat kRow = kControlHeight + kGap;
+const CGFloat kFocusRing = 4;  // around the last row
 
 // As paths: not all fonts have such characters.
 NSImage *Arrow(BOOL points_left) {
@@ -58,7 +60,7 @@ NSButton *ArrowButton(BOOL points_left, const std::string &tip) {
   };
   _canvas = add([[[PreviewCanvas alloc] initWithFrame:NSZeroRect] autorelease]);
   _previous = add(ArrowButton(YES, Localized("Previous Page")));
-  _page = add(TextBox(nil));
+  _page = add(TextBox(self));
   [_page setAlignment:NSRightTextAlignment];
   [_page setToolTip:String(Localized("Page"))];
   _count = add(Label(@""));
@@ -89,7 +91,7 @@ NSButton *ArrowButton(BOOL points_left, const std::string &tip) {
 
 - (void)layOut {
   const NSSize size = [self bounds].size;
-  const CGFloat canvas_height = std::max<CGFloat>(0, size.height - 2 * kRow);
+  const CGFloat canvas_height = std::max<CGFloat>(0, size.height - 2 * kRow - kFocusRing);
   [_canvas setFrame:NSMakeRect(0, 0, size.width, canvas_height)];
   CGFloat y = canvas_height + kGap;
   const CGFloat others = 2 * kArrowWidth + kNumberWidth + 3 * kGap;
@@ -106,6 +108,26 @@ NSButton *ArrowButton(BOOL points_left, const std::string &tip) {
   [_zoom setFrame:NSMakeRect(std::floor((size.width - kZoomWidth) / 2), y, kZoomWidth,
                              kControlHeight)];
   [self setNeedsDisplay:YES];
+}
+
+- (void)setGoTo:(std::function<void(int page)>)goTo {
+  _goTo = std::move(goTo);
+}
+
+- (void)setPageNumber:(int)page {
+  _shown = page;
+  if ([_page currentEditor] == nil) [_page setIntValue:page];
+}
+
+- (void)controlTextDidChange:(NSNotification *)notification {
+  (void)notification;
+  const int page = [[_page stringValue] intValue];
+  if (_goTo && page > 0) _goTo(page);
+}
+
+- (void)controlTextDidEndEditing:(NSNotification *)notification {
+  (void)notification;
+  if ([_page isEnabled]) [_page setIntValue:_shown];
 }
 
 - (void)setCount:(NSString *)text {

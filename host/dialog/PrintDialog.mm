@@ -62,6 +62,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
 
 PrintDialog::~PrintDialog() {
   printers_.Stop();
+  [window_.get() setAfterEvents:nullptr];
   // As long as the window is there: a pop-up that loses the focus closes its menu, for which the
   // platform asks the display for its windows, and of an answer without any it loses the memory.
   [window_.get() makeFirstResponder:nil];

@@ -116,7 +116,8 @@ void PrintDialogLayout::PlaceHeader(double width, PrintDialogFrames &frames) con
   const double middle = y + kControlHeight / 2;
   const double line = frames.panels.x - kGap;
   frames.left_line = {0, middle, line, 1};
-  frames.right_line = {width - line, middle, line, 1};
+  const double end = measures_.has_preview ? right : width;
+  frames.right_line = {width - line, middle, end - (width - line), 1};
   frames.panel_area.y = y + kRow;
 }
 

@@ -65,6 +65,13 @@ Expected<PagePicture> PageStore::Picture(const PagesRequest &job, int page, cons
   return picture;
 }
 
+void PageStore::Clear() {
+  const std::scoped_lock lock(busy_);
+  laid_out_for_.reset();
+  folder_.reset();
+  drawn_.clear();
+}
+
 const PagePicture *PageStore::Find(const PagesRequest &job, int page, const DrawingSize &size) const {
   const auto known = std::ranges::find_if(drawn_, [&](const Drawn &drawn) {
     return drawn.picture.page == page && drawn.size == size && drawn.job == job;

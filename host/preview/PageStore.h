@@ -32,6 +32,9 @@ class PageStore {
   Expected<PagePicture> Picture(const PagesRequest &job, int page, const DrawingSize &size,
                                 const std::atomic<bool> &cancel);
 
+  // Leaves nothing behind; waits for whoever is at it.
+  void Clear();
+
  private:
   struct Drawn {
     PagesRequest job;

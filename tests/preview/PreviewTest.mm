@@ -2,9 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#import "tests/gui/DialogOnScreen.h"
-#import "tests/support/BuiltBundle.h"
-#include "tests/support/Interpreter.h"
+#include "host/dialog/RememberedPreview.h"
+#import "tests/preview/SeenPages.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/RawPdf.h"
 
@@ -13,88 +12,160 @@ using testing::Not;
 
 namespace {
 
-// Of the numbers, if they are red.
-bool IsRed(Color color) { return color.red > color.green + 40; }
+constexpr char kAll[] = "of 3 pages, 3 sheets";
 
-std::string ThreePages() {
-  std::vector<RawPage> pages;
-  for (int page = 1; page <= 3; ++page) {
-    pages.push_back({"BT /F 60 Tf 100 600 Td (Page " + std::to_string(page) + ") Tj ET"});
-  }
-  return RawPdf(pages);
+// The middle of what is red, and how large that is.
+Box Number(const Picture &page) { return page.BoundsOf(IsRed).value_or(Box{0, 0, 0, 0}); }
+
+void ExpectSamePlace(const Picture &seen, const Picture &printed) {
+  const Box one = Number(seen), other = Number(printed);
+  constexpr double kPixel = 0.01;
+  EXPECT_NEAR(one.left, other.left, kPixel);
+  EXPECT_NEAR(one.right, other.right, kPixel);
+  EXPECT_NEAR(one.top, other.top, kPixel);
+  EXPECT_NEAR(one.bottom, other.bottom, kPixel);
+  EXPECT_NEAR(seen.ShareOf(IsRed), printed.ShareOf(IsRed), 0.01);
 }
 
-class Seen : public TemporaryFolder {
- public:
-  explicit Seen(DialogOptions options = {}) : screen_(With(std::move(options))) {
-    screen_.AwaitReady();
-  }
-  DialogOnScreen &screen() { return screen_; }
-  PreviewView *preview() {
-    for (NSView *view in [screen_.view() subviews]) {
-      if ([view isKindOfClass:[PreviewView class]]) return (PreviewView *)view;
-    }
-    return nil;
-  }
-  Picture Page() {
-    NSBitmapImageRep *bitmap = [NSBitmapImageRep imageRepWithData:PictureOfView([preview() canvas])];
-    std::string ppm = "P6\n" + std::to_string([bitmap pixelsWide]) + ' ' +
-                      std::to_string([bitmap pixelsHigh]) + "\n255\n";
-    for (NSInteger y = 0; y < [bitmap pixelsHigh]; ++y) {
-      for (NSInteger x = 0; x < [bitmap pixelsWide]; ++x) {
-        NSUInteger samples[5] = {};
-        [bitmap getPixel:samples atX:x y:y];
-        for (int at = 0; at < 3; ++at) ppm += static_cast<char>(samples[at]);
-      }
-    }
-    return Picture(ppm);
-  }
-  double Red() { return Page().ShareOf(IsRed); }
-  void Await(const std::function<bool()> &done) { HandleEventsUntil(done); }
-  void AwaitPicture() {
-    HandleEventsUntil([this] { return [[preview() canvas] hasPicture]; });
-  }
-  void AwaitCount(const std::string &text) { screen_.AwaitText(text); }
-  id outlet(NSString *name) {
-    return Outlet(screen_.session().panels().front()->panel(), name);
-  }
-  void SwitchOn() {
-    [screen_.dialog().window() makeFirstResponder:outlet(@"functionValid")];
-    PressKeys({"space"});
-    screen_.Choose(outlet(@"popUpColor"), @"Red");
-  }
-  std::string ValueOf(const char *key) { return *screen_.session().Value(key); }
+int PageOf(const SeenPages &pages) { return [[[pages.preview() page] stringValue] intValue]; }
 
- private:
-  DialogOptions With(DialogOptions options) {
-    options.preview = true;
-    options.document = Write("three.pdf", ThreePages());
-    return options;
-  }
-
-  DialogOnScreen screen_;
-};
+void AwaitPage(const SeenPages &pages, int page) {
+  HandleEventsUntil([&] { return PageOf(pages) == page; });
+  EXPECT_EQ(PageOf(pages), page);
+}
 
 }  // namespace
 
 OBJC_TEST(Preview, FollowsWhatIsChosenBeforeItIsTheJobs) {
-  Seen seen;
-  seen.AwaitCount("of 3 pages, 3 sheets");
-  EXPECT_EQ(seen.Red(), 0);
-  seen.SwitchOn();
-  seen.Await([&seen] { return seen.Red() > 0.01; });
-  EXPECT_GT(seen.Red(), 0.01);
-  EXPECT_NE(seen.ValueOf("VQBackgroundNumbering"), "On");
-  KeepPicture(seen.screen().view(), "preview");
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  EXPECT_EQ(pages.Red(), 0);
+  pages.SwitchOnInRed();
+  EXPECT_EQ(*pages.screen().session().Value("VQBackgroundNumbering"), "Off");
+  KeepPicture(pages.screen().view(), "preview");
 }
 
 OBJC_TEST(Preview, FollowsDigitsThatAreTyped) {
-  Seen seen;
-  seen.SwitchOn();
-  seen.Await([&seen] { return seen.Red() > 0.01; });
-  const double one = seen.Red();
-  [seen.screen().dialog().window() makeFirstResponder:seen.outlet(@"startNumber")];
+  SeenPages pages;
+  pages.SwitchOnInRed();
+  const double one = pages.Red();
+  [pages.screen().dialog().window() makeFirstResponder:pages.outlet(@"textBoxStartNumber")];
   TypeText("888");
-  seen.Await([&] { return seen.Red() > 1.5 * one; });
-  EXPECT_GT(seen.Red(), 1.5 * one);
+  pages.AwaitRed([one](double red) { return red > 1.5 * one; });
+}
+
+OBJC_TEST(Preview, FollowsThePagesThatAreTyped) {
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  [pages.screen().dialog().window() makeFirstResponder:[pages.screen().view() pages]];
+  TypeText("2-");
+  TypeText("3");
+  pages.AwaitPages("of 2 pages, 2 sheets");
+  EXPECT_EQ(*pages.screen().session().Value("page-ranges"), "");
+}
+
+OBJC_TEST(Preview, CountsTheSheetsOfTwoSidedJobs) {
+  SeenPages pages({.settings = {{"sides", "two-sided-long-edge"}}, .preview = true});
+  pages.AwaitPages("of 3 pages, 2 sheets");
+}
+
+OBJC_TEST(Preview, ShowsWhatThePrinterPrints) {
+  TestServer().AddQueue(
+      {.name = "Numbering", .ppd = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd"});
+  SeenPages pages({.queue = "Numbering", .preview = true});
+  // Printers' own fonts and ours draw these digits alike.
+  pages.SwitchOnInRed();
+  [pages.screen().dialog().window() makeFirstResponder:pages.outlet(@"textBoxStartNumber")];
+  const double one = pages.Red();
+  TypeText("25");
+  pages.AwaitRed([one](double red) { return red > 1.5 * one; });
+  const std::optional<Picture> seen = pages.Page();
+  ASSERT_TRUE(seen);
+  PressKeys({"Return"});
+  pages.screen().AwaitEnd();
+  const int job = pages.screen().dialog().job_number();
+  ASSERT_NE(job, 0);
+  HandleEventsUntil([job] { return TestServer().JobAttributes(job)["job-state"] == "completed"; });
+  const std::vector<PrintedPage> printed = PagesOf(TestServer().OutputOf(job), 72);
+  ASSERT_EQ(printed.size(), 3u);
+  EXPECT_EQ(NumbersOf(printed), "25 26 27");
+  ExpectSamePlace(*seen, printed.front().picture());
+}
+
+OBJC_TEST(Preview, TurnsPages) {
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  EXPECT_FALSE([[pages.preview() previous] isEnabled]);
+  HoldMouse([pages.preview() next], [[pages.preview() next] bounds], 0.1);
+  AwaitPage(pages, 2);
+  [pages.screen().dialog().window() makeFirstResponder:[pages.preview() canvas]];
+  PressKeys({"Right"});
+  AwaitPage(pages, 3);
+  HandleEventsUntil([&pages] { return ![[pages.preview() next] isEnabled]; });
+  PressKeys({"Home"});
+  AwaitPage(pages, 1);
+  PressKeys({"Next"});
+  AwaitPage(pages, 2);
+  PressKeys({"Up"});
+  AwaitPage(pages, 1);
+  PressKeys({"End"});
+  AwaitPage(pages, 3);
+}
+
+OBJC_TEST(Preview, GoesToThePageThatIsTyped) {
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  [pages.screen().dialog().window() makeFirstResponder:[pages.preview() page]];
+  TypeText("9");
+  PressKeys({"Tab"});
+  AwaitPage(pages, 3);
+  HandleEventsUntil([&pages] { return ![[pages.preview() next] isEnabled]; });
+  EXPECT_FALSE([[pages.preview() next] isEnabled]);
+}
+
+OBJC_TEST(Preview, ShowsThePageAsLargeAsItsPaper) {
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  pages.screen().Choose([pages.preview() zoom], @"100 %");
+  const auto is_cut = [&pages] {
+    const std::optional<Picture> page = pages.Page();
+    return page && page->width() > [[pages.preview() canvas] bounds].size.width - 20;
+  };
+  HandleEventsUntil(is_cut);
+  EXPECT_TRUE(is_cut());
+  KeepPicture(pages.screen().view(), "preview-real-size");
+}
+
+OBJC_TEST(Preview, IsPutAwayAndRemembersIt) {
+  SeenPages pages;
+  pages.AwaitPages(kAll);
+  const CGFloat width = [pages.screen().view() frame].size.width;
+  HoldMouse([pages.screen().view() fold], [[pages.screen().view() fold] bounds], 0.1);
+  HandleEventsUntil([&] { return [pages.screen().view() frame].size.width < width; });
+  EXPECT_LT([pages.screen().view() frame].size.width, width);
+  EXPECT_THAT(pages.screen().Texts(), Not(HasSubstr(kAll)));
+  EXPECT_FALSE(WantsPreview());
+  HoldMouse([pages.screen().view() fold], [[pages.screen().view() fold] bounds], 0.1);
+  pages.AwaitPages(kAll);
+  EXPECT_TRUE(WantsPreview());
+}
+
+OBJC_TEST(Preview, SaysWhyThereIsNothingToSee) {
+  const std::string locked =
+      ChangedByQpdf(RawPdf({{""}}), {"--encrypt", "user", "owner", "128", "--use-aes=y", "--"});
+  SeenPages pages({.preview = true}, locked);
+  pages.screen().AwaitText("the document needs a password");
+  KeepPicture(pages.screen().view(), "preview-locked");
+}
+
+OBJC_TEST(Preview, SaysThatAPrinterWithoutDescriptionHasNone) {
+  SeenPages pages({.queue = "Raw", .preview = true});
+  pages.screen().AwaitText("The printer has no PPD file");
+}
+
+OBJC_TEST(Preview, IsNotThereWhereNothingIsPrinted) {
+  DialogOnScreen screen({.has_file = false, .preview = true});
+  screen.AwaitReady();
+  EXPECT_TRUE([[screen.view() fold] isHidden]);
+  EXPECT_FALSE([screen.view() showsPreview]);
 }
