@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <span>
 
 #include "host/base/Localized.h"
 #include "host/base/Text.h"
@@ -15,16 +16,30 @@ using QueuesByName = std::map<std::string, Queue>;
 
 // Of these a queue lists the values that it takes. For others it silently takes its default, or
 // holds the job for ever, or refuses it in words that do not say what would do.
-constexpr const char *kListed[] = {
-    "job-hold-until", "multiple-document-handling", "number-up",     "orientation-requested",
-    "output-bin",     "print-color-mode",           "print-quality", "sides"};
+constexpr const char *kListed[] = {"job-hold-until",
+                                   "job-sheets",
+                                   "multiple-document-handling",
+                                   "number-up",
+                                   "output-bin",
+                                   "orientation-requested",
+                                   "print-color-mode",
+                                   "print-quality",
+                                   "print-scaling",
+                                   "sides"};
 
-// "NAME" of "NAME-supported"; empty: it is none of those.
-std::string ListedOption(std::string_view attribute) {
-  const auto *found = std::ranges::find_if(kListed, [attribute](std::string_view name) {
+// For these somebody has to make pages of the document, or a page of his own.
+constexpr const char *kLayout[] = {"job-sheets", "number-up", "number-up-layout",
+                                   "orientation-requested", "print-scaling"};
+
+// Of these a queue says whether jobs may have them.
+constexpr const char *kAccounting[] = {"job-account-id", "job-accounting-user-id"};
+
+// "NAME" of "NAME-supported"; empty: it is none of these.
+std::string SupportedOption(std::string_view attribute, std::span<const char *const> names) {
+  const auto found = std::ranges::find_if(names, [attribute](std::string_view name) {
     return attribute.starts_with(name) && attribute.substr(name.size()) == "-supported";
   });
-  return found == std::end(kListed) ? "" : *found;
+  return found == names.end() ? "" : *found;
 }
 
 // The values as a job may have them: keywords, numbers, and the numbers of keywords that have one.
@@ -45,10 +60,14 @@ std::vector<std::string> ValuesOf(const std::string &option, ipp_attribute_t *at
 }
 
 void TakeOffered(const std::string &attribute, ipp_attribute_t *value, OfferedOptions &offered) {
-  if (attribute == "job-creation-attributes-supported") {
+  if (attribute == "job-creation-attributes-supported" ||
+      attribute == "printer-mandatory-job-attributes") {
     for (const std::string &name : ValuesOf("", value)) offered.try_emplace(name);
-  } else if (const std::string option = ListedOption(attribute); !option.empty()) {
+  } else if (const std::string option = SupportedOption(attribute, kListed); !option.empty()) {
     offered[option] = ValuesOf(option, value);
+  } else if (const std::string account = SupportedOption(attribute, kAccounting);
+             !account.empty() && ippGetBoolean(value, 0) != 0) {
+    offered.try_emplace(account);
   }
 }
 
@@ -150,14 +169,30 @@ bool MarkDefault(const ServerConnection &server, QueueList &list) {
 
 Expected<QueueList> ListQueues(const ServerConnection &server) {
   IppMessage request = server.Request(IPP_OP_CUPS_GET_PRINTERS);
-  AskFor(request.get(),
-         {"printer-name", "printer-info", "printer-location", "printer-make-and-model",
-          "printer-state", "printer-state-message", "printer-is-accepting-jobs",
-          "document-format-supported", "printer-is-temporary", "printer-type",
-          "job-creation-attributes-supported", "job-hold-until-supported",
-          "multiple-document-handling-supported", "number-up-supported",
-          "orientation-requested-supported", "output-bin-supported", "print-color-mode-supported",
-          "print-quality-supported", "sides-supported"});
+  AskFor(request.get(), {"printer-name",
+                         "printer-info",
+                         "printer-location",
+                         "printer-make-and-model",
+                         "printer-state",
+                         "printer-state-message",
+                         "printer-is-accepting-jobs",
+                         "document-format-supported",
+                         "printer-is-temporary",
+                         "printer-type",
+                         "job-account-id-supported",
+                         "job-accounting-user-id-supported",
+                         "job-creation-attributes-supported",
+                         "job-hold-until-supported",
+                         "job-sheets-supported",
+                         "multiple-document-handling-supported",
+                         "number-up-supported",
+                         "orientation-requested-supported",
+                         "output-bin-supported",
+                         "print-color-mode-supported",
+                         "print-quality-supported",
+                         "print-scaling-supported",
+                         "printer-mandatory-job-attributes",
+                         "sides-supported"});
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));
@@ -202,6 +237,13 @@ std::string NamesOf(const std::vector<Queue> &queues) {
 
 bool IsSameQueue(const std::string &left, const std::string &right) {
   return strcasecmp(left.c_str(), right.c_str()) == 0;
+}
+
+OfferedOptions OfferedBy(const Queue &queue, bool has_ppd) {
+  OfferedOptions offered = queue.offered;
+  if (has_ppd || queue.is_class) return offered;
+  for (const char *name : kLayout) offered.erase(name);
+  return offered;
 }
 
 std::string WithoutInstance(const std::string &name) { return name.substr(0, name.find('/')); }

@@ -28,6 +28,10 @@ std::string NamesOf(const std::vector<Queue> &queues);
 // Names of queues are the same whatever the case of letters.
 bool IsSameQueue(const std::string &left, const std::string &right);
 
+// What its jobs may really ask for: a queue that has no PPD file, and is no class, sends documents
+// as they are, whatever its server lists for it.
+OfferedOptions OfferedBy(const Queue &queue, bool has_ppd);
+
 // The queue that NAME/INSTANCE is an instance of.
 std::string WithoutInstance(const std::string &name);
 

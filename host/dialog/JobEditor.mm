@@ -3,10 +3,11 @@
 #include <utility>
 
 #include "host/base/Localized.h"
+#include "host/cups/QueueList.h"
 #import "host/dialog/Focus.h"
 #include "host/dialog/JobSummary.h"
-#include "host/dialog/OptionsPanel.h"
 #import "host/dialog/Prompt.h"
+#include "host/dialog/RowsPanel.h"
 #include "host/dialog/SummaryPanel.h"
 
 JobEditor::JobEditor(PrintDialogView *view, JobSession &session, Notices &notices,
@@ -26,13 +27,15 @@ JobEditor::JobEditor(PrintDialogView *view, JobSession &session, Notices &notice
 
 std::vector<std::unique_ptr<OwnPanel>> JobEditor::OwnPanels() {
   std::vector<std::unique_ptr<OwnPanel>> panels;
-  panels.push_back(std::make_unique<OptionsPanel>(
-      session_, OptionsPanel::Callbacks{
-                    .chosen =
-                        [this](const std::string &keyword) {
-                          AfterThisEvent([this, keyword] { SettleConflicts(keyword); });
-                        },
-                    .refused = [this](const std::string &message) { notices_.AddNote(message); }}));
+  const RowsPanel::Callbacks callbacks = {
+      .chosen =
+          [this](const std::string &option) {
+            AfterThisEvent([this, option] { SettleConflicts(option); });
+          },
+      .refused = [this](const std::string &message) { notices_.AddNote(message); }};
+  for (JobPanel &panel : JobPanels()) {
+    panels.push_back(std::make_unique<RowsPanel>(std::move(panel), session_, callbacks));
+  }
   panels.push_back(std::make_unique<SummaryPanel>(session_, [this] { return Summary(); }));
   return panels;
 }
@@ -65,8 +68,9 @@ bool JobEditor::LeavePrinter() {
 void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   has_printer_ = true;
   printer_ = queue.name;
+  OfferedOptions offered = OfferedBy(queue, ppd.has_value());
   Expected<Notes> used =
-      session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered, queue.formats);
+      session_.UsePrinter(std::move(ppd), queue.defaults, std::move(offered), queue.formats);
   if (!used) return LosePrinter(used.message());
   Notes notes = std::move(*used);
   if (for_printer_) {

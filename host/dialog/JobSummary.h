@@ -15,8 +15,8 @@ struct SummarizedJob {
   std::string pages;  // empty: all
 };
 
-// Its lines, in the user's language. Of the printer's options that no panel shows: those that are
-// set, and those whose choice is not that of the printer's description. The failure: the job's
+// Its lines, in the user's language. Of what the dialog's own panels show: what is set, and what is
+// not as usual; of options of the printer, as its description has it. The failure: the job's
 // settings cannot be read.
 Expected<SummarySection> SummaryOfJob(const SummarizedJob &job, const JobSession &session);
 

@@ -1,19 +1,7 @@
 #include "host/dialog/JobSummary.h"
 
-#include <algorithm>
-
 #include "host/base/Localized.h"
-
-namespace {
-
-std::string TextOfChoice(const PPDOption &option, const std::string &keyword) {
-  const auto choice =
-      std::find_if(option.choices.begin(), option.choices.end(),
-                   [&keyword](const PPDChoice &known) { return known.keyword == keyword; });
-  return choice == option.choices.end() ? keyword : choice->text;
-}
-
-}  // namespace
+#include "host/session/panels/JobPanels.h"
 
 Expected<SummarySection> SummaryOfJob(const SummarizedJob &job, const JobSession &session) {
   SummaryLines lines = {{Localized("Printer"), job.printer}};
@@ -22,12 +10,16 @@ Expected<SummarySection> SummaryOfJob(const SummarizedJob &job, const JobSession
   lines.emplace_back(Localized("Pages"), job.pages.empty() ? Localized("all") : job.pages);
   Expected<JobOptions> own = session.OwnOptions();
   if (!own) return own.failure();
-  Expected<JobOptions> choices = session.Choices();
-  if (!choices) return choices.failure();
-  for (const PPDOption &option : session.OtherOptions()) {
-    const std::string &choice = (*choices)[option.keyword];
-    if (!own->contains(option.keyword) && choice == option.default_choice) continue;
-    lines.emplace_back(option.text, TextOfChoice(option, choice));
+  Expected<JobOptions> job_as_it_stands = JobAsItStands(session);
+  if (!job_as_it_stands) return job_as_it_stands.failure();
+  for (const JobPanel &panel : JobPanels()) {
+    for (const PanelRow &row : panel.RowsFor(session)) {
+      if (!row.WhyGray(*job_as_it_stands).empty()) continue;
+      const std::string value = row.ValueIn(*job_as_it_stands);
+      if (value == row.usual && !own->contains(row.Option())) continue;
+      const std::string text = row.TextOf(value);
+      if (!text.empty()) lines.emplace_back(row.caption, text);
+    }
   }
   return SummarySection{Localized("Job"), std::move(lines)};
 }

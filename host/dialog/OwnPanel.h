@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "host/base/Expected.h"
+
 class OwnPanel {
  public:
   virtual ~OwnPanel() = default;
@@ -18,6 +20,9 @@ class OwnPanel {
   virtual bool Prepare() { return true; }
   // The view with the job as it stands now.
   virtual NSView *View() = 0;
+  // Has in the job's settings what is being typed. The failure: it cannot be read, and has the
+  // focus.
+  virtual Expected<void> Save() { return {}; }
   // Whether View() asks the extensions' panels, which may then show a fault.
   virtual bool AsksExtensions() const { return false; }
 };

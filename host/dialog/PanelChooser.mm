@@ -99,15 +99,13 @@ void PanelChooser::SelectShown() {
 
 bool PanelChooser::TakeAway() {
   [view_.get() moveFocusOutOfPanel];  // what is being typed counts
-  if (shown_ != nullptr) {
-    if (!shown_->ShouldHide()) {
-      callbacks_.refused(Localized("%1 cannot be left as it is", {shown_->name()}));
-      return false;
-    }
-    if (const auto saved = SaveShown(); !saved) {
-      callbacks_.refused(saved.message());
-      if (!shown_->fault()) return false;
-    }
+  if (shown_ != nullptr && !shown_->ShouldHide()) {
+    callbacks_.refused(Localized("%1 cannot be left as it is", {shown_->name()}));
+    return false;
+  }
+  if (const auto saved = SaveShown(); !saved) {
+    callbacks_.refused(saved.message());
+    if (shown_ == nullptr || !shown_->fault()) return false;
   }
   [view_.get() setPanelView:nil];
   shown_.reset();
@@ -122,7 +120,10 @@ Expected<void> PanelChooser::Save() {
 }
 
 Expected<void> PanelChooser::SaveShown() {
-  if (shown_ == nullptr) return {};
+  if (shown_ == nullptr) {
+    const auto own = FindPanel(own_panels_, kind_);
+    return own == own_panels_.end() ? Expected<void>() : (*own)->Save();
+  }
   Expected<void> saved = shown_->Save();
   if (!shown_->fault()) return saved;
   return Failure{

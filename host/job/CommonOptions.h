@@ -10,4 +10,9 @@
 // lists those that filters serve (fit-to-page, number-up-layout...), hence the list by hand.
 bool IsCommonOption(std::string_view name);
 
+// Whether options of both names say the same of a job, so that one of them keeps the other from
+// being obeyed: landscape and orientation-requested. Of an option of the printer (Duplex) its PPD
+// file knows that.
+bool IsSameThing(std::string_view one, std::string_view other);
+
 #endif

@@ -1,6 +1,20 @@
 #include "host/session/JobDefaults.h"
 
+#include <algorithm>
 #include <vector>
+
+#include "host/job/CommonOptions.h"
+
+namespace {
+
+// Whether one of them does, under another name.
+bool SaysTheSame(const JobOptions &options, const std::string &key) {
+  return std::ranges::any_of(options, [&key](const auto &option) {
+    return option.first != key && IsSameThing(option.first, key);
+  });
+}
+
+}  // namespace
 
 Notes JobDefaults::UseQueue(const JobOptions &defaults, const ValueCheck &check) {
   Notes notes;
@@ -48,7 +62,7 @@ JobOptions JobDefaults::Under(const JobOptions &own, const JobOptions &filled_in
   const std::set<std::string> beaten =
       ppd == nullptr ? std::set<std::string>() : ppd->ChangedBy(chosen, defaults);
   for (const auto &[key, value] : defaults) {
-    if (beaten.contains(key)) continue;
+    if (beaten.contains(key) || SaysTheSame(chosen, key)) continue;
     if (ppd != nullptr && !ppd->ChangedBy({{key, value}}, chosen).empty()) continue;
     options.emplace(key, value);
   }

@@ -24,8 +24,9 @@ class JobDefaults {
   std::string Of(const std::string &key, const PPDFile *ppd, const ValueCheck &check) const;
 
   // What a job with these options of its own is printed with: the queue's defaults under them. A
-  // default gives way to what is chosen under another name of the same thing (sides and Duplex),
-  // and so does what is only filled in, as long as it has the value with which it was.
+  // default gives way to what is chosen under another name of the same thing (sides and Duplex,
+  // landscape and orientation-requested), and so does what is only filled in, as long as it has the
+  // value with which it was.
   JobOptions Under(const JobOptions &own, const JobOptions &filled_in, const PPDFile *ppd) const;
 
  private:

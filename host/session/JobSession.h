@@ -80,6 +80,10 @@ class JobSession {
 
   // The PPD options that no panel shows.
   std::vector<PPDOption> OtherOptions() const;
+  // Whether a panel shows the option of this keyword.
+  bool IsClaimed(const std::string &keyword) const { return Claimed().contains(keyword); }
+  // What the queue says that jobs may ask for.
+  const OfferedOptions &offered() const { return offered_; }
 
   // Changes the choice of a PPD option from outside the panels, and tells them. The failure: all is
   // as before.

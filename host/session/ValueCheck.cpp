@@ -45,6 +45,21 @@ bool IsTimeOfDay(std::string_view text) {
   return true;
 }
 
+// A sheet before the job, or one before and one behind: "standard", "none,standard".
+constexpr char kBanners[] = "job-sheets";
+
+std::vector<std::string> Parts(const std::string &value) {
+  const size_t comma = value.find(',');
+  if (comma == std::string::npos) return {value};
+  return {value.substr(0, comma), value.substr(comma + 1)};
+}
+
+bool AreListed(const std::vector<std::string> &list, const std::vector<std::string> &values) {
+  return std::ranges::all_of(values, [&list](const std::string &value) {
+    return std::ranges::find(list, value) != list.end();
+  });
+}
+
 std::string Listed(const std::vector<PPDChoice> &choices) {
   constexpr size_t kShortList = 3;
   constexpr size_t kLongestList = 12;
@@ -123,7 +138,7 @@ Expected<std::string> ValueCheck::Fitting(const std::string &key, const std::str
 Expected<void> ValueCheck::CheckQueueLists(const std::string &key, const std::string &value) const {
   const auto offered = offered_.find(key);
   if (offered == offered_.end() || offered->second.empty() || value.empty()) return {};
-  if (std::ranges::find(offered->second, value) != offered->second.end()) return {};
+  if (AreListed(offered->second, key == kBanners ? Parts(value) : std::vector{value})) return {};
   const bool takes_time = key == "job-hold-until";
   if (takes_time && IsTimeOfDay(value)) return {};
   PPDOption option{.keyword = key};

@@ -175,7 +175,7 @@ OBJC_TEST(ChangedPrinter, ADialogOnAPPDFileGoesOnWithWhatItHasReadWhateverBecome
   folder.Write("printer.ppd", TestPPD::Text(""));
   screen.Choose(Outlet(screen, @"popUpSize"), @"Large");
   fs::resize_file(options.ppd, 100);
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Layout");
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   fs::remove(options.ppd);
   screen.ShowPanel(@"Background Numbering");

@@ -9,7 +9,7 @@ namespace {
 NSArray *DialogClasses() {
   return @[
     @"DialogWindow", @"FocusRing", @"PrintDialogView", @"PanelArea", @"WaitingView", @"Spinner",
-    @"OptionsView", @"SummaryView", @"ActionTarget", @"FlippedView", @"HostCallback"
+    @"RowsView", @"SummaryView", @"ActionTarget", @"FlippedView", @"HostCallback"
   ];
 }
 
@@ -26,7 +26,7 @@ void WorkADialog() {
   @autoreleasepool {
     DialogOnScreen screen;
     screen.AwaitReady();
-    screen.ShowPanel(@"Printer Options");
+    screen.ShowPanel(@"Layout");
     screen.ShowPanel(@"Summary");
     screen.Choose([screen.view() printers], @"Mono");
     screen.AwaitReady();

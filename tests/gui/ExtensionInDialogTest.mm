@@ -49,8 +49,9 @@ OBJC_TEST(ExtensionInDialog, OptionsThatAPanelDeclaresAreNotShownAgain) {
   TwoPanelsRun run;
   DialogOnScreen screen(WithTwoPanels());
   screen.AwaitReady();
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Layout");
   EXPECT_EQ(nil, screen.OptionPopUp(@"Two-Sided"));
+  screen.ShowPanel(@"Paper");
   EXPECT_NE(nil, screen.OptionPopUp(@"Paper Type"));
 }
 
@@ -124,7 +125,8 @@ OBJC_TEST(ExtensionInDialog, ABundleThatAnswersNonsenseIsLeftOutAndTheQueueStill
   DialogOnScreen screen(WithTwoPanels());
   screen.AwaitReady();
   screen.AwaitText("Two Panels is left out: ");
-  EXPECT_EQUAL_OBJECTS((@[ @"Printer Options", @"Summary" ]), [[screen.view() panels] itemTitles]);
+  EXPECT_EQUAL_OBJECTS((@[ @"Layout", @"Paper", @"Pages", @"Job", @"Printer Options", @"Summary" ]),
+                       [[screen.view() panels] itemTitles]);
   PressKeys({"Return"});
   screen.AwaitEnd();
   EXPECT_GT(screen.dialog().job_number(), 0);
@@ -150,7 +152,7 @@ OBJC_TEST(ExtensionInDialog, PanelsAreToldOfChoicesMadeElsewhere) {
   TwoPanelsRun run;
   DialogOnScreen screen(WithTwoPanels());
   screen.AwaitReady();
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Paper");
   run.Calls();
   screen.Choose(screen.OptionPopUp(@"Paper Type"), @"Transparency");
   EXPECT_EQ((Calls{"First optionDidChange MediaType=Transparency",

@@ -26,8 +26,9 @@ OBJC_TEST(PrintDialog, ShowsTheDefaultQueueAndWhatPeopleKnowItBy) {
                        [[screen.view() printers] itemTitles]);
   EXPECT_EQUAL_OBJECTS(@"Color printer — 2nd floor, by the lift",
                        [[screen.view() printerInfo] stringValue]);
-  EXPECT_EQUAL_OBJECTS((@[ @"Background Numbering", @"Printer Options", @"Summary" ]),
-                       [[screen.view() panels] itemTitles]);
+  EXPECT_EQUAL_OBJECTS(
+      (@[ @"Background Numbering", @"Layout", @"Paper", @"Pages", @"Job", @"Summary" ]),
+      [[screen.view() panels] itemTitles]);
   KeepPicture(screen.view(), "dialog");
 }
 
@@ -101,9 +102,10 @@ OBJC_TEST(PrintDialog, ShowsTheChoicesThatAQueuesDefaultsComeToUnderOtherNames) 
   DialogOnScreen screen;
   screen.AwaitReady();
   TestServer().Run({"lpoptions", "-x", "Color"});
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Layout");
   EXPECT_EQUAL_OBJECTS(@"Long-Edge Binding",
                        [screen.OptionPopUp(@"Two-Sided") titleOfSelectedItem]);
+  screen.ShowPanel(@"Paper");
   EXPECT_EQUAL_OBJECTS(@"A3", [screen.OptionPopUp(@"Media Size") titleOfSelectedItem]);
 }
 
@@ -112,7 +114,8 @@ OBJC_TEST(PrintDialog, AQueueWithoutPanelsDoesNotChangeWhichPanelIsShownOnOthers
   screen.AwaitReady();
   screen.Choose([screen.view() printers], @"Raw");
   screen.AwaitReady();
-  EXPECT_EQUAL_OBJECTS(@"Summary", [[screen.view() panels] titleOfSelectedItem]);
+  EXPECT_EQUAL_OBJECTS((@[ @"Job", @"Summary" ]), [[screen.view() panels] itemTitles])
+      << "nobody knows how it lays out pages";
   screen.Choose([screen.view() printers], @"Color");
   screen.AwaitReady();
   EXPECT_EQUAL_OBJECTS(@"Background Numbering", [[screen.view() panels] titleOfSelectedItem]);
@@ -252,8 +255,7 @@ OBJC_TEST(PrintDialog, PagesThatCannotBeReadAreRefusedAndStayToBeMended) {
 OBJC_TEST(PrintDialog, ChoicesThatTheirPrinterForbidsAreShownOnceWithAProposal) {
   DialogOnScreen screen({.settings = {{"MediaType", "Transparency"}}});
   screen.AwaitReady();
-  screen.ShowPanel(@"Printer Options");
-  KeepPicture(screen.view(), "printer-options");
+  screen.ShowPanel(@"Layout");
   const AnswerToQuestion answer({"Escape"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
@@ -268,11 +270,12 @@ OBJC_TEST(PrintDialog, ChoicesThatTheirPrinterForbidsAreShownOnceWithAProposal) 
 OBJC_TEST(PrintDialog, TheProposalEndsTheConflict) {
   DialogOnScreen screen({.settings = {{"MediaType", "Transparency"}}});
   screen.AwaitReady();
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Layout");
   const AnswerToQuestion answer({"Return"});
   screen.Choose(screen.OptionPopUp(@"Two-Sided"), @"Long-Edge Binding");
   HandleEventsUntil([&screen] { return "Plain" == screen.session().Value("MediaType"); });
   EXPECT_EQ("DuplexNoTumble", screen.session().Value("Duplex"));
+  screen.ShowPanel(@"Paper");
   EXPECT_EQUAL_OBJECTS(@"Plain Paper", [screen.OptionPopUp(@"Paper Type") titleOfSelectedItem]);
 }
 

@@ -22,7 +22,7 @@ OBJC_TEST(DialogSettingsFaults, AnOptionThatAnExtensionHasLockedGoesBackWithANot
   DialogOnScreen screen;
   screen.AwaitReady();
   Lock(screen, @"Duplex", @"DuplexTumble");
-  screen.ShowPanel(@"Printer Options");
+  screen.ShowPanel(@"Layout");
   NSPopUpButton *two_sided = screen.OptionPopUp(@"Two-Sided");
   EXPECT_EQUAL_OBJECTS(@"Short-Edge Binding", [two_sided titleOfSelectedItem]);
   screen.Choose(two_sided, @"Off");

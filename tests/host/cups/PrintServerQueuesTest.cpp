@@ -2,10 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include "host/cups/QueueList.h"
 #include "tests/host/cups/ServedPrintServer.h"
+#include "tests/support/TestPPD.h"
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::IsSupersetOf;
 using testing::StartsWith;
 
 TEST(PrintServer, ListsTheQueuesByNameWithInstancesAfterTheirQueue) {
@@ -173,4 +176,35 @@ TEST_F(PrintServerTest, WhatDescribesThePrinterIsNoDefault) {
                  name.starts_with("auth-info") || name == "device-uri")
         << name << '=' << value;
   }
+}
+
+// What jobs may ask for
+
+TEST_F(PrintServerTest, TellsWhatAQueueListsOfLayoutBannersAndAccounts) {
+  TemporaryFolder folder;
+  server().AddQueue(
+      {.name = "Accounting",
+       .ppd = folder.Write("accounting.ppd", TestPPD::Text("*cupsJobAccountId: True\n"
+                                                           "*cupsJobAccountingUserId: False\n"
+                                                           "*cupsMandatory: \"job-billing\"\n"))});
+  const OfferedOptions offered = Find("Accounting").offered;
+  EXPECT_THAT(offered.at("job-sheets"), IsSupersetOf({"none", "standard"}));
+  EXPECT_THAT(offered.at("print-scaling"), IsSupersetOf({"auto", "fill", "fit", "none"}));
+  EXPECT_TRUE(offered.contains("job-account-id"));
+  EXPECT_FALSE(offered.contains("job-accounting-user-id"));
+  EXPECT_TRUE(offered.contains("job-billing")) << "the server refuses jobs without it";
+  EXPECT_EQ(offered, OfferedBy(Find("Accounting"), true));
+}
+
+TEST_F(PrintServerTest, AQueueThatSendsDocumentsAsTheyAreLaysOutNothingWhateverIsListedForIt) {
+  server().AddQueue({.name = "AsItIs"});
+  server().AddQueue({.name = "Printer", .ppd = kSampleColor});
+  server().Run({"lpadmin", "-p", "Printer", "-c", "Class"});
+  EXPECT_TRUE(Find("AsItIs").offered.contains("number-up"));
+  const OfferedOptions offered = OfferedBy(Find("AsItIs"), false);
+  for (const char *name : {"number-up", "job-sheets", "print-scaling"}) {
+    EXPECT_FALSE(offered.contains(name)) << name;
+  }
+  EXPECT_TRUE(offered.contains("job-hold-until"));
+  EXPECT_TRUE(OfferedBy(Find("Class"), false).contains("number-up")) << "its printers do";
 }

@@ -45,7 +45,7 @@ OBJC_TEST(JobSummary, ListsThePrintersOptionsThatAreNotAsThePrinterHasThem) {
       << "also those that are set to what the printer's description has";
 }
 
-OBJC_TEST(JobSummary, ListsACustomValueAsItIs) {
+OBJC_TEST(JobSummary, ListsACustomSizeAsItIsTyped) {
   Bundles bundles("", {});  // whose panels need no display
   JobSession session(bundles.extensions);
   EXPECT_TRUE(session.UsePrinter(PlainPPD("*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n"
@@ -56,5 +56,27 @@ OBJC_TEST(JobSummary, ListsACustomValueAsItIs) {
                                           "*ParamCustomPageSize Height: 2 points 36 1000\n"),
                                  {}));
   EXPECT_TRUE(session.Set("PageSize", "Custom.100x200"));
-  EXPECT_EQ("Custom.100x200", SummaryOfJob(kJob, session)->second.back().second);
+  const SummaryLines lines = SummaryOfJob(kJob, session)->second;
+  EXPECT_EQ((SummaryLines{{"Media Size", "Custom"}, {"Custom Size", "100 x 200 pt"}}),
+            SummaryLines(lines.end() - 2, lines.end()));
+}
+
+OBJC_TEST(JobSummary, SaysInWordsWhatEveryQueueDoesAndLeavesOutWhatIsGray) {
+  Bundles bundles("", {});  // whose panels need no display
+  JobSession session(bundles.extensions);
+  EXPECT_TRUE(session.UsePrinter(ColorPPD(), {{"number-up", "1"}, {"job-sheets", "none,none"}},
+                                 {{"job-sheets", {"none", "standard"}}}));
+  for (const auto &[option, value] : JobOptions{{"number-up-layout", "rltb"},
+                                                {"orientation-requested", "4"},
+                                                {"page-set", "odd"},
+                                                {"job-sheets", "standard,none"}}) {
+    EXPECT_TRUE(session.Set(option, value));
+  }
+  const SummaryLines lines = SummaryOfJob(kJob, session)->second;
+  EXPECT_EQ((SummaryLines{{"Orientation", "Landscape"},
+                          {"Pages to Print", "Odd Pages Only"},
+                          {"Banner Before", "Standard"},
+                          {"Banner After", "No Banner"}}),
+            SummaryLines(lines.begin() + 4, lines.end()))
+      << "the order of pages on a sheet is that of one page";
 }

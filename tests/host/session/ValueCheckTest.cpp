@@ -117,6 +117,18 @@ TEST(ValueCheckOfQueue, AJobIsHeldUntilATimeThatTheQueueListsOrOneOfTheDay) {
   }
 }
 
+TEST(ValueCheckOfQueue, OneBannerOrTwoMustBeAmongThoseThatTheQueueLists) {
+  const ValueCheck check(nullptr, {}, {}, {}, {{"job-sheets", {"none", "standard"}}});
+  for (const char *value : {"standard", "none,none", "standard,none"}) {
+    EXPECT_TRUE(check.Fitting("job-sheets", value)) << value;
+  }
+  for (const char *value : {"poster", "standard,poster", "none,none,none", ",none"}) {
+    EXPECT_EQ(
+        check.Fitting("job-sheets", value).message(),
+        "this printer has no job-sheets \"" + std::string(value) + "\"; it has none, standard");
+  }
+}
+
 TEST_F(ValueCheckTest, CopiesAndPageRangesFitIfTheyCanBeParsed) {
   for (const PPDFile *ppd :
        {static_cast<const PPDFile *>(&*ppd_), static_cast<const PPDFile *>(nullptr)}) {
