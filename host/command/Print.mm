@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <thread>
 
 #include "host/base/Interruption.h"
@@ -19,6 +20,8 @@ int Refuse(const std::string &message, ExitStatus status) {
   Complain(message);
   return status;
 }
+
+bool IsOfCopies(const std::string &change) { return change.starts_with("copies="); }
 
 // What is in the way is said once.
 int WaitForEnd(const PrintServer &server, int job, const std::string &id) {
@@ -69,6 +72,11 @@ int Print(const PrintOptions &options) {
   }
   std::vector<std::string> changes = options.set;
   if (!options.copies.empty()) {
+    if (std::ranges::any_of(changes, IsOfCopies)) {
+      return Refuse(Localized("the copies are given twice, with --copies and with --set copies; "
+                              "leave one of them out"),
+                    kWrongUsage);
+    }
     Expected<std::string> copies = ParseCopies(options.copies);
     if (!copies) return Refuse("--copies: " + copies.message(), kWrongUsage);
     changes.push_back("copies=" + *copies);

@@ -89,8 +89,9 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (!extensions) return Refuse({kFailed, extensions.message()});
 
   JobSession session(*extensions);
-  Expected<Notes> notes = session.UsePrinter(std::move(printer->ppd), printer->queue.defaults,
-                                             printer->queue.offered, printer->queue.formats);
+  Expected<Notes> notes =
+      session.UsePrinter(std::move(printer->ppd), printer->queue.defaults, printer->queue.offered,
+                         printer->queue.formats, printer->queue.of_user);
   if (!notes) return Refuse({kFailed, notes.message()});
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, session.check());
   if (!changes) {

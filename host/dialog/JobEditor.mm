@@ -65,8 +65,8 @@ bool JobEditor::LeavePrinter() {
 void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   has_printer_ = true;
   printer_ = queue.name;
-  Expected<Notes> used =
-      session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered, queue.formats);
+  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults, queue.offered,
+                                             queue.formats, queue.of_user);
   if (!used) return LosePrinter(used.message());
   Notes notes = std::move(*used);
   if (for_printer_) {
