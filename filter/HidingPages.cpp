@@ -94,18 +94,18 @@ class Look {
 
 }  // namespace
 
-std::vector<bool> HidingPages(int file, size_t begin, size_t size,
-                              const numbering::Choices &choices) {
-  std::vector<bool> hiding;
+LookedAt HidingPages(int file, size_t begin, size_t size, const numbering::Choices &choices) {
+  LookedAt looked_at;
+  std::vector<bool> &hiding = looked_at.hiding;
   for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
     Look look(file,
               {Looker(), std::to_string(begin), std::to_string(size), std::to_string(hiding.size()),
                std::to_string(choices.start), numbering::Literal(choices.size)});
-    if (look.Take(hiding)) return hiding;
-    LogWarning("page " + std::to_string(hiding.size() + 1) +
-               " cannot be looked at; its number goes over it");
-    if (!look.MayGoOn()) return hiding;
+    if (look.Take(hiding)) break;
+    looked_at.complaints.push_back("page " + std::to_string(hiding.size() + 1) +
+                                   " cannot be looked at; its number goes over it");
+    if (!look.MayGoOn()) break;
     hiding.push_back(true);
   }
-  return hiding;
+  return looked_at;
 }

@@ -9,10 +9,13 @@
 
 #include "numbering/Choices.h"
 
+struct LookedAt {
+  std::vector<bool> hiding;  // pages that are not in it may hide a number, too
+  std::vector<std::string> complaints;  // about pages where it could not tell
+};
+
 // Asks backgroundnumbers-look, which stands beside this program, about the document that lies in
-// this part of a file. Pages that are not in the answer may hide it, too: it could not tell, which
-// is in the log.
-std::vector<bool> HidingPages(int file, size_t begin, size_t size,
-                              const numbering::Choices &choices);
+// this part of a file.
+LookedAt HidingPages(int file, size_t begin, size_t size, const numbering::Choices &choices);
 
 #endif

@@ -53,13 +53,20 @@ void LogPages(const Envelope &envelope, int copies) {
   RunApart(log, TimeFor(envelope.document.size()), succeeded);
 }
 
-numbering::IsOver Placements(const Input &input, const Envelope &envelope, const Choices &choices) {
+// On which pages the number goes over them.
+numbering::IsOver Placements(const LookedAt &looked_at, const Choices &choices) {
   if (choices.placement != Placement::Automatic) {
     return [over = choices.placement == Placement::Over](size_t) { return over; };
   }
+  return [&hiding = looked_at.hiding](size_t page) {
+    return page >= hiding.size() || hiding[page];
+  };
+}
+
+LookedAt LookAt(const Input &input, const Envelope &envelope, const Choices &choices) {
+  if (choices.placement != Placement::Automatic) return {};
   const auto begin = static_cast<size_t>(envelope.document.data() - input.bytes().data());
-  return [hiding = HidingPages(input.file(), begin, envelope.document.size(), choices)](
-             size_t page) { return page >= hiding.size() || hiding[page]; };
+  return HidingPages(input.file(), begin, envelope.document.size(), choices);
 }
 
 // The document with numbers, in a file. False: the reason is in the log.
@@ -96,13 +103,15 @@ int PrintNumbered(Input &input, const Envelope &envelope, const Choices &choices
     return Written(input.PassOn(STDOUT_FILENO));
   }
   LogInfo("Numbering the pages.");
-  const numbering::IsOver is_over = Placements(input, envelope, choices);
+  const LookedAt looked_at = LookAt(input, envelope, choices);
+  const numbering::IsOver is_over = Placements(looked_at, choices);
   bool succeeded = false;
   const std::string trouble =
       RunApart([&] { return Number(envelope, choices, is_over, numbered.get()); },
                TimeFor(envelope.document.size()), succeeded);
   if (!trouble.empty()) LogWarning("The pages have no numbers: " + trouble);
   if (!succeeded) return Written(input.PassOn(STDOUT_FILENO));
+  for (const std::string &complaint : looked_at.complaints) LogWarning(complaint);
   lseek(numbered.get(), 0, SEEK_SET);
   return Written(WriteAll(STDOUT_FILENO, envelope.before) &&
                  CopyAll(numbered.get(), STDOUT_FILENO) &&

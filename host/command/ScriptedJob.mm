@@ -1,5 +1,7 @@
 #include "host/command/ScriptedJob.h"
 
+#include <algorithm>
+
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/command/Corrections.h"
@@ -14,6 +16,8 @@
 namespace {
 
 NSString *String(const std::string &text) { return [NSString stringWithUTF8String:text.c_str()]; }
+
+bool IsOfCopies(const std::string &change) { return change.starts_with("copies="); }
 
 Expected<void> Apply(const std::vector<SettingChange> &changes, PMPrintSettings settings) {
   for (const SettingChange &change : changes) {
@@ -91,8 +95,9 @@ int Run(const JobSource &source, const std::vector<std::string> &texts,
   if (!extensions) return Refuse({kFailed, extensions.message()});
 
   JobSession session(*extensions);
-  Expected<Notes> notes = session.UsePrinter(std::move(printer->ppd), printer->queue.defaults,
-                                             printer->queue.offered, printer->queue.formats);
+  Expected<Notes> notes =
+      session.UsePrinter(std::move(printer->ppd), printer->queue.defaults, printer->queue.offered,
+                         printer->queue.formats, printer->queue.of_user);
   if (!notes) return Refuse({kFailed, notes.message()});
   Expected<std::vector<SettingChange>> changes = ParseSettingChanges(texts, session.check());
   if (!changes) {
@@ -128,6 +133,11 @@ int WithFileJob(const FileJobOptions &options,
   }
   std::vector<std::string> changes = options.set;
   if (!options.copies.empty()) {
+    if (std::ranges::any_of(changes, IsOfCopies)) {
+      return Refuse({kWrongUsage,
+                     Localized("the copies are given twice, with --copies and with --set copies; "
+                               "leave one of them out")});
+    }
     Expected<std::string> copies = ParseCopies(options.copies);
     if (!copies) return Refuse({kWrongUsage, "--copies: " + copies.message()});
     changes.push_back("copies=" + *copies);

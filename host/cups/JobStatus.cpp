@@ -24,14 +24,31 @@ JobState StateOf(int ipp_state) {
   }
 }
 
-// A job that waits for a stopped printer is only pending for the server.
+// Whether one of the printer's reasons is an error; those that say nothing of their weight are.
+bool HasErrors(ipp_attribute_t *reasons) {
+  for (int at = 0; at < ippGetCount(reasons); ++at) {
+    const std::string_view reason = ippGetString(reasons, at, nullptr);
+    const bool is_mere_news = reason == "none" || reason == "connecting-to-device" ||
+                              reason.starts_with("cups-") || reason.ends_with("-report") ||
+                              reason.ends_with("-warning");
+    if (!is_mere_news) return true;
+  }
+  return false;
+}
+
+// A job that waits for a stopped printer is only pending for the server, and one that waits for
+// paper is being printed.
 void LookAtPrinter(const ServerConnection &server, const std::string &uri, JobStatus &status) {
   IppMessage request = server.Request(IPP_OP_GET_PRINTER_ATTRIBUTES);
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.c_str());
-  AskFor(request.get(), {"printer-state", "printer-state-message"});
+  AskFor(request.get(), {"printer-state", "printer-state-message", "printer-state-reasons"});
   const IppMessage answer = server.Ask(std::move(request));
-  if (NumberOf(answer.get(), "printer-state") != IPP_PSTATE_STOPPED) return;
-  status.state = JobState::kStopped;
+  const bool is_stopped = NumberOf(answer.get(), "printer-state") == IPP_PSTATE_STOPPED;
+  status.needs_somebody =
+      !is_stopped && status.state == JobState::kProcessing &&
+      HasErrors(ippFindAttribute(answer.get(), "printer-state-reasons", IPP_TAG_KEYWORD));
+  if (!is_stopped && !status.needs_somebody) return;
+  if (is_stopped) status.state = JobState::kStopped;
   status.message = TextOf(answer.get(), "printer-state-message");
 }
 
@@ -50,7 +67,7 @@ Expected<JobStatus> FetchStatus(const ServerConnection &server, int job) {
   JobStatus status;
   status.state = StateOf(NumberOf(answer.get(), "job-state"));
   status.message = TextOf(answer.get(), "job-printer-state-message");
-  if (status.state == JobState::kPending) {
+  if (status.state == JobState::kPending || status.state == JobState::kProcessing) {
     LookAtPrinter(server, TextOf(answer.get(), "job-printer-uri"), status);
   }
   return status;

@@ -135,7 +135,12 @@ Expected<int> JobTransfer::Run() {
 
 Expected<int> JobTransfer::Create(const ServerConnection &server) {
   for (const auto &[name, value] : request_.options) {
-    if (name.size() <= kLongestText && value.size() <= kLongestText) continue;
+    if (value.size() > kLongestText) {
+      return Failure{
+          Localized("the value of %1 is too long: it has %2 bytes, and a job can carry %3",
+                    {Quoted(name), std::to_string(value.size()), std::to_string(kLongestText)})};
+    }
+    if (name.size() <= kLongestText) continue;
     return Failure{
         Localized("%1 is not sent to the printer: no option can have this name or this value",
                   {Quoted(name)})};

@@ -8,7 +8,11 @@ constexpr int kPatience = 5;  // answers in a row that may fail
 
 // A stopped printer's jobs wait until somebody starts it again.
 std::string ObstacleIn(const JobStatus &status, const std::string &id) {
-  if (status.state == JobState::kHeld) return Localized("%1 is held", {id});
+  if (status.state == JobState::kHeld) {
+    return status.message.empty() ? Localized("%1 is held", {id})
+                                  : Localized("%1 is held: %2", {id, status.message});
+  }
+  if (status.needs_somebody) return status.message;
   if (status.state != JobState::kStopped) return "";
   return status.message.empty() ? Localized("%1 is stopped", {id}) : status.message;
 }

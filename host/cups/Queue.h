@@ -35,6 +35,7 @@ struct Queue {
   OfferedOptions offered;
   DocumentFormats formats;
   JobOptions defaults;  // what the user (lpoptions) and the server give each job of this queue
+  std::set<std::string> of_user;  // those of them that are the user's
 };
 
 #endif

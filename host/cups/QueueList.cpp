@@ -27,6 +27,9 @@ constexpr const char *kListed[] = {"job-hold-until",
                                    "print-scaling",
                                    "sides"};
 
+constexpr std::string_view kSupported = "-supported";
+constexpr std::string_view kDefault = "-default";
+
 // For these somebody has to make pages of the document, or a page of his own.
 constexpr const char *kLayout[] = {"job-sheets", "number-up", "number-up-layout",
                                    "orientation-requested", "print-scaling"};
@@ -37,9 +40,29 @@ constexpr const char *kAccounting[] = {"job-account-id", "job-accounting-user-id
 // "NAME" of "NAME-supported"; empty: it is none of these.
 std::string SupportedOption(std::string_view attribute, std::span<const char *const> names) {
   const auto found = std::ranges::find_if(names, [attribute](std::string_view name) {
-    return attribute.starts_with(name) && attribute.substr(name.size()) == "-supported";
+    return attribute.starts_with(name) && attribute.substr(name.size()) == kSupported;
   });
   return found == names.end() ? "" : *found;
+}
+
+// What is to be known of a queue.
+std::vector<std::string> Attributes() {
+  std::vector<std::string> names = {"printer-name",
+                                    "printer-info",
+                                    "printer-location",
+                                    "printer-type",
+                                    "printer-make-and-model",
+                                    "printer-is-accepting-jobs",
+                                    "printer-state",
+                                    "printer-state-message",
+                                    "printer-is-temporary",
+                                    "printer-defaults",
+                                    "document-format-supported",
+                                    "printer-mandatory-job-attributes",
+                                    "job-creation-attributes-supported"};
+  for (const std::string name : kListed) names.push_back(name + std::string(kSupported));
+  for (const std::string name : kAccounting) names.push_back(name + std::string(kSupported));
+  return names;
 }
 
 // The values as a job may have them: keywords, numbers, and the numbers of keywords that have one.
@@ -71,8 +94,17 @@ void TakeOffered(const std::string &attribute, ipp_attribute_t *value, OfferedOp
   }
 }
 
+// The server's defaults, without what it has from the user; empty: several values.
+void TakeDefault(std::string attribute, ipp_attribute_t *value, JobOptions &defaults) {
+  if (!attribute.ends_with(kDefault)) return;
+  attribute.resize(attribute.size() - kDefault.size());
+  const std::vector<std::string> values = ValuesOf(attribute, value);
+  defaults[attribute] = values.size() == 1 ? values.front() : "";
+}
+
 void Take(const std::string &attribute, ipp_attribute_t *value, Queue &queue) {
   TakeOffered(attribute, value, queue.offered);
+  TakeDefault(attribute, value, queue.defaults);
   const auto text = [value] {
     const char *string = ippGetString(value, 0, nullptr);
     return string == nullptr ? "" : ToUtf8(Trimmed(string));
@@ -141,6 +173,16 @@ JobOptions DefaultsOf(const cups_dest_t &destination) {
   return defaults;
 }
 
+std::set<std::string> DifferentFrom(const JobOptions &of_server, const JobOptions &defaults) {
+  std::set<std::string> names;
+  for (const auto &[name, value] : defaults) {
+    const auto same = of_server.find(name);
+    const bool is_same = same != of_server.end() && (same->second.empty() || same->second == value);
+    if (!is_same) names.insert(name);
+  }
+  return names;
+}
+
 std::string NameOf(const cups_dest_t &destination) {
   std::string name = destination.name;
   if (destination.instance != nullptr) name += std::string("/") + destination.instance;
@@ -169,30 +211,7 @@ bool MarkDefault(const ServerConnection &server, QueueList &list) {
 
 Expected<QueueList> ListQueues(const ServerConnection &server) {
   IppMessage request = server.Request(IPP_OP_CUPS_GET_PRINTERS);
-  AskFor(request.get(), {"printer-name",
-                         "printer-info",
-                         "printer-location",
-                         "printer-make-and-model",
-                         "printer-state",
-                         "printer-state-message",
-                         "printer-is-accepting-jobs",
-                         "document-format-supported",
-                         "printer-is-temporary",
-                         "printer-type",
-                         "job-account-id-supported",
-                         "job-accounting-user-id-supported",
-                         "job-creation-attributes-supported",
-                         "job-hold-until-supported",
-                         "job-sheets-supported",
-                         "multiple-document-handling-supported",
-                         "number-up-supported",
-                         "orientation-requested-supported",
-                         "output-bin-supported",
-                         "print-color-mode-supported",
-                         "print-quality-supported",
-                         "print-scaling-supported",
-                         "printer-mandatory-job-attributes",
-                         "sides-supported"});
+  AskFor(request.get(), Attributes());
   const IppMessage answer = server.Ask(std::move(request));
   const auto refusal = [&server] {
     return server.Refused(Localized("the print server %1 does not list its queues: %2"));
@@ -211,6 +230,7 @@ Expected<QueueList> ListQueues(const ServerConnection &server) {
     Queue queue = found->second;
     queue.name = NameOf(destination);
     queue.defaults = DefaultsOf(destination);
+    queue.of_user = DifferentFrom(found->second.defaults, queue.defaults);
     list.queues.push_back(std::move(queue));
   }
   if (list.queues.empty()) return refusal();

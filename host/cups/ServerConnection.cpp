@@ -133,9 +133,11 @@ bool IsNotAllowed(ipp_status_t status) {
          status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
 }
 
-void AskFor(ipp_t *request, std::initializer_list<const char *> attributes) {
+void AskFor(ipp_t *request, const std::vector<std::string> &attributes) {
+  std::vector<const char *> names;
+  for (const std::string &attribute : attributes) names.push_back(attribute.c_str());
   ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
-                static_cast<int>(attributes.size()), nullptr, std::data(attributes));
+                static_cast<int>(names.size()), nullptr, names.data());
 }
 
 std::string TextOf(ipp_t *message, const char *attribute) {

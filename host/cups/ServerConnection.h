@@ -8,10 +8,10 @@
 #define HOST_CUPS_SERVERCONNECTION_H
 
 #include <chrono>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/base/Expected.h"
 #include "host/cups/Authentication.h"
@@ -63,7 +63,7 @@ class ServerConnection {
 };
 
 // The attributes that an answer shall have.
-void AskFor(ipp_t *request, std::initializer_list<const char *> attributes);
+void AskFor(ipp_t *request, const std::vector<std::string> &attributes);
 
 // The first value of a text attribute in UTF-8, "" where there is none.
 std::string TextOf(ipp_t *message, const char *attribute);

@@ -69,8 +69,8 @@ void JobEditor::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   has_printer_ = true;
   printer_ = queue.name;
   OfferedOptions offered = OfferedBy(queue, ppd.has_value());
-  Expected<Notes> used =
-      session_.UsePrinter(std::move(ppd), queue.defaults, std::move(offered), queue.formats);
+  Expected<Notes> used = session_.UsePrinter(std::move(ppd), queue.defaults, std::move(offered),
+                                             queue.formats, queue.of_user);
   if (!used) return LosePrinter(used.message());
   Notes notes = std::move(*used);
   if (for_printer_) {

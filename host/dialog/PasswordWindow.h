@@ -7,6 +7,8 @@
 
 #include "host/cups/Passwords.h"
 
+class OpenQuestion;
+
 // The questions come from the threads of operations, which wait; the window is the main thread's,
 // which calls everything here. Whoever waits for an operation on the main thread looks for its
 // questions now and then.
@@ -27,10 +29,8 @@ class PasswordWindow {
   void Close();
 
  private:
-  class Questions;
-
   bool is_shown_ = false;
-  std::shared_ptr<Questions> questions_;
+  std::shared_ptr<OpenQuestion> question_;
   std::shared_ptr<Passwords> passwords_;
 };
 

@@ -8,7 +8,8 @@
 
 #include "host/base/Expected.h"
 
-// Nobody else can look into it; it goes with the object, and all that is in it.
+// Nobody else can look into it; it goes with the object, and all that is in it. What a process has
+// left behind that was killed goes when the next one makes a folder there.
 class PrivateFolder {
  public:
   // In the folder TMPDIR, or /tmp.
@@ -24,9 +25,10 @@ class PrivateFolder {
   Expected<void> CheckRoom() const;
 
  private:
-  explicit PrivateFolder(std::filesystem::path path) : path_(std::move(path)) {}
+  PrivateFolder(std::filesystem::path path, int in_use) : path_(std::move(path)), in_use_(in_use) {}
 
   std::filesystem::path path_;  // empty: moved away
+  int in_use_;                  // a file in it that is locked as long as this process lives
 };
 
 #endif

@@ -16,14 +16,15 @@ bool SaysTheSame(const JobOptions &options, const std::string &key) {
 
 }  // namespace
 
-Notes JobDefaults::UseQueue(const JobOptions &defaults, const ValueCheck &check) {
+Notes JobDefaults::UseQueue(const JobOptions &defaults, const std::set<std::string> &of_user,
+                            const ValueCheck &check) {
   Notes notes;
   of_queue_.clear();
   for (const auto &[key, value] : defaults) {
     if (Expected<std::string> fitting = check.Fitting(key, value)) {
       of_queue_[key] = *fitting;
     } else {
-      notes.push_back(DoesNotFit(key, value, fitting.message()));
+      notes.push_back(DefaultDoesNotFit(key, value, fitting.message(), of_user.contains(key)));
     }
   }
   return notes;

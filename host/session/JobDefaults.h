@@ -3,6 +3,7 @@
 #ifndef HOST_SESSION_JOBDEFAULTS_H
 #define HOST_SESSION_JOBDEFAULTS_H
 
+#include <set>
 #include <string>
 
 #include "host/base/JobOptions.h"
@@ -14,8 +15,9 @@ class JobDefaults {
  public:
   // Takes the defaults of a queue in the place of those before, in the form in which they fit.
   // Those that do not are left out, with a note each: the printer would make something else of
-  // them.
-  Notes UseQueue(const JobOptions &defaults, const ValueCheck &check);
+  // them. Some are the user's own (lpoptions).
+  Notes UseQueue(const JobOptions &defaults, const std::set<std::string> &of_user,
+                 const ValueCheck &check);
   // Remembers what a panel has set by itself.
   void AddPanels(const std::string &key, const std::string &value) { of_panels_[key] = value; }
 

@@ -35,13 +35,14 @@ class JobSession {
 
   // Changes the printer: also loads the bundles that the PPD file names, and asks all bundles for
   // panels anew, which restore themselves when they are shown. Settings that do not fit are taken
-  // away, each with a note, and so are defaults of the queue. The panels of the printer before must
-  // be out of the window. Offered is what the queue says that jobs may ask for, formats the
-  // documents that it takes: where it cannot do what bundles want, and this computer can, the PPD
-  // file has their options too. No PPD file: the queue has none, and no panels. The failure: there
-  // is no printer, and all settings are lost.
+  // away, each with a note, and so are defaults of the queue, some of which are the user's own
+  // (lpoptions). The panels of the printer before must be out of the window. Offered is what the
+  // queue says that jobs may ask for, formats the documents that it takes: where it cannot do what
+  // bundles want, and this computer can, the PPD file has their options too. No PPD file: the queue
+  // has none, and no panels. The failure: there is no printer, and all settings are lost.
   Expected<Notes> UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                             OfferedOptions offered = {}, const DocumentFormats &formats = {});
+                             OfferedOptions offered = {}, const DocumentFormats &formats = {},
+                             const std::set<std::string> &of_user = {});
 
   // Replaces all settings, by those of a ticket or preset; those that a panel has locked stay, each
   // with a note. What does not fit the printer, if there is one yet, is taken away, each with a
@@ -112,7 +113,8 @@ class JobSession {
 
  private:
   Expected<Notes> Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                       OfferedOptions offered, const DocumentFormats &formats);
+                       OfferedOptions offered, const DocumentFormats &formats,
+                       const std::set<std::string> &of_user);
   void TakeAbility(std::optional<PPDFile> ppd, const DocumentFormats &formats);
   Expected<void> TakePanels(Notes &notes);
   Expected<Notes> Use(PMPrintSettings settings);

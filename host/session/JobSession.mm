@@ -31,9 +31,10 @@ void JobSession::LoseSettings() {
 }
 
 Expected<Notes> JobSession::UsePrinter(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                                       OfferedOptions offered, const DocumentFormats &formats) {
+                                       OfferedOptions offered, const DocumentFormats &formats,
+                                       const std::set<std::string> &of_user) {
   @autoreleasepool {
-    Expected<Notes> notes = Take(std::move(ppd), defaults, std::move(offered), formats);
+    Expected<Notes> notes = Take(std::move(ppd), defaults, std::move(offered), formats, of_user);
     if (!notes) LoseSettings();
     return notes;
   }
@@ -48,7 +49,8 @@ Expected<Notes> JobSession::UseSettings(PrintSettings settings) {
 }
 
 Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &defaults,
-                                 OfferedOptions offered, const DocumentFormats &formats) {
+                                 OfferedOptions offered, const DocumentFormats &formats,
+                                 const std::set<std::string> &of_user) {
   if (settings_.get() == nullptr) settings_ = JobSettings();
   if (auto done = WithdrawFilledIn(); !done) return done.failure();
   DropPrinter();
@@ -70,7 +72,7 @@ Expected<Notes> JobSession::Take(std::optional<PPDFile> ppd, const JobOptions &d
     if (!own) return own.failure();
     if (!own->empty()) defaults_.AddPanels(keyword, *own);
   }
-  const Notes of_queue = defaults_.UseQueue(defaults, check_);
+  const Notes of_queue = defaults_.UseQueue(defaults, of_user, check_);
   notes.insert(notes.end(), of_queue.begin(), of_queue.end());
   has_printer_ = true;
   if (auto done = MakeFit(notes); !done) return done.failure();

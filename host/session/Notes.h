@@ -11,5 +11,8 @@ using Notes = std::vector<std::string>;
 
 // "KEY \"VALUE\" does not fit: WHY".
 std::string DoesNotFit(const std::string &key, const std::string &value, const std::string &why);
+// The same of a default, with a word on where it comes from.
+std::string DefaultDoesNotFit(const std::string &key, const std::string &value,
+                              const std::string &why, bool is_of_user);
 
 #endif

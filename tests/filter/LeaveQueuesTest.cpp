@@ -74,6 +74,21 @@ TEST_F(LeaveQueues, KeepsTheFilesRights) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
 }
 
+TEST_F(LeaveQueues, TakesFoldersOfAnyName) {
+  const std::string name = "it's [a] \"folder\" with {all}, $more and *.ppd";
+  folder_.Write(name + "/Laser.ppd", Printer() + Block(kLine));
+  const fs::path folder = folder_.path() / name;
+  const RunResult result = RunProgram({kProgram, folder, "127.0.0.1:1"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(ContentOf(folder / "Laser.ppd"), Printer());
+}
+
+TEST_F(LeaveQueues, HasNothingToDoWhereThereIsNoFolder) {
+  const RunResult result = RunProgram({kProgram, folder_.path() / "none", "127.0.0.1:1"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out + result.err, "");
+}
+
 TEST_F(LeaveQueues, SaysWhatIsLeftToDo) {
   folder_.Write("Laser.ppd", Printer() + Block(kLine));
   fs::create_directory(folder_.path() / "Laser.ppd.leave-queues");

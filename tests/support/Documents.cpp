@@ -1,8 +1,9 @@
 #include "tests/support/Documents.h"
 
-#include <map>
+#include <gtest/gtest.h>
 
 #include "tests/support/Interpreter.h"
+#include "tests/support/RunProgram.h"
 
 std::string Document(const std::vector<std::string> &pages, const std::string &setup) {
   std::string text =
@@ -39,4 +40,23 @@ std::string TextPdf(int pages) {
   std::string &pdf = made[pages];
   if (pdf.empty()) pdf = PdfOf("<</PageSize[595 842]>>setpagedevice\n" + TextDocument(pages));
   return pdf;
+}
+
+std::map<std::string, std::filesystem::path> DocumentOfEachKind(const TemporaryFolder &folder) {
+  const std::string text = "/Helvetica findfont 20 scalefont setfont 72 780 moveto (Top) show";
+  const std::filesystem::path ps = folder.Write("a.ps", Document({text, text}));
+  std::map<std::string, std::filesystem::path> files = {
+      {"application/postscript", ps}, {"text/plain", folder.Write("a.txt", "Top\n")}};
+  const std::pair<const char *, const char *> made[] = {
+      {"pdfwrite", "application/pdf"}, {"png16m", "image/png"}, {"jpeg", "image/jpeg"}};
+  for (const auto &[device, type] : made) {
+    files[type] = folder.path() / (std::string("a.") + device);
+    EXPECT_EQ(
+        RunProgram({"gs", "-q", "-dSAFER", "-dNOPAUSE", "-dBATCH", "-r36",
+                    type[0] == 'i' ? "-dLastPage=1" : "-dFirstPage=1",
+                    std::string("-sDEVICE=") + device, "-sOutputFile=" + files[type].string(), ps})
+            .status,
+        0);
+  }
+  return files;
 }

@@ -3,8 +3,12 @@
 #ifndef TESTS_SUPPORT_DOCUMENTS_H
 #define TESTS_SUPPORT_DOCUMENTS_H
 
+#include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
+
+#include "tests/support/TemporaryFolder.h"
 
 // A document that conforms to the document structuring conventions: each of these is what is drawn
 // on a page, between save and restore. `setup` goes into the document's setup.
@@ -16,5 +20,9 @@ std::string TextPdf(int pages);
 
 // PostScript that draws a page of lines with this heading on paper of this size.
 std::string TextPage(const std::string &heading, int width = 595, int height = 842);
+
+// By their types, files in this folder: two pages of PDF and PostScript, a line of text, a PNG and
+// a JPEG picture. There is nothing in the middle of their pages.
+std::map<std::string, std::filesystem::path> DocumentOfEachKind(const TemporaryFolder &folder);
 
 #endif

@@ -28,6 +28,11 @@ fs::path NewFolder() {
   return name;
 }
 
+http_t *Connection(int port) {
+  return httpConnect2("127.0.0.1", port, nullptr, AF_INET, HTTP_ENCRYPTION_NEVER, 1, 10000,
+                      nullptr);
+}
+
 fs::path AdministratorsProgram(const std::string &name) {
   const fs::path program = fs::path("/usr/sbin") / name;
   return fs::exists(program) ? program : fs::path(name);
@@ -108,7 +113,14 @@ void PrivateServer::Configure() const {
   // as the user of the filters.
   const fs::path printer = folder_ / "bin/backend/printer";
   std::ofstream(printer) << "#!/bin/sh\ncd '" << (folder_ / "printed").string() << R"(' || exit 1
-case $DEVICE_URI in *broken) echo "ERROR: The lamp is broken" >&2; exit 1;; esac
+case $DEVICE_URI in
+  *broken) echo "ERROR: The lamp is broken" >&2; exit 1;;
+  *empty)
+    echo "STATE: +media-empty-error" >&2
+    echo "ERROR: Put paper in" >&2
+    until [ -e paper ]; do sleep 0.1; done
+    echo "STATE: -media-empty-error" >&2
+esac
 mkdir -p "$PRINTER"
 exec cat "${6:--}" >>"$PRINTER/$1"
 )";
@@ -241,6 +253,19 @@ void PrivateServer::AddQueue(const TestQueue &queue) const {
   if (queue.is_default) Run({lpadmin, "-d", queue.name});
 }
 
+void PrivateServer::AddTemporaryQueue(const std::string &name,
+                                      const std::string &printer_uri) const {
+  const Http connection(Connection(port_.number()), httpClose);
+  ipp_t *request = ippNewRequest(IPP_OP_CUPS_CREATE_LOCAL_PRINTER);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, "ipp://localhost/");
+  ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, name.c_str());
+  ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr, printer_uri.c_str());
+  ippDelete(cupsDoRequest(connection.get(), request, "/"));
+  if (cupsLastError() > IPP_STATUS_OK_CONFLICTING) {
+    ADD_FAILURE() << "no temporary queue: " << cupsLastErrorString();
+  }
+}
+
 void PrivateServer::StopQueue(const std::string &name, const std::string &reason) const {
   Run({AdministratorsProgram("cupsdisable"), "-r", reason, name});
 }
@@ -273,9 +298,7 @@ std::vector<std::string> PrivateServer::DocumentsOf(int job) const {
 
 std::map<std::string, std::string> PrivateServer::JobAttributes(int job) const {
   std::map<std::string, std::string> attributes;
-  const Http connection(httpConnect2("127.0.0.1", port_.number(), nullptr, AF_INET,
-                                     HTTP_ENCRYPTION_NEVER, 1, 10000, nullptr),
-                        httpClose);
+  const Http connection(Connection(port_.number()), httpClose);
   ipp_t *request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
   const std::string uri = "ipp://localhost/jobs/" + std::to_string(job);
   ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
@@ -289,9 +312,7 @@ std::map<std::string, std::string> PrivateServer::JobAttributes(int job) const {
 }
 
 std::vector<int> PrivateServer::LiveJobs() const {
-  const Http connection(httpConnect2("127.0.0.1", port_.number(), nullptr, AF_INET,
-                                     HTTP_ENCRYPTION_NEVER, 1, 10000, nullptr),
-                        httpClose);
+  const Http connection(Connection(port_.number()), httpClose);
   cups_job_t *jobs = nullptr;
   const int count = cupsGetJobs2(connection.get(), &jobs, nullptr, 0, CUPS_WHICHJOBS_ACTIVE);
   if (count < 0) ADD_FAILURE() << "no list of jobs: " << cupsLastErrorString();

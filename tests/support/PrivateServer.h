@@ -57,6 +57,9 @@ class PrivateServer {
   void AddFilter(const std::filesystem::path &program) const;
 
   void AddQueue(const TestQueue &queue) const;
+  // What the print system makes of a printer that it finds on the network, for a short time; it
+  // asks the printer for its abilities in the background.
+  void AddTemporaryQueue(const std::string &name, const std::string &printer_uri) const;
   void StopQueue(const std::string &name, const std::string &reason) const;
   void StartQueue(const std::string &name) const;
 

@@ -40,6 +40,12 @@ std::string Text(const std::string &keyword, const FilterLine &line) {
          ' ' + most + line.program + "\"\n";
 }
 
+// What the printer gets of these pixels: a driver sends in its own way what it is given.
+const std::string &SentAs(const FilterLine &pixels) {
+  const bool is_passed_on = pixels.program == kPassedOn && !pixels.destination.empty();
+  return is_passed_on ? pixels.destination : pixels.source;
+}
+
 class Writer {
  public:
   Writer(const PPDFile &ppd, const PrinterOptions &options)
@@ -96,7 +102,7 @@ class Writer {
           lines_, [&picture](const FilterLine &line) { return line.source == picture; });
       if (!is_taken && !has_pixels) continue;
       if (has_pdf) Add({picture, "application/pdf", least_ - 2, options_.picture_filter, {}});
-      if (has_pixels) Add({picture, pixels->source, least_ - 1, options_.picture_filter, {}});
+      if (has_pixels) Add({picture, SentAs(*pixels), least_ - 1, options_.picture_filter, {}});
     }
   }
 

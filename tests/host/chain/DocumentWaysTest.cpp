@@ -52,6 +52,15 @@ TEST(DocumentWays, AllPassWherePicturesHaveAFilterOfTheirOwn) {
   EXPECT_THAT(*past, IsEmpty());
 }
 
+TEST(DocumentWays, AllPassWherePixelsAreSentUnderAnotherName) {
+  const auto past = Past("*cupsFilter2: \"application/vnd.cups-raster image/pwg-raster 0 -\"\n" +
+                         std::string(kBefore) +
+                         "*cupsFilter2: \"image/jpeg image/pwg-raster -1 markpictures\"\n"
+                         "*cupsFilter2: \"image/png image/pwg-raster -1 markpictures\"\n");
+  ASSERT_TRUE(past) << past.message();
+  EXPECT_THAT(*past, IsEmpty());
+}
+
 TEST(DocumentWays, PicturesThatBecomePixelsAtOnceAreSaid) {
   const auto past = Past(std::string(kRaster) + kBefore);
   ASSERT_TRUE(past) << past.message();

@@ -6,12 +6,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <thread>
-
 #include "host/chain/FilterChain.h"
 #include "host/ppd/PPDSource.h"
 #include "tests/host/command/BuiltProgram.h"
-#include "tests/host/command/ServedProgram.h"
+#include "tests/host/command/FilterServer.h"
 #include "tests/support/Documents.h"
 #include "tests/support/RawPdf.h"
 #include "tests/support/TestPPD.h"
@@ -61,76 +59,18 @@ std::vector<long> InkInTheMiddle(const std::string &raster, const TemporaryFolde
   return inks;
 }
 
-class FilterQueue : public ServedProgram {
+class FilterQueue : public FilterServer {
  protected:
-  static void SetUpTestSuite() { StartServer(); }
-
-  void SetUp() override {
-    for (const char *program : {"", "-look", "-pictures"}) {
-      server().AddFilter(std::string(BINARY_DIRECTORY "/backgroundnumbers") + program);
-    }
-  }
-
-  void AddQueue(const std::string &name, const std::string &lines) const {
-    server().AddQueue(
-        {.name = name, .ppd = folder_.Write("a.ppd", TestPPD::Text(kColorDevice + lines))});
-  }
   fs::path FileOf(const std::string &queue) const {
     return server().programs().parent_path() / "root/ppd" / (queue + ".ppd");
   }
 
-  static RunResult Pdeprint(const Arguments &arguments) {
-    return Run(arguments, {{"CUPS_SERVERBIN", server().programs().string()}});
-  }
-  static void Enable(const std::string &queue, const Arguments &more = {}) {
-    const RunResult result = Pdeprint(Arguments{"enable", "-d", queue, "--apply"} + more);
-    EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_EQ(result.err, "");
-    EXPECT_THAT(result.out, HasSubstr(" and the filter backgroundnumbers\n"));
-  }
   static std::string Refusal(const std::string &queue) {
     const RunResult result = Pdeprint({"enable", "-d", queue, "--apply"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "");
     return result.err;
   }
-
-  // What the printer gets, once the job is done.
-  std::string Printed(const std::string &queue, const fs::path &file, const Arguments &options,
-                      int *number = nullptr) const {
-    const std::string said = server().Run(Arguments{"lp", "-d", queue} + options + Arguments{file});
-    const int job = std::atoi(said.substr(said.rfind('-') + 1).c_str());
-    if (number != nullptr) *number = job;
-    EXPECT_TRUE(Becomes([&] {
-      const std::string state = server().JobAttributes(job)["job-state"];
-      return state == "completed" || state == "aborted" || state == "stopped";
-    }));
-    EXPECT_EQ(server().JobAttributes(job)["job-state"], "completed")
-        << ContentOf(server().programs().parent_path() / "error_log");
-    return server().OutputOf(job);
-  }
-
-  // A document of each kind, without anything in the middle of its pages.
-  std::map<std::string, fs::path> Documents() const {
-    const std::string text = "/Helvetica findfont 20 scalefont setfont 72 780 moveto (Top) show";
-    const fs::path ps = folder_.Write("a.ps", Document({text, text}));
-    std::map<std::string, fs::path> files = {{"application/postscript", ps},
-                                             {"text/plain", folder_.Write("a.txt", "Top\n")}};
-    const std::pair<const char *, const char *> made[] = {
-        {"pdfwrite", "application/pdf"}, {"png16m", "image/png"}, {"jpeg", "image/jpeg"}};
-    for (const auto &[device, type] : made) {
-      files[type] = folder_.path() / (std::string("a.") + device);
-      EXPECT_EQ(RunProgram({"gs", "-q", "-dSAFER", "-dNOPAUSE", "-dBATCH", "-r36",
-                            type[0] == 'i' ? "-dLastPage=1" : "-dFirstPage=1",
-                            std::string("-sDEVICE=") + device,
-                            "-sOutputFile=" + files[type].string(), ps})
-                    .status,
-                0);
-    }
-    return files;
-  }
-
-  static inline const Arguments kOn = {"-o", "VQBackgroundNumbering=On", "-o", "VQStartNumber=25"};
 };
 
 }  // namespace
@@ -138,7 +78,7 @@ class FilterQueue : public ServedProgram {
 TEST_F(FilterQueue, EverythingPrintedAsPixelsIsNumbered) {
   AddQueue("Raster", kRaster);
   Enable("Raster");
-  for (const auto &[type, file] : Documents()) {
+  for (const auto &[type, file] : DocumentOfEachKind(folder_)) {
     SCOPED_TRACE(type);
     const std::vector<long> with = InkInTheMiddle(Printed("Raster", file, kOn), folder_);
     const std::vector<long> without = InkInTheMiddle(Printed("Raster", file, {}), folder_);
@@ -148,12 +88,26 @@ TEST_F(FilterQueue, EverythingPrintedAsPixelsIsNumbered) {
   }
 }
 
+TEST_F(FilterQueue, PicturesAreSentAsThePixelsThatThePrinterTakes) {
+  std::string lines = kRaster;
+  const std::string line = "*cupsFilter: \"application/vnd.cups-raster 0 -\"\n";
+  lines.replace(lines.find(line), line.size(),
+                "*cupsFilter2: \"application/vnd.cups-raster image/pwg-raster 0 -\"\n");
+  AddQueue("Pwg", lines);
+  Enable("Pwg");
+  const fs::path picture = DocumentOfEachKind(folder_)["image/png"];
+  const std::string with = Printed("Pwg", picture, kOn), without = Printed("Pwg", picture, {});
+  EXPECT_THAT(with, StartsWith("RaS2PwgRaster"));
+  EXPECT_THAT(without, StartsWith("RaS2PwgRaster"));
+  EXPECT_GT(InkInTheMiddle(with, folder_).at(0), InkInTheMiddle(without, folder_).at(0) + 100000);
+}
+
 TEST_F(FilterQueue, EverythingPrintedAsPdfIsNumbered) {
   for (const auto &[name, lines] :
        std::map<std::string, std::string>{{"Pdf", kPdf}, {"Driverless", kDriverless}}) {
     AddQueue(name, lines);
     Enable(name);
-    for (const auto &[type, file] : Documents()) {
+    for (const auto &[type, file] : DocumentOfEachKind(folder_)) {
       SCOPED_TRACE(name + ' ' + type);
       const std::string out = Printed(name, file, kOn);
       EXPECT_THAT(out, StartsWith("%PDF-"));
@@ -170,7 +124,7 @@ TEST_F(FilterQueue, EverythingOnAPostScriptQueueIsNumberedByTheFilter) {
     return page.picture().ShareOf([](Color color) { return color != kWhitePaper; },
                                   {0, 0.33, 1, 0.67});
   };
-  for (const auto &[type, file] : Documents()) {
+  for (const auto &[type, file] : DocumentOfEachKind(folder_)) {
     SCOPED_TRACE(type);
     int on = 0, off = 0;
     const std::vector<PrintedPage> with = PagesOf(Printed("PostScript", file, kOn, &on));
@@ -197,7 +151,7 @@ TEST_F(FilterQueue, TheChainIsThatOfTheServer) {
       if (enabled) Enable(name, {"--method", "filter"});
       const Expected<PPDFile> ppd = ParsePPD(ContentOf(FileOf(name)));
       ASSERT_TRUE(ppd) << ppd.message();
-      for (const auto &[type, file] : Documents()) {
+      for (const auto &[type, file] : DocumentOfEachKind(folder_)) {
         SCOPED_TRACE(name + ' ' + type + (enabled ? " enabled" : ""));
         int job = 0;
         Printed(name, file, {}, &job);
@@ -258,15 +212,7 @@ TEST_F(FilterQueue, AFileIsForAServerThatMustHaveTheFilter) {
 }
 
 TEST_F(FilterQueue, ATemporaryQueueIsSaidToGo) {
-  const ServerEnvironment environment(server());
-  std::thread([] {
-    ipp_t *request = ippNewRequest(IPP_OP_CUPS_CREATE_LOCAL_PRINTER);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
-                 "ipp://localhost/");
-    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "Found");
-    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr, "printer:/");
-    ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/"));
-  }).join();
+  server().AddTemporaryQueue("Found", "printer:/");
   const fs::path ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster));
   server().Run({"/usr/sbin/lpadmin", "-p", "Found", "-P", ppd});
   const RunResult result = Pdeprint({"enable", "-d", "Found", "--apply"});
@@ -281,9 +227,7 @@ TEST_F(FilterQueue, ATemporaryQueueIsSaidToGo) {
 // A server of its own: the report is about all its queues.
 TEST_F(FilterQueue, AllQueuesAreEnabledAndDisabledWithAReport) {
   const PrivateServer other;
-  for (const char *program : {"", "-look", "-pictures"}) {
-    other.AddFilter(std::string(BINARY_DIRECTORY "/backgroundnumbers") + program);
-  }
+  AddFilters(other);
   const auto add = [&](const std::string &name, const std::string &lines) {
     other.AddQueue(
         {.name = name, .ppd = folder_.Write("a.ppd", TestPPD::Text(kColorDevice + lines))});

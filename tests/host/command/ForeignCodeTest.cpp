@@ -138,10 +138,9 @@ TEST_F(ForeignCode, InAnUnknownOptionThatIsTooLongIsRefused) {
   const int before = NewestJob();
   const RunResult result = Print({"--ticket", Ticket({{"Unknown", XmlOf(Hostile().back())}})});
   EXPECT_EQ(1, result.status);
-  EXPECT_EQ(
-      "pdeprint: \"Unknown\" is not sent to the printer: no option can have this name or this "
-      "value\n",
-      result.err);
+  EXPECT_EQ("pdeprint: the value of \"Unknown\" is too long: it has " +
+                std::to_string(Hostile().back().size()) + " bytes, and a job can carry 32767\n",
+            result.err);
   EXPECT_EQ(before, NewestJob());
 }
 
@@ -160,13 +159,15 @@ TEST_F(ForeignCode, InTheUsersOptionsIsLeftOutWithANote) {
   WriteLpoptions("Dest Office VQText=Custom.a\\\\ vqnote='Custom.\\\\' Duplex='1) " + kCode +
                  " (' Any='" + kCode + "'\n");
   const std::string duplex = "Duplex \"1) /Helvetica findfont 20 scalefont setf...\"";
-  EXPECT_EQ(plain, Printed({}, "pdeprint: note: " + duplex + " does not fit: this printer has no " +
-                                   duplex +
-                                   "; it has None, DuplexNoTumble, DuplexTumble\n"
-                                   "pdeprint: note: VQText \"Custom.a\\\" does not fit: this "
-                                   "printer has no VQText \"Custom.a\\\"; it has None\n"
-                                   "pdeprint: note: vqnote \"Custom.\\\" does not fit: this "
-                                   "printer has no VQNote \"Custom.\\\"; it has None\n"));
+  EXPECT_EQ(
+      plain,
+      Printed({}, "pdeprint: note: " + duplex +
+                      " (set with lpoptions) does not fit: this printer has no " + duplex +
+                      "; it has None, DuplexNoTumble, DuplexTumble\n"
+                      "pdeprint: note: VQText \"Custom.a\\\" (set with lpoptions) "
+                      "does not fit: this printer has no VQText \"Custom.a\\\"; it has None\n"
+                      "pdeprint: note: vqnote \"Custom.\\\" (set with lpoptions) "
+                      "does not fit: this printer has no VQNote \"Custom.\\\"; it has None\n"));
 }
 
 TEST_F(ForeignCode, AsACustomTextThatFitsIsAnEscapedString) {

@@ -118,12 +118,28 @@ TEST_F(PrintVerb, AUsersOptionThatThePanelDoesNotAllowIsNotSentAndToldOf) {
   const RunResult result = PrintOn("Office", {"--set", "Valid=On"});
   EXPECT_EQ(
       result.err,
-      "pdeprint: note: VQBNColor \"Purple\" does not fit: it must be one of Black, Red, Green, "
-      "Blue, Cyan, Magenta, Yellow\npdeprint: note: VQStartNumber \"1000\" does not fit: it "
-      "must be a whole number from 1 to 999\n");
+      "pdeprint: note: VQBNColor \"Purple\" (set with lpoptions) does not fit: it must be one of "
+      "Black, Red, Green, Blue, Cyan, Magenta, Yellow\npdeprint: note: VQStartNumber \"1000\" (set "
+      "with lpoptions) does not fit: it must be a whole number from 1 to 999\n");
   const Attributes job = server().JobAttributes(JobSaidIn(result, "Office"));
   EXPECT_EQ(job.at("VQStartNumber"), "1");
   EXPECT_EQ(job.at("VQBNColor"), "Black");
+}
+
+TEST_F(PrintVerb, ADefaultThatDoesNotFitIsToldOfWithWhereItComesFrom) {
+  const TemporaryFolder folder;
+  server().AddQueue({.name = "Unfit",
+                     .ppd = folder.Write("color.ppd", NumberingPPDText(/*color=*/true)),
+                     .options = {{"VQStartNumber-default", "1000"},
+                                 {"VQBNColor-default", "Purple"},
+                                 {"sides-default", "two-sided-long-edge"}},
+                     .stopped = "Paused"});
+  WriteLpoptions("Dest Unfit VQBNColor=Pink sides=two-sided-long-edge\n");
+  EXPECT_EQ(
+      PrintOn("Unfit", {}).err,
+      "pdeprint: note: VQBNColor \"Pink\" (set with lpoptions) does not fit: it must be one of "
+      "Black, Red, Green, Blue, Cyan, Magenta, Yellow\npdeprint: note: VQStartNumber \"1000\" "
+      "(a default of the queue) does not fit: it must be a whole number from 1 to 999\n");
 }
 
 TEST_F(PrintVerb, OptionsThatTheQueueOffersAreTakenWithTheValuesThatItLists) {

@@ -60,6 +60,13 @@ TEST_F(PrintVerb, CopiesThatAreNoneAreWrongUsage) {
   }
 }
 
+TEST_F(PrintVerb, CopiesThatAreGivenTwiceAreRefused) {
+  EXPECT_EQ(
+      RefusalOn("Office", 2, {"-n", "2", "--set", "copies=3"}),
+      "pdeprint: the copies are given twice, with --copies and with --set copies; leave one of "
+      "them out\n");
+}
+
 TEST_F(PrintVerb, AValueOfTheTicketThatIsNotAllowedIsRefused) {
   for (const char *number : {"0", "1000"}) {
     EXPECT_EQ(RefusalOn("Office", 1, {"--ticket", Ticket({{"VQStartNumber", number}})}),

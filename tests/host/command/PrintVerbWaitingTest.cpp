@@ -75,6 +75,28 @@ TEST_F(PrintVerbWaiting, SaysThatAHeldJobIsWaitedFor) {
   EXPECT_EQ(program_->Wait().status, 0);
 }
 
+TEST_F(PrintVerbWaiting, SaysWhatAPrinterWaitsForThatIsAtWork) {
+  server().AddQueue({.name = "NoPaper"});
+  server().Run({"/usr/sbin/lpadmin", "-p", "NoPaper", "-v", "printer:/empty"});
+  Begin("NoPaper");
+  EXPECT_TRUE(Becomes([this] { return !Said(2).empty(); }));
+  EXPECT_EQ(Said(2), "pdeprint: waiting: Put paper in\n");
+  std::ofstream(server().programs().parent_path() / "printed/paper").flush();
+  const RunResult result = program_->Wait();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err, "pdeprint: waiting: Put paper in\n");
+}
+
+TEST_F(PrintVerbWaiting, SaysWhyAJobIsHeldThatThePrinterCouldNotPrint) {
+  server().AddQueue(
+      {.name = "Retries", .options = {{"printer-error-policy", "retry-job"}}, .broken = true});
+  Begin("Retries");
+  EXPECT_TRUE(Becomes([this] { return !Said(2).empty(); }));
+  EXPECT_EQ(Said(2), "pdeprint: waiting: " + id_ + " is held: The lamp is broken\n");
+  server().Run({"cancel", id_});
+  EXPECT_EQ(program_->Wait().status, 1);
+}
+
 TEST_F(PrintVerbWaiting, ACanceledJobIsAFailure) {
   Begin("Office");
   server().Run({"cancel", id_});

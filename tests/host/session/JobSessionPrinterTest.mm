@@ -198,8 +198,8 @@ OBJC_TEST(JobSession, LeavesOutCustomDefaultsOfTheQueueThatDoNotFit) {
   const std::string lines =
       "*CustomPageSize True: \"pop\"\n*ParamCustomPageSize Width: 1 points 100 900\n"
       "*ParamCustomPageSize Height: 2 points 200 1200\n";
-  EXPECT_EQ((Notes{"PageSize \"Custom.1x1\" does not fit: this printer has no PageSize "
-                   "\"Custom.1x1\"; it has A4"}),
+  EXPECT_EQ((Notes{"PageSize \"Custom.1x1\" (a default of the queue) does not fit: this printer "
+                   "has no PageSize \"Custom.1x1\"; it has A4"}),
             session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.1x1"}, {"sides", "any"}}));
   EXPECT_EQ((JobOptions{{"sides", "any"}}), session.Options());
   EXPECT_EQ(Notes(), session.UsePrinter(PlainPPD(lines), {{"PageSize", "Custom.300x400"}}));

@@ -120,6 +120,16 @@ TEST(DocumentFilter, PicturesTakeTheWayOfDocumentsToPixels) {
                                     "markpictures")));
 }
 
+TEST(DocumentFilter, PicturesAreSentAsOtherPixelsAre) {
+  const PrinterOptions options = DocumentOptions("markpictures");
+  EXPECT_THAT(LinesFor(Line2("application/vnd.cups-raster image/pwg-raster 0 -"), options),
+              HasSubstr(Line2("image/jpeg image/pwg-raster -1 markpictures")));
+  // A driver takes them from the filter.
+  EXPECT_THAT(
+      LinesFor(Line2("application/vnd.cups-raster application/vnd.hp-PCL 0 rastertohp"), options),
+      HasSubstr(Line2("image/jpeg application/vnd.cups-raster -1 markpictures")));
+}
+
 TEST(DocumentFilter, PicturesArePdfWherePdfIsTheFirstWay) {
   const std::string lines =
       LinesFor(Line2("application/vnd.cups-pdf application/pdf -5 -") +
