@@ -17,9 +17,7 @@ constexpr double kPixelsPerInch = 96;  // as desktops have it
 std::string CountInWords(const PagePicture &picture, bool is_two_sided) {
   const auto pages = static_cast<size_t>(picture.pages);
   const size_t sheets = is_two_sided ? (pages + 1) / 2 : pages;
-  return LocalizedCount("of %1 pages, %2", {std::to_string(pages),
-                                            LocalizedCount("%1 sheets", {}, sheets)},
-                        pages);
+  return LocalizedCount("of %2 pages, %1", {LocalizedCount("%1 sheets", {}, sheets)}, pages);
 }
 
 }  // namespace

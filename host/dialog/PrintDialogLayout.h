@@ -15,8 +15,8 @@ struct PrintDialogMeasures {
   double pages_hint = 0;
   double buttons = 0;  // the wider one
   // Heights of texts that wrap, for a width.
-  std::function<double(double width)> notices;       // none: no notices are shown
-  std::function<double(double width)> printer_info;  // none: no more than a line
+  std::function<double(double width)> notices = {};       // none: no notices are shown
+  std::function<double(double width)> printer_info = {};  // none: no more than a line
   double fold = 0;  // of the button that shows the preview or puts it away; 0: there is none
   bool has_preview = false;
   double panel = 0;  // beside a preview, which gets what is left

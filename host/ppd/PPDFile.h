@@ -24,13 +24,13 @@ struct PPDChoice {
 
 struct PPDOption {
   std::string keyword;
-  std::string text;   // localized, UTF-8
-  std::string group;  // the text of its group
+  std::string text = {};   // localized, UTF-8
+  std::string group = {};  // the text of its group
   // Empty: the file names none, or one that is not there, and the printer decides. Custom.VALUE is
   // possible.
-  std::string default_choice;
+  std::string default_choice = {};
   // In the file's order. Custom.VALUE is not among them: see Allows.
-  std::vector<PPDChoice> choices;
+  std::vector<PPDChoice> choices = {};
 };
 
 // Two choices that the printer description forbids together, by keywords and texts. One may be of

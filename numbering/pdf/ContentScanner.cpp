@@ -30,6 +30,9 @@ void Append(std::string &text, size_t count, std::string_view what) {
 
 }  // namespace
 
+ContentScanner::ContentScanner(std::function<void(size_t at)> excess_restore)
+    : excess_restore_(std::move(excess_restore)) {}
+
 void ContentScanner::Take(std::string_view part) {
   for (const char byte : part) {
     Byte(byte);
@@ -129,6 +132,7 @@ void ContentScanner::EndWord() {
       --saves_;
     } else {
       ++excess_restores_;
+      if (excess_restore_) excess_restore_(begin_);
     }
   } else if (word_ == "BT" || word_ == "ET") {
     in_text_ = word_ == "BT";

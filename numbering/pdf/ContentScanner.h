@@ -4,6 +4,7 @@
 #define NUMBERING_PDF_CONTENTSCANNER_H
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,9 @@ namespace numbering {
 
 class ContentScanner {
  public:
+  // Told where each restore stands of a state that the page has not saved.
+  explicit ContentScanner(std::function<void(size_t at)> excess_restore = {});
+
   // Takes the next part; parts may end anywhere.
   void Take(std::string_view part);
   // After each stream, the last one too: no word and no image goes on in the next.
@@ -21,8 +25,8 @@ class ContentScanner {
   //
   // What ends all that the page has begun and not ended.
   std::string Closing() const;
-  // How often the page restores a state that it has not saved: some viewers go back to what it
-  // began with.
+  // How often the page restores a state that it has not saved. Most viewers pass over that, some go
+  // back to what it began with.
   size_t excess_restores() const { return excess_restores_; }
   // Where an operand begins that never ends, or the end of all.
   size_t sound_size() const;
@@ -59,6 +63,7 @@ class ContentScanner {
   size_t marks_ = 0;
   bool in_text_ = false;
   size_t excess_restores_ = 0;
+  std::function<void(size_t at)> excess_restore_;
 };
 
 }  // namespace numbering

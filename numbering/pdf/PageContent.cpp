@@ -44,18 +44,23 @@ bool Read(std::vector<QPDFObjectHandle> &streams, Take take, EndStream end_strea
   return true;
 }
 
-std::string SoundPart(std::vector<QPDFObjectHandle> &streams, const ContentScanner &scanner) {
+// The instructions as one, up to an operand that never ends, and without restores of what was not
+// saved: these would undo what is saved before the page. So it looks as in viewers that pass over
+// them.
+std::string Mended(std::vector<QPDFObjectHandle> &streams, size_t sound_size) {
   std::string content;
-  Read(
-      streams, [&](std::string_view part) { content += part; }, [&] { content += '\n'; });
-  content.resize(scanner.sound_size());
+  ContentScanner scanner([&](size_t at) { content[at] = ' '; });
+  const auto take = [&](std::string_view part) {
+    content += part;
+    scanner.Take(part);
+  };
+  const auto end_stream = [&] {
+    content += '\n';
+    scanner.EndStream();
+  };
+  Read(streams, take, end_stream);
+  content.resize(sound_size);
   return content;
-}
-
-std::string Saves(size_t count) {
-  std::string saves;
-  for (; count > 0; --count) saves += "q ";
-  return saves + '\n';
 }
 
 }  // namespace
@@ -93,12 +98,11 @@ bool PageContent::PutAfter(const std::string &instructions, const QPDFObjectHand
   try {
     const auto take = [&](std::string_view part) { scanner.Take(part); };
     if (!Read(streams_, take, [&] { scanner.EndStream(); })) return false;
-    streams.push_back(
-        scanner.excess_restores() == 0 ? save : Stream(Saves(scanner.excess_restores() + 1)));
-    if (scanner.IsSound()) {
+    streams.push_back(save);
+    if (scanner.IsSound() && scanner.excess_restores() == 0) {
       streams.insert(streams.end(), streams_.begin(), streams_.end());
     } else {
-      streams.push_back(Stream(SoundPart(streams_, scanner)));
+      streams.push_back(Stream(Mended(streams_, scanner.sound_size())));
     }
   } catch (const std::exception &) {
     return false;

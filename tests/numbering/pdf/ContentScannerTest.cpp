@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 using numbering::ContentScanner;
 
 namespace {
@@ -26,6 +29,17 @@ TEST(ContentScanner, EndsWhatThePageHasBegun) {
 TEST(ContentScanner, FindsRestoresOfWhatWasNotSaved) {
   EXPECT_EQ(Scanned("Q q Q Q").excess_restores(), 2u);
   EXPECT_EQ(Scanned("Q q Q Q q").Closing(), "Q ");
+}
+
+TEST(ContentScanner, SaysWhereTheyStand) {
+  const std::string content = "(Q) Q q Q BI ID EI Q q Q Q [Q] Q";
+  for (const size_t part : {size_t{1}, size_t{5}, content.size()}) {
+    std::vector<size_t> places;
+    ContentScanner scanner([&](size_t at) { places.push_back(at); });
+    for (size_t at = 0; at < content.size(); at += part) scanner.Take(content.substr(at, part));
+    scanner.EndStream();
+    EXPECT_EQ(places, (std::vector<size_t>{4, 19, 25, 31})) << part;
+  }
 }
 
 TEST(ContentScanner, WordsWithinOperandsAreNone) {
