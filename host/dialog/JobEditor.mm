@@ -152,7 +152,7 @@ SummarySection JobEditor::Summary() {
 
 Expected<PagesRequest> JobEditor::PagesAsTheyStand(
     const std::vector<std::filesystem::path> &files) {
-  if (!has_printer_) return Failure{Localized("There is no printer yet")};
+  if (!has_printer_) return Failure{Localized("there is no printer yet")};
   Expected<PagesRequest> pages = Failure{};
   const auto look = [&] {
     Expected<void> saved = panels_.Save();
