@@ -20,7 +20,8 @@ void AddFilter(const PrinterOptions &options, PageMaking &making) {
   making.filters.push_back(FilterOf(options));
   for (const std::string &lines : {options.document.color, options.document.monochrome}) {
     for (const PPDStatement &statement : StatementsOf(lines)) {
-      making.of_filters.emplace(OptionOpenedBy(statement));
+      const std::string_view option = OptionOpenedBy(statement);
+      if (!option.empty()) making.of_filters.emplace(option);
     }
   }
 }

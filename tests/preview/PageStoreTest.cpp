@@ -3,9 +3,12 @@
 #include "host/preview/PageStore.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <map>
+#include <thread>
 
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Interpreter.h"
@@ -85,6 +88,25 @@ class PageStoreTest : public testing::Test {
   PageStore store_;
   std::atomic<bool> cancel_ = false;
 };
+
+// "PID (NAME) STATE PARENT ..."
+int ParentOf(const fs::path &process) {
+  std::string stat;
+  std::getline(std::ifstream(process / "stat"), stat);
+  const size_t name_end = stat.rfind(')');
+  return name_end == std::string::npos ? 0 : std::atoi(stat.c_str() + name_end + 4);
+}
+
+// Those that were started here, each of them below a process that waits for it.
+void KillPrograms() {
+  std::error_code error;
+  for (fs::directory_iterator process("/proc", error), end; !error && process != end;
+       process.increment(error)) {
+    const int id = std::atoi(process->path().filename().c_str());
+    const int parent = id > 0 ? ParentOf(process->path()) : 0;
+    if (parent > 0 && ParentOf("/proc/" + std::to_string(parent)) == getpid()) kill(id, SIGKILL);
+  }
+}
 
 }  // namespace
 
@@ -174,4 +196,60 @@ TEST_F(PageStoreTest, IsCanceled) {
   EXPECT_THAT(ReasonOf(Job(Pages(1))), HasSubstr("canceled"));
   cancel_ = false;
   EXPECT_EQ(ReasonOf(Job(Pages(1))), "");
+}
+
+// Whatever a document is, some answer comes, and nothing stays behind.
+TEST_F(PageStoreTest, SurvivesHostileDocuments) {
+  const auto with = [](const std::string &content, const std::string &entries) {
+    return RawPdf({{.content = content, .entries = entries}});
+  };
+  const std::string paper = "/MediaBox [0 0 595 842]";
+  std::string many = "%PDF-1.4\n";
+  for (int at = 1; at <= 200000; ++at) many += std::to_string(at) + " 0 obj null endobj\n";
+  const std::map<std::string, std::string> documents = {
+      {"large.pdf", with("0 0 100 100 re f", "/MediaBox [0 0 14400 14400]")},
+      {"small.pdf", with("", "/MediaBox [0 0 0.01 0.01]")},
+      {"upside.pdf", with("", "/MediaBox [595 842 0 0]")},
+      {"many.pdf", many},
+      {"saves.pdf", with(std::string(200000, 'q') + " 0 0 9 9 re f", paper)},
+      {"loop.pdf", PdfOfObjects({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
+                                 "<</Type/Pages/Count 1/Kids[2 0 R]>>"})},
+      {"itself.pdf",
+       PdfOfObjects({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
+                     "<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</XObject "
+                     "<</X 5 0 R>>>>>>",
+                     PdfStream("/X Do"),
+                     PdfStream("/X Do /X Do", "/Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject "
+                                              "<</X 5 0 R>>>>")})},
+  };
+  for (const auto &[name, document] : documents) {
+    const Expected<PagePicture> picture = Ask(NumberedJob(folder_.Write(name, document)), 1);
+    EXPECT_TRUE(picture || !picture.message().empty()) << name;
+    if (picture) {
+      EXPECT_LE(std::max(picture->size.width, picture->size.height), 300) << name;
+    }
+  }
+  EXPECT_EQ(ReasonOf(Job(Pages(1))), "");
+}
+
+// At any moment: the next question is answered.
+TEST_F(PageStoreTest, SurvivesTheEndOfItsPrograms) {
+  const fs::path pages = Pages(3);
+  int lost = 0;
+  for (int round = 0; round < 200; ++round) {
+    PagesRequest job = NumberedJob(pages);
+    job.options["VQStartNumber"] = std::to_string(round + 1);
+    if (round % 5 == 0) job.options["page-border"] = round % 2 == 0 ? "single" : "none";
+    std::atomic<bool> over = false;
+    std::thread killer([&over, round] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(round * 7 % 60));
+      if (!over) KillPrograms();
+    });
+    if (!Ask(job, 1)) ++lost;
+    over = true;
+    killer.join();
+  }
+  EXPECT_GT(lost, 0);
+  EXPECT_EQ(ReasonOf(NumberedJob(pages)), "");
+  store_.Clear();
 }

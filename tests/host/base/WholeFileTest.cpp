@@ -237,3 +237,13 @@ TEST(WholeFile, IsWholeWheneverTheWriterIsKilled) {
   }
   EXPECT_GT(versions.size(), 1u) << "the writers wrote one version only";
 }
+
+TEST(WholeFile, KeepsWhatIsThereWhereThatIsAskedFor) {
+  const TemporaryFolder folder;
+  const fs::path path = folder.path() / "file";
+  EXPECT_EQ("", MessageOf(WriteWholeFile(path, "one", path, Existing::kKept)));
+  EXPECT_EQ("cannot write " + path.string() + ": File exists",
+            MessageOf(WriteWholeFile(path, "two", path, Existing::kKept)));
+  EXPECT_EQ("one", ContentOf(path));
+  EXPECT_EQ(std::set<std::string>{"file"}, NamesIn(folder.path()));
+}

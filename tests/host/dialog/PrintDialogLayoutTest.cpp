@@ -139,3 +139,48 @@ TEST(PrintDialogLayout, PutsTheBarBelowItsText) {
   EXPECT_LT(frames.help.right(), frames.progress.x);
   EXPECT_LT(frames.progress.right(), frames.cancel.x);
 }
+
+namespace {
+
+PrintDialogMeasures WithPreview() {
+  PrintDialogMeasures measures = SmallTexts();
+  measures.fold = 110;
+  measures.panel = 520;
+  measures.has_preview = true;
+  return measures;
+}
+
+}  // namespace
+
+TEST(PrintDialogLayout, PutsThePreviewBesideAllButTheButtons) {
+  const PrintDialogLayout layout(WithPreview());
+  const LayoutSize size = layout.SizeForPanel({520, 216});
+  const PrintDialogFrames frames = layout.FramesIn(size);
+  std::vector<LayoutRect> controls = Controls(frames);
+  controls.push_back(frames.fold);
+  controls.push_back(frames.preview);
+  ExpectNoOverlap(controls, size);
+  EXPECT_EQ(frames.preview.x, frames.panel_area.right());
+  EXPECT_LE(frames.right_line.right(), frames.preview.x);
+  EXPECT_GT(size.width, PrintDialogLayout(SmallTexts()).SizeForPanel({520, 216}).width + 200);
+}
+
+TEST(PrintDialogLayout, GivesThePreviewWhatTheWindowIsLarger) {
+  const PrintDialogLayout layout(WithPreview());
+  const LayoutSize size = layout.MinSize();
+  const PrintDialogFrames small = layout.FramesIn(size);
+  const PrintDialogFrames large = layout.FramesIn({size.width + 300, size.height + 100});
+  EXPECT_EQ(large.preview.width, small.preview.width + 300);
+  EXPECT_EQ(large.preview.height, small.preview.height + 100);
+  EXPECT_EQ(large.panel_area.width, small.panel_area.width);
+}
+
+TEST(PrintDialogLayout, KeepsARowForTheButtonOfThePreview) {
+  PrintDialogMeasures measures = LongTexts();
+  measures.fold = 260;
+  const PrintDialogLayout layout(measures);
+  const PrintDialogFrames frames = layout.FramesIn(layout.MinSize());
+  EXPECT_LE(frames.help.right(), frames.fold.x);
+  EXPECT_LT(frames.fold.right(), frames.progress_text.x);
+  EXPECT_GT(frames.progress_text.width, 60);
+}
