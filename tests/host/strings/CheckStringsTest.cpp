@@ -170,6 +170,21 @@ TEST(CheckStrings, TakesTextsWithNumbersInOneFormOrInAll) {
   EXPECT_EQ("", MistakesInForms("sv", Form("one", "%1 och %2")));
 }
 
+TEST(CheckStrings, TakesFormsInTheEnglishTableThatOtherTablesNeedNotHave) {
+  SmallProject project;
+  project.Write("host/base/Text.cpp",
+                "auto text = LocalizedCount(\"%1 sheets\", {}, 1) + Localized(\"all\");\n");
+  const std::string table = "\"%1 sheets\" = \"%1 sheets\";\n\"all\" = \"all\";\n";
+  const std::string one = "\"%1 sheets|one\" = \"%1 sheet\";\n";
+  project.Write("host/strings/en.lproj/pdeprint.strings", table + one);
+  EXPECT_EQ("", project.MistakesWithGerman("\"%1 sheets\" = \"%1 Blatt\";\n\"all\" = \"alle\";\n"));
+  project.Write("host/strings/en.lproj/pdeprint.strings",
+                table + "\"%1 sheets|few\" = \"%1 sheets\";\n");
+  EXPECT_EQ("strings/en.lproj/pdeprint.strings: "
+            "\"%1 sheets\" has the forms few; it needs one besides its own text\n",
+            project.Mistakes());
+}
+
 TEST(CheckStrings, FindsFormsThatAreMissingOrTooMany) {
   EXPECT_EQ("\"%1 and %2 more\" has the forms one; it needs few one besides its own text\n",
             MistakesInForms("cs", Form("one", "%1 a %2")));
