@@ -12,6 +12,7 @@
 NSTextField *NoticesLabel();
 /// A label that explains the control above it or before it.
 NSTextField *RemarkLabel(const std::string &text);
+NSColor *RemarkColor();
 /// From 1 to 9999.
 NSStepper *CopiesStepper();
 NSBox *SeparatorLine();

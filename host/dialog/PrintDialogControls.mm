@@ -11,9 +11,11 @@ NSTextField *NoticesLabel() {
   return notices;
 }
 
+NSColor *RemarkColor() { return [NSColor colorWithCalibratedWhite:0.35 alpha:1]; }
+
 NSTextField *RemarkLabel(const std::string &text) {
   NSTextField *remark = Label(String(text));
-  [remark setTextColor:[NSColor colorWithCalibratedWhite:0.35 alpha:1]];
+  [remark setTextColor:RemarkColor()];
   return remark;
 }
 

@@ -8,6 +8,7 @@
 #import "host/dialog/Controls.h"
 #import "host/dialog/KeyViewLoop.h"
 #import "host/dialog/PanelArea.h"
+#import "host/dialog/PrintDialogControls.h"
 
 namespace {
 
@@ -17,7 +18,9 @@ const CGFloat kTop = 8;
 const CGFloat kGap = 10;
 const CGFloat kLeastCaption = 190;
 const CGFloat kMostCaption = 240;
-const CGFloat kTextBox = 150;
+const CGFloat kTextBox = 125;
+const CGFloat kHintGap = 8;
+const CGFloat kRing = 4;  // around the control that has the focus
 const CGFloat kRow = kControlHeight + 6;
 const CGFloat kHeading = 26;
 const CGFloat kLowering = 4;  // of a text beside a control
@@ -47,9 +50,8 @@ NSTextField *Heading(const std::string &text) {
   return heading;
 }
 
-void ShowAvailable(NSTextField *label, BOOL isAvailable) {
-  [label
-      setTextColor:isAvailable ? [NSColor controlTextColor] : [NSColor disabledControlTextColor]];
+void ShowAvailable(NSTextField *label, BOOL isAvailable, NSColor *color) {
+  [label setTextColor:isAvailable ? color : [NSColor disabledControlTextColor]];
 }
 
 // A value that is none of the choices, as others than this dialog may set it, is one while it
@@ -119,7 +121,7 @@ void SelectValue(NSPopUpButton *popUp, const PanelRow &row, const std::string &v
   _controls.push_back(control);
   _hints.push_back(nil);
   if (row.hint.empty()) return;
-  _hints.back() = OneLine(Label(String(row.hint)));
+  _hints.back() = OneLine(RemarkLabel(row.hint));
   [self addSubview:_hints.back()];
 }
 
@@ -142,10 +144,11 @@ void SelectValue(NSPopUpButton *popUp, const PanelRow &row, const std::string &v
   const std::string wanted = Text([_filter stringValue]);
   const CGFloat captionWidth = [self captionWidth];
   const CGFloat left = captionWidth + kGap;
+  const CGFloat right = kWidth - kRing;
   CGFloat y = kTop;
   if (_filter != nil) {
     [_filterCaption setFrame:NSMakeRect(0, y + kLowering, captionWidth, kLineHeight)];
-    [_filter setFrame:NSMakeRect(left, y, kWidth - left, kControlHeight)];
+    [_filter setFrame:NSMakeRect(left, y, right - left, kControlHeight)];
     y += kRow;
   }
   BOOL hasAny = NO;
@@ -168,9 +171,9 @@ void SelectValue(NSPopUpButton *popUp, const PanelRow &row, const std::string &v
       y += kHeading;
     }
     [_captions[at] setFrame:NSMakeRect(0, y + kLowering, captionWidth, kLineHeight)];
-    const CGFloat width = _rows[at].hint.empty() ? kWidth - left : kTextBox;
+    const CGFloat width = _rows[at].hint.empty() ? right - left : kTextBox;
     [_controls[at] setFrame:NSMakeRect(left, y, width, kControlHeight)];
-    const CGFloat hintLeft = left + width + kGap / 2;
+    const CGFloat hintLeft = left + width + kHintGap;
     [_hints[at] setFrame:NSMakeRect(hintLeft, y + kLowering, kWidth - hintLeft, kLineHeight)];
     y += kRow;
   }
@@ -201,8 +204,8 @@ void SelectValue(NSPopUpButton *popUp, const PanelRow &row, const std::string &v
   const BOOL isAvailable = reason.empty();
   [_controls[at] setEnabled:isAvailable];
   [_controls[at] setToolTip:isAvailable ? nil : Sentence(reason)];
-  ShowAvailable(_captions[at], isAvailable);
-  ShowAvailable(_hints[at], isAvailable);
+  ShowAvailable(_captions[at], isAvailable, [NSColor controlTextColor]);
+  ShowAvailable(_hints[at], isAvailable, RemarkColor());
   // A caption that is cut short can be read at least there.
   [_captions[at] setToolTip:isAvailable ? String(_rows[at].caption) : Sentence(reason)];
   [_hints[at] setToolTip:isAvailable ? String(_rows[at].hint) : Sentence(reason)];

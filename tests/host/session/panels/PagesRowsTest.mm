@@ -25,7 +25,7 @@ OBJC_TEST(PagesRows, ThePrinterMayUsuallyPrintTheLastPageFirst) {
 }
 
 OBJC_TEST(PagesRows, TheOrderIsTheSameUnderAllItsNames) {
-  RowsOfJob panel(PagesRows, ColorPPD(), kOffered, {{"page-delivery", "reverse-order"}});
+  RowsOfJob panel(PagesRows, PlainPPD(), kOffered, {{"page-delivery", "reverse-order"}});
   EXPECT_EQ("reverse", panel.Value("outputorder"));
   EXPECT_TRUE(panel.session.Set("output-order", "Reverse"));
   EXPECT_TRUE(panel.Choose("outputorder", "normal"));

@@ -63,7 +63,7 @@ OBJC_TEST(PaperRows, ScalingIsThatWhichTheFiltersObey) {
 }
 
 OBJC_TEST(PaperRows, APercentageIsTypedWhereItIsChosen) {
-  RowsOfJob panel(PaperRows, ColorPPD());
+  RowsOfJob panel(PaperRows, PlainPPD());
   EXPECT_EQ("choose the percentage for the scaling first", panel.WhyGray("scaling"));
   EXPECT_TRUE(panel.Choose("print-scaling", "fit"));
   EXPECT_TRUE(panel.Choose("print-scaling", "percentage"));
