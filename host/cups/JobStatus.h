@@ -13,7 +13,7 @@ enum class JobState { kPending, kHeld, kProcessing, kStopped, kCanceled, kAborte
 
 struct JobStatus {
   JobState state = JobState::kPending;
-  std::string message;  // the server's words; empty: none
+  std::string message;          // the server's words; empty: none
   bool needs_somebody = false;  // being printed, it waits for paper, for instance
 
   bool HasEnded() const { return state >= JobState::kCanceled; }

@@ -1,6 +1,9 @@
 // What printers get of queues that were enabled, to the last byte: PCL, and very long documents.
 
 #include <algorithm>
+#include <iterator>
+#include <set>
+#include <sstream>
 
 #include "tests/host/command/FilterServer.h"
 #include "tests/support/Documents.h"
@@ -46,6 +49,17 @@ Lines Rest(const PclPage &page) {
 
 bool IsWhite(const Lines &lines) { return std::ranges::all_of(lines, &std::string::empty); }
 
+std::vector<std::set<std::string>> WordsOfPages(const fs::path &pdf) {
+  std::istringstream text(RunProgram({"pdftotext", pdf, "-"}).out);
+  std::vector<std::set<std::string>> pages;
+  for (std::string page; std::getline(text, page, '\f');) {
+    std::istringstream words(page);
+    pages.emplace_back(std::istream_iterator<std::string>(words),
+                       std::istream_iterator<std::string>());
+  }
+  return pages;
+}
+
 }  // namespace
 
 TEST_F(PrinterLanguages, PclHasTheNumbersAndNoOtherDifference) {
@@ -72,18 +86,20 @@ TEST_F(PrinterLanguages, PclHasTheNumbersAndNoOtherDifference) {
 }
 
 TEST_F(PrinterLanguages, FiveThousandPagesHaveTheirNumbers) {
-  constexpr int kPages = 5000;
+  constexpr size_t kPages = 5000;
   AddQueue("Long", kPdf);
   Enable("Long");
   std::vector<RawPage> pages;
-  std::string expected;
-  for (int page = 1; page <= kPages; ++page) {
-    const std::string words = "Words " + std::to_string(page);
-    pages.push_back({"BT /F 12 Tf 50 750 Td (" + words + ") Tj ET"});
-    expected += (page == 1 ? "" : " ") + words + ' ' + std::to_string(page + 24);
+  for (size_t page = 1; page <= kPages; ++page) {
+    pages.push_back({"BT /F 12 Tf 50 750 Td (p" + std::to_string(page) + ") Tj ET"});
   }
   int job = 0;
   const std::string out = Printed("Long", folder_.Write("long.pdf", RawPdf(pages)), kOn, &job);
-  EXPECT_EQ(TextOfPdf(out), expected);
   EXPECT_EQ(server().JobAttributes(job)["job-media-sheets-completed"], std::to_string(kPages));
+  const std::vector<std::set<std::string>> words = WordsOfPages(folder_.Write("out.pdf", out));
+  ASSERT_EQ(words.size(), kPages);
+  for (size_t page = 1; page <= kPages; ++page) {
+    const std::set<std::string> expected = {'p' + std::to_string(page), std::to_string(page + 24)};
+    ASSERT_EQ(words[page - 1], expected);
+  }
 }
