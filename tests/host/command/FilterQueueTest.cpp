@@ -259,17 +259,17 @@ TEST_F(FilterQueue, AFileIsForAServerThatMustHaveTheFilter) {
 
 TEST_F(FilterQueue, ATemporaryQueueIsSaidToGo) {
   const ServerEnvironment environment(server());
+  server().AddQueue(
+      {.name = "Found",
+       .ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster))});
   std::thread([] {
-    ipp_t *request = ippNewRequest(IPP_OP_CUPS_CREATE_LOCAL_PRINTER);
+    ipp_t *request = ippNewRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
-                 "ipp://localhost/");
-    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "Found");
-    // A device of its own: CUPS 2.4.10 makes no second queue for one that has a queue.
-    ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr, "printer:/found");
-    ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/"));
+                 "ipp://localhost/printers/Found");
+    ippAddBoolean(request, IPP_TAG_PRINTER, "printer-is-temporary", true);
+    ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/admin/"));
+    EXPECT_LE(cupsLastError(), IPP_STATUS_OK_EVENTS_COMPLETE) << cupsLastErrorString();
   }).join();
-  const fs::path ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster));
-  server().Run({"/usr/sbin/lpadmin", "-p", "Found", "-P", ppd});
   const RunResult result = Pdeprint({"enable", "-d", "Found", "--apply"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err,
