@@ -266,6 +266,16 @@ void PrivateServer::AddTemporaryQueue(const std::string &name,
   }
 }
 
+void PrivateServer::MakeQueueTemporary(const std::string &name) const {
+  const Http connection(Connection(port_.number()), httpClose);
+  ipp_t *request = ippNewRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
+               ("ipp://localhost/printers/" + name).c_str());
+  ippAddBoolean(request, IPP_TAG_PRINTER, "printer-is-temporary", true);
+  ippDelete(cupsDoRequest(connection.get(), request, "/admin/"));
+  EXPECT_LE(cupsLastError(), IPP_STATUS_OK_EVENTS_COMPLETE) << cupsLastErrorString();
+}
+
 void PrivateServer::StopQueue(const std::string &name, const std::string &reason) const {
   Run({AdministratorsProgram("cupsdisable"), "-r", reason, name});
 }

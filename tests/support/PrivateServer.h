@@ -60,6 +60,8 @@ class PrivateServer {
   // What the print system makes of a printer that it finds on the network, for a short time; it
   // asks the printer for its abilities in the background.
   void AddTemporaryQueue(const std::string &name, const std::string &printer_uri) const;
+  // Makes of a queue what would be gone some time after its use.
+  void MakeQueueTemporary(const std::string &name) const;
   void StopQueue(const std::string &name, const std::string &reason) const;
   void StartQueue(const std::string &name) const;
 

@@ -212,10 +212,10 @@ TEST_F(FilterQueue, AFileIsForAServerThatMustHaveTheFilter) {
 }
 
 TEST_F(FilterQueue, ATemporaryQueueIsSaidToGo) {
-  // A device of its own: CUPS 2.4.10 makes no second queue for one that has a queue.
-  server().AddTemporaryQueue("Found", "printer:/found");
-  const fs::path ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster));
-  server().Run({"/usr/sbin/lpadmin", "-p", "Found", "-P", ppd});
+  server().AddQueue(
+      {.name = "Found",
+       .ppd = folder_.Write("a.ppd", TestPPD::Text(std::string(kColorDevice) + kRaster))});
+  server().MakeQueueTemporary("Found");
   const RunResult result = Pdeprint({"enable", "-d", "Found", "--apply"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err,
