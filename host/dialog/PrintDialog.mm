@@ -138,7 +138,8 @@ void PrintDialog::SetShowsPreview(bool shows) {
 }
 
 void PrintDialog::LookAgain() {
-  if (preview_ != nullptr) preview_->Look();
+  const bool can_change = phase_ == Phase::kNoPrinter || phase_ == Phase::kReady;
+  if (preview_ != nullptr && can_change) preview_->Look();
 }
 
 void PrintDialog::Open() {
