@@ -31,6 +31,10 @@ __pdeprint_options() {
   case $1 in
     show) echo -d --queue --ppd -P --preset --ticket --snapshot --wait --alert ;;
     print) echo -d --queue -P --preset --ticket --set -n --copies -t --title --wait ;;
+    save)
+      echo -o --output --png --resolution --force -d --queue --ppd -P --preset --ticket --set -n \
+        --copies
+      ;;
     settings) echo -d --queue --ppd -P --preset --ticket --set --json ;;
     check) echo -d --queue --json ;;
     queues) echo --json ;;
@@ -43,7 +47,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --alert | --json | --apply | --all | -h | --help) return 1 ;;
+    --wait | --alert | --json | --apply | --all | --png | --force | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }
@@ -148,7 +152,10 @@ __pdeprint_settings() {
 __pdeprint_values() {
   case $1 in
     -d | --queue) __pdeprint_queues ;;
-    --ppd | -o | --output) __pdeprint_files .ppd .ppd.gz ;;
+    -o | --output)
+      if [[ $verb == save ]]; then __pdeprint_files .pdf .png; else __pdeprint_files .ppd .ppd.gz; fi
+      ;;
+    --ppd) __pdeprint_files .ppd .ppd.gz ;;
     -P | --preset) __pdeprint_presets ;;
     --ticket) __pdeprint_files .plist ;;
     --snapshot) __pdeprint_files .png ;;
@@ -168,18 +175,19 @@ __pdeprint_note() {
 }
 
 _pdeprint() {
-  local words kept current options word option='' prefix='' only_files='' queue='' ppd='' REPLY
+  local words kept current options verb word option='' prefix='' only_files='' queue='' ppd='' REPLY
   COMPREPLY=()
   __pdeprint_words
   __pdeprint_unquote "${words[-1]}"
   current=$REPLY
   if ((${#words[@]} == 2)); then
-    options='show print settings check queues enable disable'
+    options='show print save settings check queues enable disable'
     [[ $current != -* ]] || options='-h --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
     return
   fi
-  options=$(__pdeprint_options "${words[1]}") || return
+  verb=${words[1]}
+  options=$(__pdeprint_options "$verb") || return
   options=${options//$'\n'/ }
 
   # The option that waits for the current word, if any, and the printer.
@@ -216,9 +224,9 @@ _pdeprint() {
     COMPREPLY=("${COMPREPLY[@]/#/$prefix}")
   elif [[ $current == -* && ! $only_files ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
-  elif [[ ${words[1]} == check || ${words[1]} =~ ^(en|dis)able$ && ! $queue ]]; then
+  elif [[ $verb == check || $verb =~ ^(en|dis)able$ && ! $queue ]]; then
     __pdeprint_files .ppd .ppd.gz
-  elif [[ ${words[1]} == print || ${words[1]} == show && ! $ppd ]]; then
+  elif [[ $verb =~ ^(print|save)$ || $verb == show && ! $ppd ]]; then
     __pdeprint_files ''
   fi
   __pdeprint_unquote "$kept"

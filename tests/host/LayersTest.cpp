@@ -14,9 +14,9 @@ namespace fs = std::filesystem;
 namespace {
 
 // Each may use those before it, as far as it says so.
-const std::vector<std::string> kLayers = {"base",  "ppd",     "ppd/edit", "chain",
-                                          "cups",  "job",     "presets",  "extension",
-                                          "pages", "session", "dialog",   "command"};
+const std::vector<std::string> kLayers = {
+    "base",      "ppd",   "ppd/edit", "chain",   "cups",           "job",    "presets",
+    "extension", "pages", "preview",  "session", "session/panels", "dialog", "command"};
 
 fs::path Folder(const std::string &layer) { return fs::path(SOURCE_DIRECTORY) / "host" / layer; }
 
@@ -80,7 +80,8 @@ TEST(Layers, SeeNothingThatTheyHaveNoUseFor) {
   for (const auto &[layer, other] : {std::pair("cups", "ppd/edit"),
                                      {"extension", "cups"},
                                      {"extension", "job"},
-                                     {"session", "presets"}}) {
+                                     {"session", "presets"},
+                                     {"session", "preview"}}) {
     EXPECT_FALSE(MayInclude(layer, HeaderOf(other))) << layer << " sees " << other;
   }
 }

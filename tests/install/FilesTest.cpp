@@ -31,6 +31,7 @@ constexpr const char *kFiles[] = {
     "777 lib/libPrintCore.so.1",
     ("644 lib/libPrintCore.so." VERSION),
     "755 libexec/pdeprint-pages",
+    "755 libexec/pdeprint-picture",
     "644 share/applications/pdeprint.desktop",
     "644 share/bash-completion/completions/pdeprint",
     "644 share/icons/hicolor/scalable/apps/pdeprint.svg",

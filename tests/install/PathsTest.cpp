@@ -49,6 +49,7 @@ TEST(Paths, LibrariesAreLookedForFromTheFileItself) {
                                                        {"backgroundnumbers-look", ""},
                                                        {"backgroundnumbers-pictures", ""},
                                                        {"libPrintCore.so." VERSION, ""},
-                                                       {"pdeprint-pages", ""}};
+                                                       {"pdeprint-pages", ""},
+                                                       {"pdeprint-picture", ""}};
   EXPECT_EQ(expected, paths);
 }

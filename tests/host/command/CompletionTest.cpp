@@ -163,7 +163,7 @@ TEST_P(Completion, OffersTheOptionsOfEachVerb) {
 }
 
 TEST_P(Completion, OffersOnlyWhatBeginsAsTheWordDoes) {
-  EXPECT_EQ((std::vector<Names>{{"settings", "show"}, {"--ticket", "--timeout"}}),
+  EXPECT_EQ((std::vector<Names>{{"save", "settings", "show"}, {"--ticket", "--timeout"}}),
             OffersForEach({"pdeprint s", "pdeprint settings --ti"}));
 }
 
@@ -196,8 +196,12 @@ TEST_P(Completion, OffersFilesByTheirEndings) {
                            "pdeprint queues --plugin "},
                           here));
   const Names all = {"a b.ppd", "c.ppd.gz", "d.plist", "e.png", "f.pdf", bundle};
-  EXPECT_EQ(std::vector<Names>(2, all),
-            OffersForEach({"pdeprint print ", "pdeprint show -d Office --wait "}, here));
+  EXPECT_EQ(std::vector<Names>(3, all),
+            OffersForEach({"pdeprint print ", "pdeprint show -d Office --wait ",
+                           "pdeprint save --ppd c.ppd.gz --png "},
+                          here));
+  EXPECT_EQ(std::vector<Names>(2, {"e.png", "f.pdf", bundle}),
+            OffersForEach({"pdeprint save -o ", "pdeprint save --output="}, here));
 }
 
 TEST_P(Completion, OffersPPDFilesToChangeUnlessAQueueIsNamed) {

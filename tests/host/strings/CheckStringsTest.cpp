@@ -180,9 +180,10 @@ TEST(CheckStrings, TakesFormsInTheEnglishTableThatOtherTablesNeedNotHave) {
   EXPECT_EQ("", project.MistakesWithGerman("\"%1 sheets\" = \"%1 Blatt\";\n\"all\" = \"alle\";\n"));
   project.Write("host/strings/en.lproj/pdeprint.strings",
                 table + "\"%1 sheets|few\" = \"%1 sheets\";\n");
-  EXPECT_EQ("strings/en.lproj/pdeprint.strings: "
-            "\"%1 sheets\" has the forms few; it needs one besides its own text\n",
-            project.Mistakes());
+  EXPECT_EQ(
+      "strings/en.lproj/pdeprint.strings: "
+      "\"%1 sheets\" has the forms few; it needs one besides its own text\n",
+      project.Mistakes());
 }
 
 TEST(CheckStrings, FindsFormsThatAreMissingOrTooMany) {
