@@ -33,7 +33,7 @@ std::string PathOf(const std::string &program) {
   const ssize_t length = readlink("/proc/self/exe", self, sizeof self);
   if (length > 0) {
     const std::string path(self, static_cast<size_t>(length));
-    const std::string beside = path.substr(0, path.rfind('/') + 1) + program;
+    std::string beside = path.substr(0, path.rfind('/') + 1) + program;
     if (access(beside.c_str(), X_OK) == 0) return beside;
   }
   return Variable("CUPS_SERVERBIN", "/usr/lib/cups") + "/filter/" + program;
