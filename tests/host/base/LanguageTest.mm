@@ -37,3 +37,13 @@ OBJC_TEST(Language, TheTableOfAnotherLanguageIsNotTaken) {
   folder.Write("fr.lproj/pdeprint.strings", Utf16(u"\"Print\" = \"Imprimer\";\n"));
   EXPECT_EQ(Translation(), TranslationIn(folder.path()));
 }
+
+OBJC_TEST(Language, EnglishHasWordsForOneAndForSeveral) {
+  const Translation english = TranslationIn(BINARY_DIRECTORY "/share/pdeprint");
+  const TextsOf texts(&english);
+  const auto pages = [](size_t pages, size_t sheets) {
+    return LocalizedCount("of %2 pages, %1", {LocalizedCount("%1 sheets", {}, sheets)}, pages);
+  };
+  EXPECT_EQ("of 1 page, 1 sheet", pages(1, 1));
+  EXPECT_EQ("of 12 pages, 6 sheets", pages(12, 6));
+}
