@@ -160,7 +160,7 @@ int RunCommandLine(int argc, char **argv) {
   CLI::App *save = app.add_subcommand(
       "save", "Keep the pages that would be printed, as a PDF file or as pictures. Needs no display.");
   AddText(save, "-o,--output", save_options.output,
-          "The file to write; with --png one for each page, PNG-1.png and so on", "FILE")
+          "The file to write; with --png one for each page, FILE-1.png and so on", "FILE")
       ->required();
   save->add_flag("--png", save_options.png, "Write a PNG picture of each page");
   save->add_option("--resolution", save_options.dpi,

@@ -86,6 +86,13 @@ Expected<void> Copy(const Piece &piece, Existing existing) {
   return written;
 }
 
+// What has replaced something stays: it is all that there is.
+void TakeBack(const SaveRequest &request, const SavedPages &saved) {
+  std::error_code error;
+  if (request.existing == Existing::kReplaced) return;
+  for (const fs::path &file : saved.files) fs::remove(file, error);
+}
+
 }  // namespace
 
 Failure IsThereAlready(const fs::path &path) {
@@ -107,8 +114,11 @@ Expected<SavedPages> SavePages(const SaveRequest &request, SavingProgress &progr
   if (!pieces) return pieces.failure();
   SavedPages saved = {.files = {}, .count = pages->count, .notes = std::move(pages->notes)};
   for (const Piece &piece : *pieces) {
-    if (progress.cancel) return JobCanceled();
-    if (auto done = Copy(piece, request.existing); !done) return done.failure();
+    Expected<void> done = progress.cancel ? JobCanceled() : Copy(piece, request.existing);
+    if (!done) {
+      TakeBack(request, saved);
+      return done.failure();
+    }
     saved.files.push_back(piece.out);
   }
   return saved;

@@ -33,7 +33,8 @@ struct SavedPages {
 };
 
 // Writes what would be printed. A PNG file has the number of its page before its ending,
-// "page-1.png". Each file is written whole or not at all; nothing is written before all is made.
+// "page-1.png". Each file is written whole or not at all; nothing is written before all is made,
+// and where one cannot be written, the others are none.
 // Blocks, on any thread; ends soon after it is canceled. The failure: as that of MakePages, or a
 // file cannot be written, or something is there that is to be kept.
 Expected<SavedPages> SavePages(const SaveRequest &request, SavingProgress &progress);
