@@ -83,9 +83,8 @@ int main(int argc, char **argv) {
     if (!picture) Fail(picture.message());
   };
   const auto draw = [&] {
-    const RunResult result =
-        RunProgram({"pdftoppm", "-f", "1", "-l", "1", "-scale-to", std::to_string(kRoom.height),
-                    numbered, out / "page"});
+    const RunResult result = RunProgram({"pdftoppm", "-f", "1", "-l", "1", "-scale-to",
+                                         std::to_string(kRoom.height), numbered, out / "page"});
     if (result.status != 0) Fail(result.err);
   };
   change("Behind");

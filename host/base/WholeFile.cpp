@@ -111,8 +111,7 @@ Expected<void> WriteWholeFile(const std::filesystem::path &path, std::string_vie
   Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
   if (file.get() < 0) return failure(std::strerror(errno));
   if (!WriteAll(file.get(), bytes) || !TakeAttributes(file.get(), destination) ||
-      fsync(file.get()) != 0 || !file.Close() ||
-      !GiveName(temporary, destination, existing)) {
+      fsync(file.get()) != 0 || !file.Close() || !GiveName(temporary, destination, existing)) {
     const Failure reason = failure(std::strerror(errno));
     unlink(temporary.c_str());
     return reason;

@@ -158,7 +158,8 @@ int RunCommandLine(int argc, char **argv) {
 
   SaveOptions save_options;
   CLI::App *save = app.add_subcommand(
-      "save", "Keep the pages that would be printed, as a PDF file or as pictures. Needs no display.");
+      "save",
+      "Keep the pages that would be printed, as a PDF file or as pictures. Needs no display.");
   AddText(save, "-o,--output", save_options.output,
           "The file to write; with --png one for each page, FILE-1.png and so on", "FILE")
       ->required();
@@ -168,10 +169,10 @@ int RunCommandLine(int argc, char **argv) {
       ->type_name("DPI")
       ->check(CLI::Range(10, 1200));
   save->add_flag("--force", save_options.replaces, "Replace what is there already");
-  CLI::Option *save_queue =
-      AddQueue(save, save_options.queue,
-               "The queue for which pages are laid out (default: the user's default queue; if there "
-               "is none, usual paper without margins)");
+  CLI::Option *save_queue = AddQueue(
+      save, save_options.queue,
+      "The queue for which pages are laid out (default: the user's default queue; if there "
+      "is none, usual paper without margins)");
   AddText(save, "--ppd", save_options.ppd, "A printer's PPD file in place of a queue", "FILE")
       ->excludes(save_queue);
   AddBeginning(

@@ -52,11 +52,11 @@ Expected<SavedPages> SaveInterruptibly(SaveRequest request) {
 int Run(const SaveOptions &options, const ScriptedJob &job) {
   Expected<PagesRequest> pages = job.session.PagesFor(options.files);
   if (!pages) return Refuse({kFailed, pages.message()});
-  Expected<SavedPages> saved = SaveInterruptibly(
-      {.pages = std::move(*pages),
-       .out = options.output,
-       .dpi = options.png ? std::optional(options.dpi) : std::nullopt,
-       .existing = options.replaces ? Existing::kReplaced : Existing::kKept});
+  Expected<SavedPages> saved =
+      SaveInterruptibly({.pages = std::move(*pages),
+                         .out = options.output,
+                         .dpi = options.png ? std::optional(options.dpi) : std::nullopt,
+                         .existing = options.replaces ? Existing::kReplaced : Existing::kKept});
   if (!saved) return Refuse({kFailed, Localized("nothing is saved: %1", {saved.message()})});
   for (const std::string &note : saved->notes) Note(note);
   std::string text;

@@ -60,7 +60,7 @@ class Preview {
   Clock::duration last_asking_{};
   std::optional<PagesRequest> wanted_;  // none: there is nothing to show
   int page_ = 1;
-  int pages_ = 0;  // 0: not known
+  int pages_ = 0;     // 0: not known
   DrawingSize size_;  // of what is shown or made
   std::shared_ptr<std::atomic<bool>> cancel_;
   std::unique_ptr<Task> task_;

@@ -46,11 +46,11 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
                  [view_.get() setNotices:String(text)];
                  FitWindow();
                }),
-      printers_([view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
-                job_.queue,
-                job_.files.empty() ? PrinterChooser::FileOffer::kNone
-                                   : PrinterChooser::FileOffer::kPdf,
-                CallbacksOfPrinters()),
+      printers_(
+          [view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
+          job_.queue,
+          job_.files.empty() ? PrinterChooser::FileOffer::kNone : PrinterChooser::FileOffer::kPdf,
+          CallbacksOfPrinters()),
       editor_(view_.get(), session_, notices_, std::move(presets), TitleOfJob(job_.files),
               CallbacksOfEditor()),
       delivery_(view_.get(), PrintServer(job_.limit, passwords_.passwords()), passwords_,

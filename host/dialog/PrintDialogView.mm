@@ -171,8 +171,7 @@
 
 - (void)setShowsPreview:(BOOL)shows {
   NSResponder *focus = [[self window] firstResponder];
-  if (!shows && [focus isKindOfClass:[NSView class]] &&
-      [(NSView *)focus isDescendantOf:_preview]) {
+  if (!shows && [focus isKindOfClass:[NSView class]] && [(NSView *)focus isDescendantOf:_preview]) {
     [[self window] makeFirstResponder:_fold];
   }
   [_preview setHidden:!shows];

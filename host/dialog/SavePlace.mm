@@ -40,8 +40,8 @@ Expected<void> CheckPlace(const std::string &text) {
 std::optional<SavePlace> AskForPlace(const fs::path &document) {
   std::string text = (HomeFolder() / document.stem()).string() + ".pdf";
   for (;;) {
-    const std::optional<std::string> typed =
-        AskForText(Localized("Save the pages as this PDF file:"), text, Localized("Save"), CheckPlace);
+    const std::optional<std::string> typed = AskForText(
+        Localized("Save the pages as this PDF file:"), text, Localized("Save"), CheckPlace);
     if (!typed) return std::nullopt;
     const fs::path path = PathFrom(*typed);
     std::error_code error;

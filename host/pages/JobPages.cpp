@@ -96,7 +96,6 @@ class Maker {
   }
 
  private:
-
   fs::path NewFile(const char *suffix) {
     return folder_.path() / (std::to_string(++files_) + suffix);
   }
@@ -264,8 +263,7 @@ Expected<fs::path> LayOutPages(const PagesRequest &request, const PrivateFolder 
 }
 
 Expected<FilteredPages> ApplyFilters(const PagesRequest &request, const fs::path &laid_out,
-                                     const PrivateFolder &folder,
-                                     const std::atomic<bool> &cancel) {
+                                     const PrivateFolder &folder, const std::atomic<bool> &cancel) {
   Expected<FilteredPages> filtered = Maker(request, folder, cancel).Filter(laid_out);
   if (!filtered && cancel) return JobCanceled();
   return filtered;

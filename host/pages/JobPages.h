@@ -53,7 +53,6 @@ struct FilteredPages {
 // change.
 Expected<FilteredPages> ApplyFilters(const PagesRequest &request,
                                      const std::filesystem::path &laid_out,
-                                     const PrivateFolder &folder,
-                                     const std::atomic<bool> &cancel);
+                                     const PrivateFolder &folder, const std::atomic<bool> &cancel);
 
 #endif

@@ -32,8 +32,7 @@ Expected<void> Ask(const Expected<fs::path> &helper, std::vector<std::string> ar
   if (!end) return end.failure();
   if (end->kind == ChildEnd::Kind::kCanceled) return JobCanceled();
   if (end->kind == ChildEnd::Kind::kTookTooLong) {
-    return Failure{
-        Localized("the program %1 takes too long", {helper->filename().string()})};
+    return Failure{Localized("the program %1 takes too long", {helper->filename().string()})};
   }
   const int status = end->kind == ChildEnd::Kind::kExited ? end->number : kDamaged;
   if (status == kPdfDone) return {};
@@ -79,8 +78,8 @@ Expected<void> TakePage(const fs::path &pdf, int page, const fs::path &out,
              cancel);
 }
 
-Expected<void> DrawPage(const DrawingSize &size, const fs::path &pdf, int page,
-                        const fs::path &out, const std::atomic<bool> &cancel) {
+Expected<void> DrawPage(const DrawingSize &size, const fs::path &pdf, int page, const fs::path &out,
+                        const std::atomic<bool> &cancel) {
   const std::string way = size.dpi == 0 ? "fit" : "at";
   std::vector<std::string> arguments = {way, out.string(), pdf.string(), std::to_string(page)};
   if (size.dpi == 0) {

@@ -54,7 +54,8 @@ Expected<std::vector<Piece>> Pictures(const SaveRequest &request, const JobPages
     Piece piece = {pages.folder.path() / (std::to_string(page) + ".png"),
                    NumberedPath(request.out, page, pages.count)};
     if (auto free = CheckFree(request, piece.out); !free) return free.failure();
-    auto drawn = DrawPage({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made, progress.cancel);
+    auto drawn =
+        DrawPage({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made, progress.cancel);
     if (!drawn) {
       return drawn.failure().Reworded(
           Localized("page %1 cannot be drawn: %2", {std::to_string(page), drawn.message()}));
@@ -109,8 +110,8 @@ Expected<SavedPages> SavePages(const SaveRequest &request, SavingProgress &progr
   Expected<JobPages> pages = MakePages(request.pages, progress.cancel);
   if (!pages) return pages.failure();
   progress.pages = pages->count;
-  auto pieces = request.dpi ? Pictures(request, *pages, progress)
-                            : Document(request, *pages, progress);
+  auto pieces =
+      request.dpi ? Pictures(request, *pages, progress) : Document(request, *pages, progress);
   if (!pieces) return pieces.failure();
   SavedPages saved = {.files = {}, .count = pages->count, .notes = std::move(pages->notes)};
   for (const Piece &piece : *pieces) {

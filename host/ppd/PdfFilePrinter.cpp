@@ -14,10 +14,14 @@ struct Paper {
 };
 
 constexpr Paper kPapers[] = {
-    {"A3", "A3", 842, 1191},       {"A4", "A4", 595, 842},
-    {"A5", "A5", 420, 595},        {"A6", "A6", 297, 420},
-    {"B5", "B5 (JIS)", 516, 729},  {"Executive", "Executive", 522, 756},
-    {"Legal", "Legal", 612, 1008}, {"Letter", "Letter", 612, 792},
+    {"A3", "A3", 842, 1191},
+    {"A4", "A4", 595, 842},
+    {"A5", "A5", 420, 595},
+    {"A6", "A6", 297, 420},
+    {"B5", "B5 (JIS)", 516, 729},
+    {"Executive", "Executive", 522, 756},
+    {"Legal", "Legal", 612, 1008},
+    {"Letter", "Letter", 612, 792},
     {"Tabloid", "Tabloid", 792, 1224},
 };
 

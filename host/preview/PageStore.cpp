@@ -72,7 +72,8 @@ void PageStore::Clear() {
   drawn_.clear();
 }
 
-const PagePicture *PageStore::Find(const PagesRequest &job, int page, const DrawingSize &size) const {
+const PagePicture *PageStore::Find(const PagesRequest &job, int page,
+                                   const DrawingSize &size) const {
   const auto known = std::ranges::find_if(drawn_, [&](const Drawn &drawn) {
     return drawn.picture.page == page && drawn.size == size && drawn.job == job;
   });

@@ -99,8 +99,8 @@ class JobSession {
                                   const std::vector<std::filesystem::path> &files,
                                   const std::string &title = "") const;
 
-  // Its pages as they would be printed, to be looked at or kept. The failure: the printer has no PPD
-  // file.
+  // Its pages as they would be printed, to be looked at or kept. The failure: the printer has no
+  // PPD file.
   Expected<PagesRequest> PagesFor(const std::vector<std::filesystem::path> &files,
                                   const std::string &title = "") const;
 

@@ -17,8 +17,8 @@ struct QueueAbility {
   std::optional<PPDFile> ppd;  // with the options of bundles that are applied here
   Applications applications;
   std::optional<PagesHere> here;  // some are
-  PageMaking making;  // of all pages, whoever applies the options to those that are printed
-  std::string why_not_here;       // where bundles could be, but for this; empty: no reason
+  PageMaking making;         // of all pages, whoever applies the options to those that are printed
+  std::string why_not_here;  // where bundles could be, but for this; empty: no reason
 };
 
 // Bundles whose options neither the printer nor the server does anything with are applied here,

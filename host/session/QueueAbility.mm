@@ -95,9 +95,9 @@ Expected<void> Place(QueueAbility &ability, const ExtensionBundle &bundle,
   if (!*options) return {};
   const AppliedBy by = WhoApplies(*ability.ppd, **options);
   if (by != AppliedBy::kNobody) {
-    ability.applications.push_back(
-        {(*options)->name,
-         by == AppliedBy::kPrinter ? Application::By::kPrinter : Application::By::kServer});
+    ability.applications.push_back({(*options)->name, by == AppliedBy::kPrinter
+                                                          ? Application::By::kPrinter
+                                                          : Application::By::kServer});
     if (!(*options)->document_filter.empty()) AddFilter(**options, ability.making);
     return {};
   }

@@ -41,7 +41,8 @@ class Save : public UnpreparedQueues {
 
 Picture AsPicture(const fs::path &png) {
   const TemporaryFolder folder;
-  const RunResult ppm = RunProgram({"pngtopnm", png.string()}, {.environment = {}, .folder = {}, .out = {}});
+  const RunResult ppm =
+      RunProgram({"pngtopnm", png.string()}, {.environment = {}, .folder = {}, .out = {}});
   return Picture(ppm.out);
 }
 
@@ -71,7 +72,9 @@ TEST_F(Save, KeepsTheDocumentAlone) {
 }
 
 TEST_F(Save, LaysOutForAPrinterThatIsNamed) {
-  EXPECT_EQ(Pages(Arguments{"-d", "PostScript"} + kFrom25 + Arguments{File("a.pdf", PlainPdf(1))}).status, 0);
+  EXPECT_EQ(
+      Pages(Arguments{"-d", "PostScript"} + kFrom25 + Arguments{File("a.pdf", PlainPdf(1))}).status,
+      0);
   EXPECT_EQ(TextOfPdf(Content(Out())), "Page 1 25");
 }
 
@@ -86,7 +89,8 @@ TEST_F(Save, NeedsNoPrinter) {
 
 TEST_F(Save, DrawsAPictureOfEachPage) {
   const RunResult result =
-      Pages(Arguments{"-d", "Pdf", "--png", "--resolution", "36", File("a.pdf", PlainPdf(11))}, "page.png");
+      Pages(Arguments{"-d", "Pdf", "--png", "--resolution", "36", File("a.pdf", PlainPdf(11))},
+            "page.png");
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_THAT(Made(), SizeIs(11));
   EXPECT_THAT(Made(), testing::Contains("page-01.png"));
@@ -128,16 +132,16 @@ TEST_F(Save, SaysWhyThereAreNoPages) {
   };
   const std::string document = File("a.pdf", PlainPdf(1));
   EXPECT_THAT(refusal({"-d", "Raw", document}), HasSubstr("has no PPD file"));
-  EXPECT_THAT(refusal({"-d", "Pdf", "--set", "document-format=application/vnd.cups-raw",
-                       document}), HasSubstr("(raw)"));
+  EXPECT_THAT(refusal({"-d", "Pdf", "--set", "document-format=application/vnd.cups-raw", document}),
+              HasSubstr("(raw)"));
   EXPECT_THAT(refusal({"-d", "Pdf", "--set", "page-ranges=7", document}), HasSubstr("no page is"));
   EXPECT_THAT(refusal({"-d", "Pdf", File("b.pdf", "%PDF-1.4\nnothing")}), HasSubstr("is damaged"));
   EXPECT_THAT(refusal({"-d", "Pdf", folder_.path() / "none.pdf"}), HasSubstr("none.pdf"));
 }
 
 TEST_F(Save, SaysWhereItCannotWrite) {
-  const RunResult result =
-      Run({"save", "-o", folder_.path() / "none" / "a.pdf", "-d", "Pdf", File("a.pdf", PlainPdf(1))});
+  const RunResult result = Run(
+      {"save", "-o", folder_.path() / "none" / "a.pdf", "-d", "Pdf", File("a.pdf", PlainPdf(1))});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.err, HasSubstr("none/a.pdf"));
 }

@@ -30,10 +30,11 @@ class PageStoreTest : public testing::Test {
     return {.files = {file},
             .title = "title",
             .options = options,
-            .making = {.ppd = NumberingPPDText(true),
-                       .filters = {{.program = "backgroundnumbers", .bundle = "Numbers", .package = ""}},
-                       .of_filters = {"VQBackgroundNumbering", "VQStartNumber", "VQBNPlacement",
-                                      "VQBNSize", "VQBNDensity", "VQBNColor"}}};
+            .making = {
+                .ppd = NumberingPPDText(true),
+                .filters = {{.program = "backgroundnumbers", .bundle = "Numbers", .package = ""}},
+                .of_filters = {"VQBackgroundNumbering", "VQStartNumber", "VQBNPlacement",
+                               "VQBNSize", "VQBNDensity", "VQBNColor"}}};
   }
   PagesRequest NumberedJob(const fs::path &file, JobOptions options = {}) const {
     options.merge(JobOptions{{"VQBackgroundNumbering", "On"}, {"VQStartNumber", "25"}});
@@ -42,8 +43,9 @@ class PageStoreTest : public testing::Test {
   fs::path Pages(int count, const std::string &box = "0 0 595 842") const {
     std::vector<RawPage> pages;
     for (int page = 1; page <= count; ++page) {
-      pages.push_back({.content = "BT /F 60 Tf 100 600 Td (Page " + std::to_string(page) + ") Tj ET",
-                       .entries = "/MediaBox [" + box + "]"});
+      pages.push_back(
+          {.content = "BT /F 60 Tf 100 600 Td (Page " + std::to_string(page) + ") Tj ET",
+           .entries = "/MediaBox [" + box + "]"});
     }
     return folder_.Write("pages.pdf", RawPdf(pages));
   }
@@ -159,7 +161,8 @@ TEST_F(PageStoreTest, ShowsTheLastPageForOnesBehindIt) {
 }
 
 TEST_F(PageStoreTest, ShowsPostScriptTextAndPictures) {
-  EXPECT_TRUE(Ask(Job(folder_.Write("a.ps", "%!PS-Adobe-3.0\n0 0 100 100 rectfill showpage\n")), 1));
+  EXPECT_TRUE(
+      Ask(Job(folder_.Write("a.ps", "%!PS-Adobe-3.0\n0 0 100 100 rectfill showpage\n")), 1));
   EXPECT_TRUE(Ask(Job(folder_.Write("a.txt", "A line of text\n")), 1));
   EXPECT_TRUE(Ask(Job(folder_.Write("a.pgm", "P5\n8 8\n255\n" + std::string(64, '\x80'))), 1));
 }
@@ -212,15 +215,18 @@ TEST_F(PageStoreTest, SurvivesHostileDocuments) {
       {"upside.pdf", with("", "/MediaBox [595 842 0 0]")},
       {"many.pdf", many},
       {"saves.pdf", with(std::string(200000, 'q') + " 0 0 9 9 re f", paper)},
-      {"loop.pdf", PdfOfObjects({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
-                                 "<</Type/Pages/Count 1/Kids[2 0 R]>>"})},
-      {"itself.pdf",
+      {"loop.pdf",
        PdfOfObjects({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
-                     "<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</XObject "
-                     "<</X 5 0 R>>>>>>",
-                     PdfStream("/X Do"),
-                     PdfStream("/X Do /X Do", "/Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject "
-                                              "<</X 5 0 R>>>>")})},
+                     "<</Type/Pages/Count 1/Kids[2 0 R]>>"})},
+      {"itself.pdf",
+       PdfOfObjects(
+           {"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
+            "<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</XObject "
+            "<</X 5 0 R>>>>>>",
+            PdfStream("/X Do"),
+            PdfStream("/X Do /X Do",
+                      "/Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject "
+                      "<</X 5 0 R>>>>")})},
   };
   for (const auto &[name, document] : documents) {
     const Expected<PagePicture> picture = Ask(NumberedJob(folder_.Write(name, document)), 1);

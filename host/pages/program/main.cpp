@@ -1,5 +1,5 @@
-// The helper of pdeprint for PDF files: counts their pages, makes documents of them. It is a program
-// of its own since documents may be anything.
+// The helper of pdeprint for PDF files: counts their pages, makes documents of them. It is a
+// program of its own since documents may be anything.
 //
 //   pdeprint-pages count FILE               prints the number of its pages
 //   pdeprint-pages join OUT FILE...         makes OUT of them and prints the number of its pages
