@@ -5,6 +5,7 @@
 #include "tests/host/command/PrintingProgram.h"
 #include "tests/host/session/SessionOfJob.h"
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -68,7 +69,13 @@ TEST_F(EveryDoor, OfTheDialogsPresetsAndOfAQueuesDefaults) {
       if (row.why.empty()) EXPECT_EQ(row.becomes, session.Value(row.key));
 
       JobSession of_queue(bundles.extensions);
-      EXPECT_EQ(*notes, of_queue.UsePrinter(ColorPPD(), {{row.key, row.value}}));
+      const Expected<Notes> of_default = of_queue.UsePrinter(ColorPPD(), {{row.key, row.value}});
+      ASSERT_TRUE(of_default);
+      EXPECT_EQ(of_default->size(), notes->size());
+      if (!row.why.empty()) {
+        EXPECT_THAT(of_default->front(),
+                    AllOf(HasSubstr(row.why), HasSubstr("(a default of the queue)")));
+      }
       const JobOptions options = *of_queue.Options();
       if (row.why.empty()) EXPECT_EQ(row.becomes, options.at(row.key));
       if (!row.why.empty() && options.contains(row.key)) {

@@ -67,7 +67,7 @@ TEST_F(PrintVerb, TheTicketGoesBeforeThePresetAndTheCommandLineBeforeAll) {
   const Attributes job =
       JobOn("Office", {"--preset", "Draft", "--ticket",
                        Ticket({{"VQBNSize", "Large"}, {"VQBNDensity", "Light"}, {"copies", "3"}}),
-                       "--set", "Density=Medium", "--set", "copies=4", "-n", "5"});
+                       "--set", "Density=Medium", "-n", "5"});
   EXPECT_EQ(job.at("VQBackgroundNumbering"), "On");
   EXPECT_EQ(job.at("VQBNColor"), "Red");
   EXPECT_EQ(job.at("VQBNSize"), "Large");
