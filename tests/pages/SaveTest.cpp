@@ -132,8 +132,9 @@ TEST_F(Save, SaysWhyThereAreNoPages) {
   };
   const std::string document = File("a.pdf", PlainPdf(1));
   EXPECT_THAT(refusal({"-d", "Raw", document}), HasSubstr("has no PPD file"));
-  EXPECT_THAT(refusal({"-d", "Pdf", "--set", "document-format=application/vnd.cups-raw", document}),
-              HasSubstr("(raw)"));
+  WriteLpoptions("Dest Pdf raw=true\n");
+  EXPECT_THAT(refusal({"-d", "Pdf", document}), HasSubstr("(raw)"));
+  WriteLpoptions("");
   EXPECT_THAT(refusal({"-d", "Pdf", "--set", "page-ranges=7", document}), HasSubstr("no page is"));
   EXPECT_THAT(refusal({"-d", "Pdf", File("b.pdf", "%PDF-1.4\nnothing")}), HasSubstr("is damaged"));
   EXPECT_THAT(refusal({"-d", "Pdf", folder_.path() / "none.pdf"}), HasSubstr("none.pdf"));
