@@ -99,6 +99,7 @@ Expected<void> PageStore::LayOut(const PagesRequest &job, const std::atomic<bool
   if (*pages == 0) return Failure{Localized("no page is to be printed")};
   laid_out_ = std::move(*laid_out);
   pages_ = *pages;
+  taken_ = 0;
   laid_out_for_ = std::move(layout);
   return {};
 }
@@ -106,7 +107,11 @@ Expected<void> PageStore::LayOut(const PagesRequest &job, const std::atomic<bool
 Expected<PagePicture> PageStore::Draw(const PagesRequest &job, int page, const DrawingSize &size,
                                       const std::atomic<bool> &cancel) {
   const fs::path single = folder_->path() / "single.pdf", drawn = folder_->path() / "page.ppm";
-  if (auto done = TakePage(laid_out_, page, single, cancel); !done) return done.failure();
+  if (taken_ != page) {
+    taken_ = 0;
+    if (auto done = TakePage(laid_out_, page, single, cancel); !done) return done.failure();
+    taken_ = page;
+  }
   Expected<FilteredPages> filtered = ApplyFilters(job, single, *folder_, cancel);
   if (!filtered) return filtered.failure();
   if (auto done = DrawPage(size, filtered->file, page, drawn, cancel); !done) {
