@@ -163,11 +163,12 @@ int RunCommandLine(int argc, char **argv) {
   AddText(save, "-o,--output", save_options.output,
           "The file to write; with --png one for each page, FILE-1.png and so on", "FILE")
       ->required();
-  save->add_flag("--png", save_options.png, "Write a PNG picture of each page");
+  CLI::Option *png = save->add_flag("--png", save_options.png, "Write a PNG picture of each page");
   save->add_option("--resolution", save_options.dpi,
                    "Pixels to an inch of the pictures (default: 150)")
       ->type_name("DPI")
-      ->check(CLI::Range(10, 1200));
+      ->check(CLI::Range(10, 1200))
+      ->needs(png);
   save->add_flag("--force", save_options.replaces, "Replace what is there already");
   CLI::Option *save_queue = AddQueue(
       save, save_options.queue,

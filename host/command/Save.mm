@@ -49,7 +49,16 @@ Expected<SavedPages> SaveInterruptibly(SaveRequest request) {
   return task.Take();
 }
 
+bool IsRegularFile(const std::filesystem::path &path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
 int Run(const SaveOptions &options, const ScriptedJob &job) {
+  if (!options.png && !options.replaces && IsRegularFile(options.output)) {
+    return Refuse({kFailed, Localized("nothing is saved: %1; --force replaces it",
+                                      {IsThereAlready(options.output).message})});
+  }
   Expected<PagesRequest> pages = job.session.PagesFor(options.files);
   if (!pages) return Refuse({kFailed, pages.message()});
   Expected<SavedPages> saved =
@@ -67,10 +76,5 @@ int Run(const SaveOptions &options, const ScriptedJob &job) {
 }  // namespace
 
 int Save(const SaveOptions &options) {
-  std::error_code error;
-  if (!options.png && !options.replaces && std::filesystem::exists(options.output, error)) {
-    return Refuse({kFailed, Localized("nothing is saved: %1; --force replaces it",
-                                      {IsThereAlready(options.output).message})});
-  }
   return WithFileJob(options, [&options](const ScriptedJob &job) { return Run(options, job); });
 }

@@ -142,7 +142,9 @@ void ComplainOfEvent(NSException *exception) {
   NSView *view = [[self contentView] hitTest:[event locationInWindow]];
   if (![view isKindOfClass:[NSPopUpButton class]]) return;
   NSPopUpButton *popUp = (NSPopUpButton *)view;
-  if (![popUp isEnabled] || [popUp numberOfItems] < 2 || HasOpenMenu(popUp) ||
+  // One item that is chosen already is no choice.
+  const BOOL hasChoice = [popUp numberOfItems] > ([popUp indexOfSelectedItem] < 0 ? 0 : 1);
+  if (![popUp isEnabled] || !hasChoice || HasOpenMenu(popUp) ||
       !IsClick(event, [NSApp currentEvent])) {
     return;
   }

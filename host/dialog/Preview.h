@@ -46,6 +46,7 @@ class Preview {
   void TakePicture();
   void Show(const PagePicture &picture);
   void ShowReason(const std::string &reason);
+  void ShowSentence(NSString *sentence);
   void Turn(PageTurn turn);
   void GoTo(int page);
   void MakeNext(const PagePicture &shown);

@@ -106,7 +106,7 @@ void Preview::MakePicture() {
       [store = store_, job = *wanted_, page = page_, size = size_, cancel = cancel_] {
         return store->Picture(job, page, size, *cancel);
       });
-  if (![[view_.get() canvas] hasPicture]) ShowReason(Localized("Preparing the pages…"));
+  if (![[view_.get() canvas] hasPicture]) ShowSentence(String(Localized("Preparing the pages…")));
   if (is_polling_) return;
   is_polling_ = true;
   poller_ = Poller([this] { return Poll(); });
@@ -130,9 +130,11 @@ void Preview::Show(const PagePicture &picture) {
   [[view next] setEnabled:page_ < pages_];
 }
 
-void Preview::ShowReason(const std::string &reason) {
+void Preview::ShowReason(const std::string &reason) { ShowSentence(Sentence(reason)); }
+
+void Preview::ShowSentence(NSString *sentence) {
   pages_ = 0;
-  [[view_.get() canvas] showSentence:Sentence(reason)];
+  [[view_.get() canvas] showSentence:sentence];
   [view_.get() setCount:@""];
 }
 

@@ -271,7 +271,9 @@ void PrintDialog::SetPhase(Phase phase) {
        @[ [view presets], [view copies], [view copiesStepper], [view pages] ]) {
     [control setEnabled:!busy];
   }
-  if (!busy && [[view printers] numberOfItems] > 1) [[view printers] setEnabled:YES];
+  const BOOL has_choice =
+      [[view printers] numberOfItems] > ([[view printers] indexOfSelectedItem] < 0 ? 0 : 1);
+  if (!busy && has_choice) [[view printers] setEnabled:YES];
   if (busy) [[view printers] setEnabled:NO];
   [[view cancel]
       setTitle:String(phase == Phase::kWaitingForEnd ? Localized("Close") : Localized("Cancel"))];

@@ -99,7 +99,6 @@ void PrinterChooser::TakePPD(PPDAnswer ppd) {
 
 void PrinterChooser::AddFileOffer() {
   if (offer_ == FileOffer::kNone) return;
-  AddSeparator(pop_up_.get());
   AddItem(pop_up_.get(), String(Localized("Save as PDF…")), @"file");
 }
 

@@ -16,11 +16,13 @@ fs::path HomeFolder() {
   return home != nullptr && *home == '/' ? fs::path(home) : fs::current_path(error);
 }
 
-// As people type it.
+// As people type it, in the home folder.
 fs::path PathFrom(const std::string &text) {
   const fs::path home = HomeFolder();
-  if (text == "~" || text.starts_with("~/")) return home / text.substr(text.size() > 1 ? 2 : 1);
-  return home / text;  // which a path from the root replaces
+  if (text.starts_with("~/")) return PathFrom(text.substr(2));
+  fs::path path = home / text;  // which a path from the root replaces
+  if (path.has_filename() && !path.has_extension()) path += ".pdf";
+  return path;
 }
 
 Expected<void> CheckPlace(const std::string &text) {

@@ -84,11 +84,15 @@ void UseAs(int stream, const std::string &path, int flags) {
   _exit(127);
 }
 
+// What the program has started may live on without it.
+void EndAll(int) { kill(0, SIGKILL); }
+
 // Starts the program, waits for its end and tells of it: the platform may take the ends of this
 // program's own children away from it.
 [[noreturn]] void Supervise(Prepared &prepared, int answer, pid_t parent) {
   setpgid(0, 0);
-  for (const int number : {SIGTERM, SIGCHLD}) signal(number, SIG_DFL);
+  signal(SIGCHLD, SIG_DFL);
+  signal(SIGTERM, EndAll);
   EndWithParent(parent);
   const pid_t self = getpid();
   const pid_t child = fork();

@@ -34,7 +34,12 @@ fs::path NumberedPath(const fs::path &out, int page, int count) {
 
 Expected<void> CheckFree(const SaveRequest &request, const fs::path &out) {
   std::error_code error;
-  if (request.existing == Existing::kReplaced || !fs::exists(out, error)) return {};
+  if (!fs::exists(out, error)) return {};
+  if (!fs::is_regular_file(out, error)) {
+    return Failure{
+        Localized("cannot write %1: %2", {out.string(), Localized("not a regular file")})};
+  }
+  if (request.existing == Existing::kReplaced) return {};
   return IsThereAlready(out);
 }
 
@@ -56,6 +61,7 @@ Expected<std::vector<Piece>> Pictures(const SaveRequest &request, const JobPages
     if (auto free = CheckFree(request, piece.out); !free) return free.failure();
     auto drawn =
         DrawPage({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made, progress.cancel);
+    if (!drawn && progress.cancel) return JobCanceled();
     if (!drawn) {
       return drawn.failure().Reworded(
           Localized("page %1 cannot be drawn: %2", {std::to_string(page), drawn.message()}));
@@ -84,6 +90,9 @@ Expected<void> Copy(const Piece &piece, Existing existing) {
   Expected<void> written = WriteWholeFile(
       piece.out, std::string_view(static_cast<const char *>(bytes), size), piece.out, existing);
   munmap(bytes, size);
+  std::error_code error;
+  const bool is_in_the_way = existing == Existing::kKept && fs::exists(piece.out, error);
+  if (!written && is_in_the_way) return IsThereAlready(piece.out);
   return written;
 }
 

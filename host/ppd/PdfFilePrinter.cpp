@@ -10,19 +10,15 @@ namespace {
 struct Paper {
   const char *name;
   const char *title;
-  int width, height;  // in points
+  const char *size;  // width and height in points
 };
 
 constexpr Paper kPapers[] = {
-    {"A3", "A3", 842, 1191},
-    {"A4", "A4", 595, 842},
-    {"A5", "A5", 420, 595},
-    {"A6", "A6", 297, 420},
-    {"B5", "B5 (JIS)", 516, 729},
-    {"Executive", "Executive", 522, 756},
-    {"Legal", "Legal", 612, 1008},
-    {"Letter", "Letter", 612, 792},
-    {"Tabloid", "Tabloid", 792, 1224},
+    {"A3", "A3", "841.89 1190.55"},     {"A4", "A4", "595.28 841.89"},
+    {"A5", "A5", "419.53 595.28"},      {"A6", "A6", "297.64 419.53"},
+    {"B5", "B5 (JIS)", "515.91 728.5"}, {"Executive", "Executive", "522 756"},
+    {"Legal", "Legal", "612 1008"},     {"Letter", "Letter", "612 792"},
+    {"Tabloid", "Tabloid", "792 1224"},
 };
 
 constexpr char kBegin[] =
@@ -82,7 +78,7 @@ std::string PdfFilePrinterPPD() {
   std::string text = kBegin + Option("PageSize", usual) + Option("PageRegion", usual);
   text += "*DefaultImageableArea: " + usual + "\n*DefaultPaperDimension: " + usual + '\n';
   for (const Paper &paper : kPapers) {
-    const std::string size = std::to_string(paper.width) + ' ' + std::to_string(paper.height);
+    const std::string size = paper.size;
     const std::string name = std::string(paper.name) + '/' + paper.title;
     text += "*ImageableArea " + name + ": \"0 0 " + size + "\"\n";
     text += "*PaperDimension " + name + ": \"" + size + "\"\n";

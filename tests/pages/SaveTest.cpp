@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 
 #include "tests/pages/PreparedServer.h"
@@ -138,6 +139,45 @@ TEST_F(Save, SaysWhyThereAreNoPages) {
   EXPECT_THAT(refusal({"-d", "Pdf", "--set", "page-ranges=7", document}), HasSubstr("no page is"));
   EXPECT_THAT(refusal({"-d", "Pdf", File("b.pdf", "%PDF-1.4\nnothing")}), HasSubstr("is damaged"));
   EXPECT_THAT(refusal({"-d", "Pdf", folder_.path() / "none.pdf"}), HasSubstr("none.pdf"));
+}
+
+TEST_F(Save, TellsOfWrongUsageBeforeWhatIsInTheWay) {
+  const std::string document = File("a.pdf", PlainPdf(1));
+  EXPECT_EQ(Pages({"-d", "Pdf", document}).status, 0);
+  EXPECT_EQ(Pages({"-d", "Pdf", "--set", "StartNumber=1000", document}).status, 2);
+  EXPECT_EQ(Pages({"-d", "Pdf", "--resolution", "99", document}).status, 2);
+}
+
+TEST_F(Save, WritesNothingButFiles) {
+  fs::create_directories(Out("folder"));
+  const RunResult result = Pages({"-d", "Pdf", File("a.pdf", PlainPdf(1))}, "folder");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "pdeprint: nothing is saved: cannot write " + Out("folder").string() +
+                            ": not a regular file\n");
+}
+
+// With all programs that they have started.
+TEST_F(Save, LeavesNoProgramBehindWhenItIsKilled) {
+  const TemporaryFolder folder;
+  const auto count = [&folder] {
+    std::error_code error;
+    int programs = 0;
+    for (fs::directory_iterator process("/proc", error), end; !error && process != end;
+         process.increment(error)) {
+      if (Content(process->path() / "environ").find(folder.path().string()) != std::string::npos) {
+        ++programs;
+      }
+    }
+    return programs;
+  };
+  RunOptions options = Options({{"TMPDIR", folder.path().string()}});
+  const RunningProgram save({BINARY_DIRECTORY "/pdeprint", "save", "--plugin",
+                             BINARY_DIRECTORY "/BackgroundNumbering.plugin", "-d", "Pdf", "-o",
+                             folder_.path() / "a.pdf", File("loop.ps", "%!PS\n{ } loop\n")},
+                            options);
+  EXPECT_TRUE(Becomes([&] { return count() > 3; }));
+  save.Signal(SIGKILL);
+  EXPECT_TRUE(Becomes([&] { return count() == 0; }));
 }
 
 TEST_F(Save, SaysWhereItCannotWrite) {
