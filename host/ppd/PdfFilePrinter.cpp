@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "host/base/Localized.h"
+
 namespace {
 
 struct Paper {
@@ -26,7 +28,7 @@ constexpr char kBegin[] =
     "*FormatVersion: \"4.3\"\n"
     "*FileVersion: \"1.0\"\n"
     "*LanguageVersion: English\n"
-    "*LanguageEncoding: ISOLatin1\n"
+    "*LanguageEncoding: UTF-8\n"
     "*PCFileName: \"PDFFILE.PPD\"\n"
     "*Manufacturer: \"Generic\"\n"
     "*Product: \"(PDF file)\"\n"
@@ -63,8 +65,9 @@ bool UsesLetter() {
 
 std::string Option(const char *keyword, const std::string &usual) {
   const std::string name = keyword;
-  std::string text = "*OpenUI *" + name + ": PickOne\n*OrderDependency: 10 AnySetup *" + name +
-                     "\n*Default" + name + ": " + usual + '\n';
+  std::string text = "*OpenUI *" + name + '/' + Localized("Paper Size") +
+                     ": PickOne\n*OrderDependency: 10 AnySetup *" + name + "\n*Default" + name +
+                     ": " + usual + '\n';
   for (const Paper &paper : kPapers) {
     text += '*' + name + ' ' + paper.name + '/' + paper.title + ": \"\"\n";
   }

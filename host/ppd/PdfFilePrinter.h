@@ -5,7 +5,8 @@
 
 #include <string>
 
-// Its PPD file: usual paper without margins, that of the user's country (LC_PAPER) first.
+// Its PPD file, in the user's language: usual paper without margins; that of the user's country
+// (LC_PAPER) is chosen.
 std::string PdfFilePrinterPPD();
 
 #endif

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/base/Localized.h"
 #include "host/ppd/PPDSource.h"
 #include "tests/support/EnvironmentVariable.h"
 
@@ -31,4 +32,12 @@ TEST(PdfFilePrinter, HasPaperWithoutMargins) {
 TEST(PdfFilePrinter, TakesThePaperOfTheCountry) {
   const EnvironmentVariable none("LC_ALL", "C.UTF-8");
   EXPECT_EQ(Printer().DefaultChoice("PageSize"), "A4");
+}
+
+TEST(PdfFilePrinter, SpeaksTheLanguageOfTheUser) {
+  const Translation translation = {{"Paper Size", "Größe des Papiers"}};
+  const TextsOf texts(&translation);
+  const PPDFile ppd = Printer();
+  ASSERT_FALSE(ppd.Options().empty());
+  EXPECT_EQ(ppd.Options().front().text, "Größe des Papiers");
 }
