@@ -5,6 +5,7 @@
 #include "host/job/SettingOptions.h"
 #include "host/presets/Ticket.h"
 #import "tests/gui/DialogOnScreen.h"
+#include "tests/support/CustomPaper.h"
 #include "tests/support/ExpectedValue.h"
 #include "tests/support/NumberingPPD.h"
 #import "tests/support/ObjCTest.h"
@@ -13,12 +14,6 @@
 using testing::HasSubstr;
 
 namespace {
-
-constexpr char kCustomSizes[] =
-    "*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"
-    "*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n*CustomPageSize True: \"\"\n"
-    "*ParamCustomPageSize Width: 1 points 36 1000\n"
-    "*ParamCustomPageSize Height: 2 points 36 1000\n";
 
 std::string ManyOptions() {
   std::string lines;

@@ -1,14 +1,5 @@
 #include "tests/host/session/panels/RowsOfJob.h"
-
-namespace {
-
-constexpr char kCustomSizes[] =
-    "*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n*MaxMediaWidth: 1000\n*MaxMediaHeight: 1000\n"
-    "*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n*CustomPageSize True: \"\"\n"
-    "*ParamCustomPageSize Width: 1 points 36 1000\n"
-    "*ParamCustomPageSize Height: 2 points 36 1000\n";
-
-}  // namespace
+#include "tests/support/CustomPaper.h"
 
 OBJC_TEST(PaperRows, AreThoseThatThePrinterHasAndTheScaling) {
   EXPECT_EQ((Names{"PageSize", "InputSlot", "MediaType", "print-scaling", "scaling"}),
