@@ -1,5 +1,6 @@
 // The version stands in CMakeLists.txt, and all that is shipped has it.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -74,6 +75,21 @@ TEST(Version, DebiansChangelogHasTheDayOfTheVersion) {
       "numbering (2.1.0) unstable; urgency=medium\n\n  [ Fixed ]\n  * It.\n\n"
       " -- Some One <some.one@example.org>  Mon, 03 Feb 2031 00:00:00 +0000\n",
       DebianChangelog(control, changelog).out);
+}
+
+TEST(Version, DebiansChangelogHasNoLineThatItsRulesFindTooLong) {
+  const TemporaryFolder folder;
+  const std::string changelog =
+      folder.Write("CHANGELOG.md",
+                   "## [2.1.0] - 2031-02-03\n\n### Fixed\n\n- Some lines are as long as this one, "
+                   "which Markdown has "
+                   "nothing against,\n  and others are\n  short.\n- It.\n");
+  const std::string control =
+      folder.Write("control", "Source: numbering\nMaintainer: Some One <some.one@example.org>\n");
+  EXPECT_THAT(
+      DebianChangelog(control, changelog).out,
+      testing::HasSubstr("  * Some lines are as long as this one, which Markdown has nothing "
+                         "against, and\n    others are short.\n  * It.\n"));
 }
 
 TEST(Version, AChangelogThatSaysNoDateIsRefused) {
