@@ -4,6 +4,8 @@
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +13,7 @@
 #include <climits>
 #include <csignal>
 #include <cstring>
+#include <utility>
 
 #include "host/base/Localized.h"
 
@@ -68,11 +71,14 @@ void UseAs(int stream, const std::string &path, int flags) {
   if (file < 0 || dup2(file, stream) < 0) _exit(127);
 }
 
+// Where a supervisor has what it shares with this program; it has nothing else open.
+enum SupervisorStream { kControl = STDERR_FILENO + 1, kInput, kFirstFree };
+
 [[noreturn]] void Become(Prepared &prepared, pid_t parent) {
   EndWithParent(parent);
   const rlimit limits = {prepared.seconds, prepared.seconds + 1};
   setrlimit(RLIMIT_CPU, &limits);
-  UseAs(STDIN_FILENO, "/dev/null", O_RDONLY);
+  if (dup2(kInput, STDIN_FILENO) < 0) _exit(127);
   UseAs(STDOUT_FILENO, prepared.out, O_WRONLY | O_CREAT | O_TRUNC);
   UseAs(STDERR_FILENO, prepared.log, O_WRONLY | O_CREAT | O_TRUNC);
   close_range(STDERR_FILENO + 1, UINT_MAX, 0);
@@ -84,22 +90,38 @@ void UseAs(int stream, const std::string &path, int flags) {
   _exit(127);
 }
 
-// What the program has started may live on without it.
-void EndAll(int) { kill(0, SIGKILL); }
+// Other threads may have started programs at the same time: where one of their supervisors kept
+// this one's streams open, nobody would learn of an end.
+void KeepAlone(int control, int input) {
+  const int first = fcntl(control, F_DUPFD, kFirstFree), other = fcntl(input, F_DUPFD, kFirstFree);
+  if (dup2(first, kControl) < 0 || dup2(other, kInput) < 0) _exit(1);
+  close_range(kFirstFree, UINT_MAX, 0);
+}
+
+// Until the program ends, or the one who asked for it; whether this one ends first.
+bool Outlives(pid_t child) {
+  const int end = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
+  if (end < 0) return false;
+  pollfd ready[] = {{end, POLLIN, 0}, {kControl, POLLRDHUP, 0}};
+  while (poll(ready, 2, -1) < 0 && errno == EINTR) continue;
+  return ready[0].revents == 0;
+}
 
 // Starts the program, waits for its end and tells of it: the platform may take the ends of this
-// program's own children away from it.
-[[noreturn]] void Supervise(Prepared &prepared, int answer, pid_t parent) {
+// program's own children away from it. What the program has started may live on without it.
+[[noreturn]] void Supervise(Prepared &prepared, int control, int input) {
   setpgid(0, 0);
   signal(SIGCHLD, SIG_DFL);
-  signal(SIGTERM, EndAll);
-  EndWithParent(parent);
+  signal(SIGTERM, SIG_DFL);
+  KeepAlone(control, input);
   const pid_t self = getpid();
   const pid_t child = fork();
   if (child == 0) Become(prepared, self);
+  close(kInput);
+  if (child > 0 && Outlives(child)) kill(0, SIGKILL);
   int status = 127 << 8;
   while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
-  (void)!write(answer, &status, sizeof status);
+  (void)!send(kControl, &status, sizeof status, MSG_NOSIGNAL);
   _exit(0);
 }
 
@@ -109,41 +131,68 @@ ChildEnd EndOf(int status) {
   return {ChildEnd::Kind::kKilled, WTERMSIG(status)};
 }
 
-ChildEnd WaitFor(int answer, milliseconds limit, const std::atomic<bool> &cancel) {
+}  // namespace
+
+Expected<ChildEnd> Run(const ChildProgram &program, const std::atomic<bool> &cancel) {
+  Expected<RunningChild> running = RunningChild::Start(program);
+  if (!running) return running.failure();
+  running->CloseInput();
+  return running->Wait(program.limit, cancel);
+}
+
+Expected<RunningChild> RunningChild::Start(const ChildProgram &program) {
+  Prepared prepared = Prepare(program);
+  int control[2] = {-1, -1}, input[2] = {-1, -1};
+  const bool has_streams = socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, control) == 0 &&
+                           socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, input) == 0;
+  const pid_t supervisor = has_streams ? fork() : -1;
+  if (supervisor == 0) Supervise(prepared, control[1], input[1]);
+  const Failure failure{
+      Localized("cannot run %1: %2", {program.path.string(), std::strerror(errno)})};
+  for (const int end : {control[1], input[1]}) close(end);
+  if (supervisor < 0) {
+    for (const int end : {control[0], input[0]}) close(end);
+    return failure;
+  }
+  setpgid(supervisor, supervisor);
+  return RunningChild(supervisor, control[0], input[0]);
+}
+
+RunningChild::RunningChild(RunningChild &&other) noexcept
+    : supervisor_(std::exchange(other.supervisor_, 0)),
+      control_(other.control_),
+      input_(other.input_) {}
+
+RunningChild::~RunningChild() {
+  if (supervisor_ == 0) return;
+  close(input_);
+  close(control_);
+  kill(-supervisor_, SIGKILL);  // whatever they have left behind
+  while (waitpid(supervisor_, nullptr, 0) < 0 && errno == EINTR) continue;
+}
+
+bool RunningChild::Tell(std::string_view text) const {
+  while (!text.empty()) {
+    const ssize_t told = send(input_, text.data(), text.size(), MSG_NOSIGNAL);
+    if (told < 0 && errno == EINTR) continue;
+    if (told < 0) return false;
+    text.remove_prefix(static_cast<size_t>(told));
+  }
+  return true;
+}
+
+void RunningChild::CloseInput() const { shutdown(input_, SHUT_WR); }
+
+ChildEnd RunningChild::Wait(milliseconds limit, const std::atomic<bool> &cancel) const {
   const auto end = Clock::now() + limit;
   while (!cancel) {
-    pollfd ready = {answer, POLLIN, 0};
+    pollfd ready = {control_, POLLIN, 0};
     if (poll(&ready, 1, static_cast<int>(kLook.count())) > 0) {
       int status = SIGKILL;  // where nobody is left to tell
-      (void)!read(answer, &status, sizeof status);
+      (void)!read(control_, &status, sizeof status);
       return EndOf(status);
     }
     if (Clock::now() >= end) return {ChildEnd::Kind::kTookTooLong, 0};
   }
   return {ChildEnd::Kind::kCanceled, 0};
-}
-
-}  // namespace
-
-Expected<ChildEnd> Run(const ChildProgram &program, const std::atomic<bool> &cancel) {
-  const auto failure = [&program] {
-    return Failure{Localized("cannot run %1: %2", {program.path.string(), std::strerror(errno)})};
-  };
-  Prepared prepared = Prepare(program);
-  int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return failure();
-  const pid_t parent = getpid();
-  const pid_t supervisor = fork();
-  if (supervisor == 0) Supervise(prepared, ends[1], parent);
-  close(ends[1]);
-  if (supervisor < 0) {
-    close(ends[0]);
-    return failure();
-  }
-  setpgid(supervisor, supervisor);
-  const ChildEnd end = WaitFor(ends[0], program.limit, cancel);
-  close(ends[0]);
-  kill(-supervisor, SIGKILL);  // whatever they have left behind
-  while (waitpid(supervisor, nullptr, 0) < 0 && errno == EINTR) continue;
-  return end;
 }

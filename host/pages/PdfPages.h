@@ -6,9 +6,11 @@
 
 #include <atomic>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "host/base/Expected.h"
+#include "host/pages/ChildProgram.h"
 
 // How many pages there are; temporary files have names that begin like that of the place.
 Expected<int> CountPages(const std::filesystem::path &pdf, const std::filesystem::path &place,
@@ -42,8 +44,22 @@ struct DrawingSize {
   bool operator==(const DrawingSize &) const = default;
 };
 
-// Draws a page, counted from 1, into a PNG or PPM file, as its name ends.
-Expected<void> DrawPage(const DrawingSize &size, const std::filesystem::path &pdf, int page,
-                        const std::filesystem::path &out, const std::atomic<bool> &cancel);
+// Draws pages. The program that will draw the next one can be there before it: it takes longer to
+// begin than to draw.
+class PageDrawer {
+ public:
+  // Of the next page.
+  void Begin();
+
+  // Nothing is left running.
+  void End() { program_.reset(); }
+
+  // Draws a page, counted from 1, into a PNG or PPM file, as its name ends.
+  Expected<void> Draw(const DrawingSize &size, const std::filesystem::path &pdf, int page,
+                      const std::filesystem::path &out, const std::atomic<bool> &cancel);
+
+ private:
+  std::optional<RunningChild> program_;
+};
 
 #endif

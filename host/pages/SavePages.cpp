@@ -55,12 +55,13 @@ Expected<std::vector<Piece>> Document(const SaveRequest &request, const JobPages
 Expected<std::vector<Piece>> Pictures(const SaveRequest &request, const JobPages &pages,
                                       SavingProgress &progress) {
   std::vector<Piece> pieces;
+  PageDrawer drawer;
   for (int page = 1; page <= pages.count; ++page) {
     Piece piece = {pages.folder.path() / (std::to_string(page) + ".png"),
                    NumberedPath(request.out, page, pages.count)};
     if (auto free = CheckFree(request, piece.out); !free) return free.failure();
-    auto drawn =
-        DrawPage({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made, progress.cancel);
+    auto drawn = drawer.Draw({.room = {}, .dpi = *request.dpi}, pages.file, page, piece.made,
+                             progress.cancel);
     if (!drawn && progress.cancel) return JobCanceled();
     if (!drawn) {
       return drawn.failure().Reworded(

@@ -55,10 +55,12 @@ Expected<PagePicture> PageStore::Picture(const PagesRequest &job, int page, cons
   const std::scoped_lock lock(busy_);
   if (cancel) return JobCanceled();
   const PagesRequest wanted = OneCopy(job);
+  drawer_.Begin();
   if (auto done = LayOut(wanted, cancel); !done) return done.failure();
   const int number = std::clamp(page, 1, pages_);
   if (const PagePicture *known = Find(wanted, number, size)) return *known;
   Expected<PagePicture> picture = Draw(wanted, number, size, cancel);
+  drawer_.Begin();
   if (!picture) return cancel ? JobCanceled() : picture.failure();
   if (drawn_.size() == kMostDrawn) drawn_.pop_front();
   drawn_.push_back({wanted, size, *picture});
@@ -69,6 +71,7 @@ void PageStore::Clear() {
   const std::scoped_lock lock(busy_);
   laid_out_for_.reset();
   folder_.reset();
+  drawer_.End();
   drawn_.clear();
 }
 
@@ -114,7 +117,7 @@ Expected<PagePicture> PageStore::Draw(const PagesRequest &job, int page, const D
   }
   Expected<FilteredPages> filtered = ApplyFilters(job, single, *folder_, cancel);
   if (!filtered) return filtered.failure();
-  if (auto done = DrawPage(size, filtered->file, page, drawn, cancel); !done) {
+  if (auto done = drawer_.Draw(size, filtered->file, page, drawn, cancel); !done) {
     return done.failure();
   }
   Expected<PagePicture> picture = ReadPicture(drawn);

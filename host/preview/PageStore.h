@@ -51,7 +51,8 @@ class PageStore {
   std::optional<PagesRequest> laid_out_for_;  // without the options of filters
   std::filesystem::path laid_out_;
   int pages_ = 0;
-  int taken_ = 0;            // the page that was taken out of it last; 0: none
+  int taken_ = 0;  // the page that was taken out of it last; 0: none
+  PageDrawer drawer_;
   std::deque<Drawn> drawn_;  // the last ones
 };
 

@@ -14,6 +14,7 @@
 #include "tests/support/Interpreter.h"
 #include "tests/support/NumberingPPD.h"
 #include "tests/support/RawPdf.h"
+#include "tests/support/SupervisedPrograms.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
@@ -69,7 +70,7 @@ class PageStoreTest : public testing::Test {
       EXPECT_EQ(seen->page, page);
       EXPECT_EQ(seen->pages, pages);
       const fs::path out = folder_.path() / "page.ppm";
-      ASSERT_TRUE(DrawPage(kSize, printed->file, page, out, cancel_));
+      ASSERT_TRUE(PageDrawer().Draw(kSize, printed->file, page, out, cancel_));
       EXPECT_EQ(AsPpm(*seen), ContentOf(out)) << "page " << page;
     }
   }
@@ -90,25 +91,6 @@ class PageStoreTest : public testing::Test {
   PageStore store_;
   std::atomic<bool> cancel_ = false;
 };
-
-// "PID (NAME) STATE PARENT ..."
-int ParentOf(const fs::path &process) {
-  std::string stat;
-  std::getline(std::ifstream(process / "stat"), stat);
-  const size_t name_end = stat.rfind(')');
-  return name_end == std::string::npos ? 0 : std::atoi(stat.c_str() + name_end + 4);
-}
-
-// Those that were started here, each of them below a process that waits for it.
-void KillPrograms() {
-  std::error_code error;
-  for (fs::directory_iterator process("/proc", error), end; !error && process != end;
-       process.increment(error)) {
-    const int id = std::atoi(process->path().filename().c_str());
-    const int parent = id > 0 ? ParentOf(process->path()) : 0;
-    if (parent > 0 && ParentOf("/proc/" + std::to_string(parent)) == getpid()) kill(id, SIGKILL);
-  }
-}
 
 }  // namespace
 
@@ -249,7 +231,8 @@ TEST_F(PageStoreTest, SurvivesTheEndOfItsPrograms) {
     std::atomic<bool> over = false;
     std::thread killer([&over, round] {
       std::this_thread::sleep_for(std::chrono::milliseconds(round * 7 % 60));
-      if (!over) KillPrograms();
+      if (!over)
+        for (const int program : SupervisedPrograms()) kill(program, SIGKILL);
     });
     if (!Ask(job, 1)) ++lost;
     over = true;

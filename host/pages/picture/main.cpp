@@ -1,8 +1,9 @@
-// The helper of pdeprint that draws pages of PDF files. It is a program of its own since documents
-// may be anything.
+// The helper of pdeprint that draws a page of a PDF file. It is a program of its own since
+// documents may be anything, and reads what to do from standard input, words with a zero byte
+// behind each and one more behind the last, so that it can be ready before there is a page:
 //
-//   pdeprint-picture fit OUT FILE PAGE WIDTH HEIGHT   as large as fits into so many pixels
-//   pdeprint-picture at OUT FILE PAGE DPI             so many pixels to an inch
+//   fit OUT FILE PAGE WIDTH HEIGHT   as large as fits into so many pixels
+//   at OUT FILE PAGE DPI             so many pixels to an inch
 //
 // The page is counted from 1. OUT.png is a PNG file, anything else a PPM file.
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
@@ -63,6 +65,30 @@ poppler::image Draw(const poppler::page &page, double dpi) {
   return renderer.render_page(&page, dpi, dpi);
 }
 
+// Libraries and fonts are looked for when the first page is drawn that has text.
+void DrawSomeText() {
+  static constexpr char kText[] =
+      "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
+      "2 0 obj<</Type/Pages/Kids[3 0 R]/Count 1>>endobj\n"
+      "3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 9 9]/Contents 4 0 R"
+      "/Resources<</Font<</F<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>>>>>endobj\n"
+      "4 0 obj<</Length 20>>stream\nBT/F 9 Tf(1)Tj ET   \nendstream endobj\n"
+      "trailer<</Root 1 0 R/Size 5>>\n";
+  const std::unique_ptr<poppler::document> document(
+      poppler::document::load_from_raw_data(kText, sizeof kText - 1));
+  const std::unique_ptr<poppler::page> page(document ? document->create_page(0) : nullptr);
+  if (page) Draw(*page, kPointsPerInch);
+}
+
+// Empty: whoever started this program has ended.
+std::vector<std::string> Request() {
+  std::vector<std::string> words;
+  for (std::string word; std::getline(std::cin, word, '\0'); words.push_back(word)) {
+    if (word.empty()) return words;
+  }
+  return {};
+}
+
 int Run(const std::vector<std::string> &arguments) {
   constexpr size_t kFixed = 4;
   const bool fits = arguments.size() == kFixed + 2 && arguments[0] == "fit";
@@ -70,7 +96,6 @@ int Run(const std::vector<std::string> &arguments) {
   if (!fits && !is_at) return kWrongArguments;
   const std::string &out = arguments[1], &path = arguments[2];
   const int number = std::atoi(arguments[3].c_str());
-  poppler::set_debug_error_function(IgnoreMessage, nullptr);
   const std::unique_ptr<poppler::document> document(poppler::document::load_from_file(path));
   if (!document) return kDamaged;
   if (document->is_locked()) return kNeedsPassword;
@@ -90,8 +115,10 @@ int Run(const std::vector<std::string> &arguments) {
 
 }  // namespace
 
-int main(int argc, char **argv) {
+int main() {
   LimitMemory();
+  poppler::set_debug_error_function(IgnoreMessage, nullptr);
+  DrawSomeText();
   // The libraries' own ends take their time.
-  std::_Exit(Run({argv + 1, argv + argc}));
+  std::_Exit(Run(Request()));
 }
