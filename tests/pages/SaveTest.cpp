@@ -49,17 +49,27 @@ Picture AsPicture(const fs::path &png) {
 
 }  // namespace
 
-TEST_F(Save, KeepsWhatWouldBePrinted) {
+class SavedLike : public Save, public testing::WithParamInterface<Arguments> {};
+
+TEST_P(SavedLike, ThePagesThatThePrinterGets) {
   const std::string document = File("three.pdf", PlainPdf(3));
-  const Arguments job = Arguments{"-d", "Pdf", "--set", "number-up=2"} + kFrom25;
-  const RunResult result = Pages(job + Arguments{document});
+  const Arguments options = kFrom25 + GetParam();
+  const RunResult result = Pages(Arguments{"-d", "Pdf"} + options + Arguments{document});
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_EQ(result.out, Out().string() + '\n');
-  const Printed printed = Print("Pdf", Arguments{"--set", "number-up=2"} + kFrom25, {document});
-  EXPECT_EQ(PicturesOf({Content(Out())}), PicturesOf({printed.out}));
+  const Printed printed = Print("Pdf", options, {document});
+  EXPECT_EQ(PicturesOf({Content(Out())}, 72), PicturesOf({printed.out}, 72));
   EXPECT_EQ(TextOfPdf(Content(Out())), printed.text);
-  EXPECT_THAT(printed.text, HasSubstr("26"));
+  EXPECT_THAT(printed.text, HasSubstr("25"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Options, SavedLike,
+                         testing::Values(Arguments{}, Arguments{"--set", "number-up=2"},
+                                         Arguments{"--set", "page-ranges=2-3"},
+                                         Arguments{"--set", "outputorder=reverse"},
+                                         Arguments{"--set", "orientation-requested=4"},
+                                         Arguments{"--set", "VQBNPlacement=Over"},
+                                         Arguments{"--set", "VQBNPlacement=Behind"}));
 
 // The printer's own language around the document is for the printer.
 TEST_F(Save, KeepsTheDocumentAlone) {
