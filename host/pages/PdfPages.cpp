@@ -25,6 +25,9 @@ Expected<void> Answer(const fs::path &helper, const ChildEnd &end) {
   const int status = end.kind == ChildEnd::Kind::kExited ? end.number : kDamaged;
   if (status == kPdfDone) return {};
   if (status == kNeedsPassword) return Failure{Localized("the document needs a password")};
+  if (status == kForbidsPrinting) {
+    return Failure{Localized("the document does not allow printing")};
+  }
   if (status == kTooLarge) return Failure{Localized("the page is too large to be drawn")};
   return Failure{Localized("the document is damaged")};
 }

@@ -1,5 +1,6 @@
 // What this program's helpers do with PDF files, in processes of their own: they may be anything.
-// Each failure: the document needs a password, is damaged, or takes too long or too much room.
+// Each failure: the document needs a password, is damaged, or takes too long or too much room; of
+// CountPages also that it does not allow printing.
 
 #ifndef HOST_PAGES_PDFPAGES_H
 #define HOST_PAGES_PDFPAGES_H

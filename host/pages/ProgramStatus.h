@@ -8,7 +8,8 @@ enum PdfStatus {
   kDamaged = 1,
   kWrongArguments = 2,
   kNeedsPassword = 3,
-  kTooLarge = 4  // a page, to be drawn
+  kTooLarge = 4,  // a page, to be drawn
+  kForbidsPrinting = 5
 };
 
 #endif

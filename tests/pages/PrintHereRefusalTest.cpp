@@ -90,6 +90,14 @@ TEST_F(PrintHereRefusal, OfADocumentThatNeedsAPassword) {
   EXPECT_EQ(Refusal(file), "pdeprint: cannot print " + file + ": the document needs a password\n");
 }
 
+TEST_F(PrintHereRefusal, OfADocumentWhoseOwnerForbidsIt) {
+  const std::string pdf =
+      ChangedByQpdf(PlainPdf(1), {"--encrypt", "", "owner", "256", "--print=none"});
+  const std::string file = File("forbidden.pdf", pdf);
+  EXPECT_EQ(Refusal(file),
+            "pdeprint: cannot print " + file + ": the document does not allow printing\n");
+}
+
 TEST_F(PrintHereRefusal, OfADamagedDocument) {
   const std::string file = File("broken.pdf", "%PDF-1.7\nrubbish\n");
   EXPECT_EQ(Refusal(file), "pdeprint: cannot print " + file + ": the document is damaged\n");

@@ -1,7 +1,7 @@
 // The helper of pdeprint for PDF files: counts their pages, makes documents of them. It is a
 // program of its own since documents may be anything.
 //
-//   pdeprint-pages count FILE               prints the number of its pages
+//   pdeprint-pages count FILE               prints the number of its pages, if they may be printed
 //   pdeprint-pages join OUT FILE...         makes OUT of them and prints the number of its pages
 //   pdeprint-pages document OUT FILE        makes OUT of what is no line in a printer's language
 //   pdeprint-pages single OUT FILE NUMBER   makes OUT of one page, counted from 1, behind as many
@@ -53,10 +53,13 @@ void Open(QPDF &pdf, const std::string &path, const std::string &document) {
   pdf.processMemoryFile(path.c_str(), document.data(), document.size());
 }
 
+struct ForbidsPrinting : std::exception {};
+
 size_t Count(const std::string &path) {
   const Wrapped file(path);
   QPDF pdf;
   Open(pdf, path, file.document);
+  if (!pdf.allowPrintLowRes()) throw ForbidsPrinting();
   return pdf.getAllPages().size();
 }
 
@@ -135,6 +138,8 @@ int Run(const std::list<std::string> &arguments) {
 int main(int argc, char **argv) {
   try {
     return Run({argv + 1, argv + argc});
+  } catch (const ForbidsPrinting &) {
+    return kForbidsPrinting;
   } catch (const QPDFExc &error) {
     std::cerr << error.what() << '\n';
     return error.getErrorCode() == qpdf_e_password ? kNeedsPassword : kDamaged;
