@@ -24,7 +24,7 @@ class PageDrawerTest : public testing::Test {
         folder_.Write("page.pdf", RawPdf({{.content = "", .entries = "/MediaBox [0 0 90 90]"}}));
     const auto out = folder_.path() / "page.ppm";
     return drawer_.Draw({.room = {}, .dpi = 72}, pdf, 1, out, cancel_) &&
-           std::filesystem::file_size(out) > size_t{90 * 90 * 3};
+           std::filesystem::file_size(out) > size_t{90} * 90 * 3;
   }
   // The process that waits for the program begins before it.
   void AwaitBegun() {

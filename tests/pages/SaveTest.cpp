@@ -107,8 +107,8 @@ TEST_F(Save, DrawsAPictureOfEachPage) {
   EXPECT_THAT(Made(), testing::Contains("page-01.png"));
   EXPECT_EQ(std::ranges::count(result.out, '\n'), 11);
   const Picture page = AsPicture(Out("page-11.png"));
-  EXPECT_NEAR(page.width(), 595 / 2, 1);
-  EXPECT_NEAR(page.height(), 842 / 2, 1);
+  EXPECT_NEAR(page.width(), 595 / 2., 1);
+  EXPECT_NEAR(page.height(), 842 / 2., 1);
 }
 
 TEST_F(Save, ReplacesNothingUnasked) {
@@ -181,8 +181,8 @@ TEST_F(Save, LeavesNoProgramBehindWhenItIsKilled) {
     return programs;
   };
   RunOptions options = Options({{"TMPDIR", folder.path().string()}});
-  const RunningProgram save({BINARY_DIRECTORY "/pdeprint", "save", "--plugin",
-                             BINARY_DIRECTORY "/BackgroundNumbering.plugin", "-d", "Pdf", "-o",
+  const RunningProgram save({(BINARY_DIRECTORY "/pdeprint"), "save", "--plugin",
+                             (BINARY_DIRECTORY "/BackgroundNumbering.plugin"), "-d", "Pdf", "-o",
                              folder_.path() / "a.pdf", File("loop.ps", "%!PS\n{ } loop\n")},
                             options);
   EXPECT_TRUE(Becomes([&] { return count() > 3; }));

@@ -98,7 +98,7 @@ TEST_F(PageStoreTest, FitsThePageIntoTheRoom) {
   const Expected<PagePicture> picture = Ask(Job(Pages(1)), 1);
   ASSERT_TRUE(picture) << picture.message();
   EXPECT_EQ(picture->size.height, 300);
-  EXPECT_NEAR(picture->size.width, 300 * 595 / 842, 1);
+  EXPECT_NEAR(picture->size.width, 300 * 595 / 842., 1);
   EXPECT_GT(InkOf(*picture), 0.005);
 }
 
@@ -203,8 +203,8 @@ TEST_F(PageStoreTest, SurvivesHostileDocuments) {
       {"itself.pdf",
        PdfOfObjects(
            {"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
-            "<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</XObject "
-            "<</X 5 0 R>>>>>>",
+            ("<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</XObject "
+             "<</X 5 0 R>>>>>>"),
             PdfStream("/X Do"),
             PdfStream("/X Do /X Do",
                       "/Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject "
