@@ -39,8 +39,7 @@ std::vector<std::string> JobDocuments::Names() const {
 }
 
 std::vector<Failure> JobDocuments::Add(const Files &files) {
-  if (empty()) return {{Localized("the settings alone are chosen here; no documents are printed")}};
-  if (is_fixed_) return {{Localized("the job is on its way; no documents can be added")}};
+  if (!CanAdd()) return {{Localized("no documents can be added now")}};
   std::vector<Failure> failures;
   const size_t before = files_.size();
   for (const fs::path &file : files) {

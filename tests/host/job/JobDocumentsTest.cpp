@@ -85,8 +85,7 @@ TEST_F(JobDocuments, OfAJobOnItsWayStayAsTheyAre) {
   EXPECT_FALSE(documents_.CanRemove());
   EXPECT_FALSE(documents_.CanMoveUp(1));
   EXPECT_FALSE(documents_.CanMoveDown(1));
-  EXPECT_THAT(MessagesOf(documents_.Add({a_})),
-              ElementsAre("the job is on its way; no documents can be added"));
+  EXPECT_THAT(MessagesOf(documents_.Add({a_})), ElementsAre("no documents can be added now"));
   documents_.Remove(0);
   documents_.MoveUp(1);
   EXPECT_THAT(documents_.files(), ElementsAre(a_, b_, c_));
@@ -106,9 +105,8 @@ TEST_F(JobDocuments, OfTheSameNameHaveTheirFolders) {
   const fs::path other = File("old/a.ps");
   EXPECT_THAT(documents_.Names(), ElementsAre("a.ps", "b.ps", "c.ps"));
   (void)documents_.Add({other, b_});
-  EXPECT_THAT(documents_.Names(),
-              ElementsAre("a.ps — " + folder_.path().string(), "b.ps", "c.ps",
-                          "a.ps — " + other.parent_path().string(), "b.ps"))
+  EXPECT_THAT(documents_.Names(), ElementsAre("a.ps — " + folder_.path().string(), "b.ps", "c.ps",
+                                              "a.ps — " + other.parent_path().string(), "b.ps"))
       << "one that is printed twice is no other one";
 }
 
