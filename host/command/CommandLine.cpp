@@ -249,6 +249,10 @@ int RunCommandLine(int argc, char **argv) {
       throw CLI::ValidationError("--ppd",
                                  "files are printed on a queue (-d); --ppd alone prints nothing");
     }
+    if (save->parsed() && save_options.output == "-") {
+      throw CLI::ValidationError("--output",
+                                 "the pages become files, never standard output; name a file");
+    }
     if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
       throw CLI::RequiredError("PPD or --queue");
     }

@@ -7,9 +7,12 @@ namespace {
 const CGFloat kDistance = 3;  // of the ring's outer edge from the control
 const CGFloat kWidth = 2;
 
-NSControl *FocusedControl(NSWindow *window) {
+// Of a list, what it scrolls in.
+NSView *FocusedControl(NSWindow *window) {
   NSView *focus = FocusedView(window);
-  return [focus isKindOfClass:[NSControl class]] ? (NSControl *)focus : nil;
+  if (![focus isKindOfClass:[NSControl class]]) return nil;
+  NSScrollView *scroll = [focus enclosingScrollView];
+  return [scroll documentView] == focus ? scroll : focus;
 }
 
 }  // namespace
@@ -17,7 +20,7 @@ NSControl *FocusedControl(NSWindow *window) {
 @implementation FocusRing
 
 - (void)followFocusOfWindow:(NSWindow *)window {
-  NSControl *control = FocusedControl(window);
+  NSView *control = FocusedControl(window);
   NSView *superview = [control superview];
   if (superview == nil) {
     [self removeFromSuperview];

@@ -5,7 +5,6 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -24,6 +23,7 @@
 #include "host/dialog/PresetChooser.h"
 #import "host/dialog/PrintDialogView.h"
 #include "host/dialog/SummarySection.h"
+#include "host/job/JobDocuments.h"
 #include "host/presets/PresetStore.h"
 #include "host/session/JobSession.h"
 
@@ -32,16 +32,16 @@
 class JobEditor {
  public:
   struct Callbacks {
-    std::function<void()> panel_shown;  // another one than before
-    std::function<void()> changed;      // other settings, not by the user's own hand
+    std::function<void()> panel_shown;      // another one than before
+    std::function<void()> changed;          // other settings, not by the user's own hand
+    std::function<void()> wants_documents;  // the user does: others besides
     // The settings could not be made to fit, and have gone with the printer.
     std::function<void(const std::string &reason)> printer_lost;
   };
 
-  // What it refers to must outlive the object. The document is the job's title; empty: nothing is
-  // printed.
+  // What it refers to must outlive the object. No documents: nothing is printed.
   JobEditor(PrintDialogView *view, JobSession &session, Notices &notices, PresetStore presets,
-            std::string document, Callbacks callbacks);
+            JobDocuments &documents, Callbacks callbacks);
 
   // Shows a job without printer. The settings wait for one; the preset is the one that they are
   // from.
@@ -57,7 +57,10 @@ class JobEditor {
   // The pages that would be printed if all that was typed and chosen were in the job's settings,
   // which stay as they are. The failure: there is no printer, or the panel or a field has something
   // that cannot be printed.
-  Expected<PagesRequest> PagesAsTheyStand(const std::vector<std::filesystem::path> &files);
+  Expected<PagesRequest> PagesAsTheyStand();
+
+  // The documents are others than before.
+  void ShowDocuments() { panels_.ShowDocuments(); }
 
   // Has all that was typed and chosen in the job's settings; whether it can be printed so.
   bool IsReadyToPrint();
@@ -85,7 +88,7 @@ class JobEditor {
   Callbacks callbacks_;
   JobSession &session_;
   Notices &notices_;
-  const std::string document_;
+  JobDocuments &documents_;
   std::string printer_;
   bool has_printer_ = false;
   PrintSettings for_printer_;  // settings that wait for it; null: none do

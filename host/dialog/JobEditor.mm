@@ -4,6 +4,7 @@
 
 #include "host/base/Localized.h"
 #include "host/cups/QueueList.h"
+#include "host/dialog/DocumentsPanel.h"
 #import "host/dialog/Focus.h"
 #include "host/dialog/JobSummary.h"
 #import "host/dialog/Prompt.h"
@@ -11,12 +12,12 @@
 #include "host/dialog/SummaryPanel.h"
 
 JobEditor::JobEditor(PrintDialogView *view, JobSession &session, Notices &notices,
-                     PresetStore presets, std::string document, Callbacks callbacks)
+                     PresetStore presets, JobDocuments &documents, Callbacks callbacks)
     : view_(Retained<PrintDialogView *>::Share(view)),
       callbacks_(std::move(callbacks)),
       session_(session),
       notices_(notices),
-      document_(std::move(document)),
+      documents_(documents),
       conflicts_({.ask = Ask, .tell = Tell}),
       fields_(view, session),
       panels_(view, session, OwnPanels(), CallbacksOfPanels()),
@@ -35,6 +36,10 @@ std::vector<std::unique_ptr<OwnPanel>> JobEditor::OwnPanels() {
       .refused = [this](const std::string &message) { notices_.AddNote(message); }};
   for (JobPanel &panel : JobPanels()) {
     panels.push_back(std::make_unique<RowsPanel>(std::move(panel), session_, callbacks));
+  }
+  if (!documents_.empty()) {
+    panels.push_back(std::make_unique<DocumentsPanel>(
+        documents_, [this] { AfterThisEvent([this] { callbacks_.wants_documents(); }); }));
   }
   panels.push_back(std::make_unique<SummaryPanel>(session_, [this] { return Summary(); }));
   return panels;
@@ -141,7 +146,7 @@ Expected<void> JobEditor::TakeChoices() {
 SummarySection JobEditor::Summary() {
   (void)fields_.Take();
   Expected<SummarySection> section = SummaryOfJob({.printer = printer_,
-                                                   .document = document_,
+                                                   .document = documents_.Title(),
                                                    .copies = fields_.copies(),
                                                    .pages = fields_.pages()},
                                                   session_);
@@ -150,13 +155,12 @@ SummarySection JobEditor::Summary() {
   return {};
 }
 
-Expected<PagesRequest> JobEditor::PagesAsTheyStand(
-    const std::vector<std::filesystem::path> &files) {
+Expected<PagesRequest> JobEditor::PagesAsTheyStand() {
   if (!has_printer_) return Failure{Localized("there is no printer yet")};
   Expected<PagesRequest> pages = Failure{};
   const auto look = [&] {
     Expected<void> saved = panels_.Save();
-    pages = saved ? session_.PagesFor(files) : saved.failure();
+    pages = saved ? session_.PagesFor(documents_.files()) : saved.failure();
   };
   if (auto done = session_.PutBackAfter(look); !done) return done.failure();
   if (pages) fields_.AddTo(pages->options);

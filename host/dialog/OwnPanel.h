@@ -25,6 +25,8 @@ class OwnPanel {
   virtual Expected<void> Save() { return {}; }
   // Whether View() asks the extensions' panels, which may then show a fault.
   virtual bool AsksExtensions() const { return false; }
+  // Whether View() has something about the documents of the job.
+  virtual bool ShowsDocuments() const { return false; }
 };
 
 #endif

@@ -41,6 +41,8 @@ class PanelChooser {
   Expected<void> Save();
   // The settings were changed behind the shown panel's back.
   void Restore();
+  // The documents are others.
+  void ShowDocuments();
   // Whether the dialog's own help is wanted; the panel may have shown its own.
   bool WantsHelp();
 

@@ -141,6 +141,12 @@ void PanelChooser::Restore() {
   if (DropFaulty()) Show("");
 }
 
+void PanelChooser::ShowDocuments() {
+  if (shown_ != nullptr) return;
+  const auto own = FindPanel(own_panels_, kind_);
+  if (own != own_panels_.end() && (*own)->ShowsDocuments()) ShowOwn(**own);
+}
+
 bool PanelChooser::WantsHelp() {
   if (shown_ == nullptr) return true;
   const bool wanted = shown_->ShouldShowHelp();

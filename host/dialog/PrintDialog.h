@@ -15,6 +15,7 @@
 #include "host/cups/Queue.h"
 #include "host/dialog/ActionTarget.h"
 #import "host/dialog/DialogWindow.h"
+#include "host/dialog/FileDrops.h"
 #include "host/dialog/JobDelivery.h"
 #include "host/dialog/JobEditor.h"
 #include "host/dialog/Notices.h"
@@ -26,6 +27,7 @@
 #import "host/dialog/WaitingView.h"
 #include "host/dialog/WindowFitter.h"
 #include "host/extension/Extensions.h"
+#include "host/job/JobDocuments.h"
 #include "host/presets/PresetStore.h"
 #include "host/session/JobSession.h"
 
@@ -82,6 +84,11 @@ class PrintDialog {
   void Cancel();
   void End(DialogEnd end);
 
+  void AskForDocuments();
+  void AddDropped(const ListedFiles &files);
+  void AddDocuments(const std::vector<std::filesystem::path> &files);
+  void ShowDocuments();
+
   void SaveAsFile();
   void OpenPreview();
   void SetShowsPreview(bool shows);
@@ -90,7 +97,8 @@ class PrintDialog {
   void ShowHelp();
   void FitWindow();
 
-  PrintDialogJob job_;
+  PrintDialogJob job_;  // but for its files
+  JobDocuments documents_;
   JobSession session_;
   Retained<PrintDialogView *> view_;
   Retained<DialogWindow *> window_;
@@ -103,6 +111,7 @@ class PrintDialog {
   JobEditor editor_;
   JobDelivery delivery_;
   std::unique_ptr<Preview> preview_;  // null: there is nothing to print
+  std::unique_ptr<FileDrops> drops_;  // likewise, and until the window is there
 
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;

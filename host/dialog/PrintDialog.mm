@@ -5,11 +5,13 @@
 #include "host/base/Interruption.h"
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
+#include "host/dialog/ChosenDocuments.h"
 #import "host/dialog/Controls.h"
 #import "host/dialog/Prompt.h"
 #include "host/dialog/RememberedPreview.h"
 #include "host/dialog/SavePlace.h"
-#include "host/job/JobFiles.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -20,10 +22,13 @@ Retained<PrintDialogView *> NewView() {
       [[PrintDialogView alloc] initWithFrame:NSMakeRect(0, 0, 560, 480)]);
 }
 
-Retained<DialogWindow *> NewWindow(const PrintDialogJob &job, NSView *view) {
-  const std::string title = job.files.empty() ? Localized("Print Settings")
-                                              : Localized("Print — %1", {TitleOfJob(job.files)});
-  return Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:String(title)
+NSString *TitleFor(const JobDocuments &documents) {
+  return String(documents.empty() ? Localized("Print Settings")
+                                  : Localized("Print — %1", {documents.Title()}));
+}
+
+Retained<DialogWindow *> NewWindow(const JobDocuments &documents, NSView *view) {
+  return Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:TitleFor(documents)
                                                                         view:view
                                                                    resizable:YES]);
 }
@@ -36,9 +41,10 @@ Retained<WaitingView *> NewWaitingView() {
 
 PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore presets)
     : job_(std::move(job)),
+      documents_(std::exchange(job_.files, {})),
       session_(extensions),
       view_(NewView()),
-      window_(NewWindow(job_, view_.get())),
+      window_(NewWindow(documents_, view_.get())),
       fitter_(window_.get(), view_.get()),
       waiting_(NewWaitingView()),
       notices_(extensions,
@@ -49,12 +55,12 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       printers_(
           [view_.get() printers], PrintServer(job_.limit, passwords_.passwords()), passwords_,
           job_.queue,
-          job_.files.empty() ? PrinterChooser::FileOffer::kNone : PrinterChooser::FileOffer::kPdf,
+          documents_.empty() ? PrinterChooser::FileOffer::kNone : PrinterChooser::FileOffer::kPdf,
           CallbacksOfPrinters()),
-      editor_(view_.get(), session_, notices_, std::move(presets), TitleOfJob(job_.files),
-              CallbacksOfEditor()),
+      editor_(view_.get(), session_, notices_, std::move(presets), documents_, CallbacksOfEditor()),
       delivery_(view_.get(), PrintServer(job_.limit, passwords_.passwords()), passwords_,
                 job_.waits, CallbacksOfDelivery()) {
+  documents_.SetChanged([this] { ShowDocuments(); });
   TieControls();
   SetPhase(Phase::kNoPrinter);
   editor_.Open(std::move(job_.settings), job_.preset.empty() ? kDefaultSettings : job_.preset);
@@ -83,6 +89,7 @@ JobEditor::Callbacks PrintDialog::CallbacksOfEditor() {
                 LookAgain();
               },
           .changed = [this] { LookAgain(); },
+          .wants_documents = [this] { AskForDocuments(); },
           .printer_lost =
               [this](const std::string &reason) {
                 SetPhase(Phase::kNoPrinter);
@@ -107,14 +114,14 @@ void PrintDialog::TieControls() {
   actions_.Tie([view cancel], [this] { Cancel(); });
   actions_.Tie([view print], [this] { Accept(); });
   actions_.TieClosing(window_.get(), [this] { Cancel(); });
-  if (job_.files.empty()) [[view print] setTitle:String(Localized("Done"))];
+  if (documents_.empty()) [[view print] setTitle:String(Localized("Done"))];
 }
 
 void PrintDialog::OpenPreview() {
-  if (job_.files.empty()) return;
+  if (documents_.empty()) return;
   PrintDialogView *view = view_.get();
-  preview_ = std::make_unique<Preview>([view addPreview],
-                                       [this] { return editor_.PagesAsTheyStand(job_.files); });
+  preview_ =
+      std::make_unique<Preview>([view addPreview], [this] { return editor_.PagesAsTheyStand(); });
   [view setShowsPreview:YES];
   const bool has_room = fitter_.HasRoom();
   [[view fold] setEnabled:has_room];
@@ -154,6 +161,11 @@ void PrintDialog::Open() {
   FitWindow();
   [window_.get() center];
   [window_.get() makeKeyAndOrderFront:nil];
+  if (documents_.empty()) return;
+  drops_ = std::make_unique<FileDrops>(
+      window_.get(),
+      FileDrops::Callbacks{.takes = [this] { return !end_ && documents_.CanAdd(); },
+                           .dropped = [this](const ListedFiles &files) { AddDropped(files); }});
 }
 
 DialogEnd PrintDialog::Run() {
@@ -202,7 +214,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   const std::string description =
       is_file ? Localized("The pages become a file; nothing is printed") : DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
-  if (!job_.files.empty()) {
+  if (!documents_.empty()) {
     [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : Localized("Print"))];
   }
   SetPhase(Phase::kReady);
@@ -211,18 +223,38 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
 
 void PrintDialog::Accept() {
   if (phase_ != Phase::kReady || !editor_.IsReadyToPrint()) return;
-  if (job_.files.empty()) return End(DialogEnd::kAccepted);
+  if (documents_.empty()) return End(DialogEnd::kAccepted);
   if (queue_.name.empty()) return SaveAsFile();
-  Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files);
+  Expected<JobRequest> request = session_.RequestFor(queue_.name, documents_.files());
   if (!request) return notices_.AddNote(request.message());
   SetPhase(Phase::kSending);
   delivery_.Begin(std::move(*request), session_.here());
 }
 
+void PrintDialog::AskForDocuments() { AddDocuments(ChosenDocuments(documents_.files().back())); }
+
+void PrintDialog::AddDropped(const ListedFiles &files) {
+  for (const std::string &other : files.others) {
+    notices_.AddNote(
+        Localized("cannot print %1: %2", {other, Localized("not a file of this computer")}));
+  }
+  AddDocuments(files.files);
+}
+
+void PrintDialog::AddDocuments(const std::vector<fs::path> &files) {
+  for (const Failure &failure : documents_.Add(files)) notices_.AddNote(failure.message);
+}
+
+void PrintDialog::ShowDocuments() {
+  [window_.get() setTitle:TitleFor(documents_)];
+  editor_.ShowDocuments();
+  LookAgain();
+}
+
 void PrintDialog::SaveAsFile() {
-  Expected<PagesRequest> pages = session_.PagesFor(job_.files);
+  Expected<PagesRequest> pages = session_.PagesFor(documents_.files());
   if (!pages) return notices_.AddNote(pages.message());
-  const std::optional<SavePlace> place = AskForPlace(job_.files.front());
+  const std::optional<SavePlace> place = AskForPlace(documents_.files().front());
   if (!place) return;
   SetPhase(Phase::kSending);
   delivery_.Save({.pages = std::move(*pages),
@@ -253,6 +285,7 @@ void PrintDialog::Cancel() {
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
   passwords_.Close();
+  drops_.reset();
   [window_.get() setAfterEvents:nullptr];
   if (preview_ != nullptr) preview_->SetShown(false);
   const bool canceled = end == DialogEnd::kCanceled;
@@ -265,6 +298,7 @@ void PrintDialog::SetPhase(Phase phase) {
   PrintDialogView *view = view_.get();
   const BOOL ready = phase == Phase::kReady;
   const BOOL busy = phase == Phase::kSending || phase == Phase::kWaitingForEnd;
+  documents_.SetFixed(busy);
   [[view print] setEnabled:ready];
   [[view panels] setEnabled:ready];
   for (NSControl *control in
@@ -282,9 +316,18 @@ void PrintDialog::SetPhase(Phase phase) {
 
 void PrintDialog::ShowHelp() {
   if (!editor_.WantsHelp()) return;
-  Tell(Localized("Choose a printer and what is printed above, and how it is printed on the "
-                 "panels below. Presets keep all of these settings.\n\nReturn prints, Escape "
-                 "cancels; Tab goes from control to control."));
+  std::string help = Localized(
+      "Choose a printer and what is printed above, and how it is printed on the panels below. "
+      "Presets keep all of these settings.\n\nReturn prints, Escape cancels; Tab goes from control "
+      "to control.");
+  if (!documents_.empty()) {
+    help += "\n\n" +
+            Localized(
+                "%1: which files are printed, and in which order.\n%2: the pages as they will come "
+                "out.\n%3: a file in place of paper.",
+                {Localized("Documents"), Localized("Show Preview"), Localized("Save as PDF…")});
+  }
+  Tell(help);
 }
 
 void PrintDialog::FitWindow() { fitter_.Fit(editor_.PanelSize()); }

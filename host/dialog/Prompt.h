@@ -14,6 +14,8 @@
 /// Shows a message; Return presses the named button, Escape or the window's close button the other
 /// one. Whether the named button was pressed.
 bool Ask(const std::string &message, const std::string &yes, const std::string &no);
+/// Likewise before something is lost: Return, too, presses the other button.
+bool AskBeforeLoss(const std::string &message, const std::string &yes, const std::string &no);
 
 /// Shows a message that asks nothing.
 void Tell(const std::string &message);

@@ -101,6 +101,12 @@ enum { kNo, kYes };
   [self layOut];
 }
 
+- (void)setReturnAnswersNo {
+  [_yes setKeyEquivalent:@""];
+  [_no setKeyEquivalent:@"\r"];
+  [_window setInitialFirstResponder:_no];
+}
+
 - (NSString *)text {
   [_window makeFirstResponder:nil];
   return [_box stringValue];
@@ -148,6 +154,14 @@ Retained<Prompt *> MakePrompt(NSString *message, NSString *text, NSString *yes, 
 
 bool Ask(const std::string &message, const std::string &yes, const std::string &no) {
   Retained<Prompt *> prompt = MakePrompt(String(message), nil, String(yes), String(no));
+  const bool answer = [prompt.get() run];
+  [prompt.get() close];
+  return answer;
+}
+
+bool AskBeforeLoss(const std::string &message, const std::string &yes, const std::string &no) {
+  Retained<Prompt *> prompt = MakePrompt(String(message), nil, String(yes), String(no));
+  [prompt.get() setReturnAnswersNo];
   const bool answer = [prompt.get() run];
   [prompt.get() close];
   return answer;

@@ -48,8 +48,8 @@ std::optional<SavePlace> AskForPlace(const fs::path &document) {
     const fs::path path = PathFrom(*typed);
     std::error_code error;
     if (!fs::exists(path, error)) return SavePlace{path, Existing::kKept};
-    if (Ask(Localized("%1 is there already. Replace it?", {path.string()}), Localized("Replace"),
-            Localized("Cancel"))) {
+    if (AskBeforeLoss(Localized("%1 is there already. Replace it?", {path.string()}),
+                      Localized("Replace"), Localized("Cancel"))) {
       return SavePlace{path, Existing::kReplaced};
     }
     text = *typed;

@@ -19,6 +19,7 @@ class SummaryPanel : public OwnPanel {
   std::string title() const override;
   NSView *View() override;
   bool AsksExtensions() const override { return true; }
+  bool ShowsDocuments() const override { return true; }
 
  private:
   JobSession &session_;

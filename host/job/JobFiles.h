@@ -9,8 +9,9 @@
 
 #include "host/base/Expected.h"
 
-// That these files can be printed. The failure: the first one that is not there, no file, or not
-// readable.
+// That the file can be printed. The failure: it is not there, no file, empty, or not readable.
+Expected<void> CheckFile(const std::filesystem::path &file);
+// That all of these can. The failure: that of the first one that cannot.
 Expected<void> CheckFiles(const std::vector<std::filesystem::path> &files);
 
 // The name of a job that prints them, in UTF-8; empty for no files.

@@ -9,7 +9,8 @@ namespace {
 NSArray *DialogClasses() {
   return @[
     @"DialogWindow", @"FocusRing", @"PrintDialogView", @"PanelArea", @"WaitingView", @"Spinner",
-    @"RowsView", @"SummaryView", @"ActionTarget", @"FlippedView", @"HostCallback"
+    @"RowsView", @"SummaryView", @"DocumentsView", @"DocumentsTable", @"DescriptorWatcher",
+    @"ActionTarget", @"FlippedView", @"HostCallback"
   ];
 }
 
@@ -27,6 +28,7 @@ void WorkADialog() {
     DialogOnScreen screen;
     screen.AwaitReady();
     screen.ShowPanel(@"Layout");
+    screen.ShowPanel(@"Documents");
     screen.ShowPanel(@"Summary");
     screen.Choose([screen.view() printers], @"Mono");
     screen.AwaitReady();

@@ -23,7 +23,8 @@ struct DialogOptions {
   std::map<std::string, std::string> last_used = {};  // empty: nothing was printed yet
   bool waits = false;
   bool has_file = true;
-  std::filesystem::path document = {};  // empty: one page of PostScript
+  std::filesystem::path document = {};                     // empty: one page of PostScript
+  std::vector<std::filesystem::path> more_documents = {};  // behind it
   bool preview = false;
   std::chrono::milliseconds limit{5000};
 };

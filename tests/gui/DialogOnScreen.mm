@@ -76,6 +76,7 @@ DialogOnScreen::DialogOnScreen(const DialogOptions &options) : extensions_(Load(
   variables_.emplace_back("XDG_CONFIG_HOME", folder_.path() / "config");
   if (options.has_file) {
     job.files = {options.document.empty() ? folder_.Write("page.ps", kPage) : options.document};
+    job.files.insert(job.files.end(), options.more_documents.begin(), options.more_documents.end());
   }
   job.shows_preview = options.preview;
   job.waits = options.waits;

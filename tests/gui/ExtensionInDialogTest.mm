@@ -125,8 +125,9 @@ OBJC_TEST(ExtensionInDialog, ABundleThatAnswersNonsenseIsLeftOutAndTheQueueStill
   DialogOnScreen screen(WithTwoPanels());
   screen.AwaitReady();
   screen.AwaitText("Two Panels is left out: ");
-  EXPECT_EQUAL_OBJECTS((@[ @"Layout", @"Paper", @"Pages", @"Job", @"Printer Options", @"Summary" ]),
-                       [[screen.view() panels] itemTitles]);
+  EXPECT_EQUAL_OBJECTS(
+      (@[ @"Layout", @"Paper", @"Pages", @"Job", @"Printer Options", @"Documents", @"Summary" ]),
+      [[screen.view() panels] itemTitles]);
   PressKeys({"Return"});
   screen.AwaitEnd();
   EXPECT_GT(screen.dialog().job_number(), 0);

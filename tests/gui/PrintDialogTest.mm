@@ -27,7 +27,9 @@ OBJC_TEST(PrintDialog, ShowsTheDefaultQueueAndWhatPeopleKnowItBy) {
   EXPECT_EQUAL_OBJECTS(@"Color printer — 2nd floor, by the lift",
                        [[screen.view() printerInfo] stringValue]);
   EXPECT_EQUAL_OBJECTS(
-      (@[ @"Background Numbering", @"Layout", @"Paper", @"Pages", @"Job", @"Summary" ]),
+      (@[
+        @"Background Numbering", @"Layout", @"Paper", @"Pages", @"Job", @"Documents", @"Summary"
+      ]),
       [[screen.view() panels] itemTitles]);
   KeepPicture(screen.view(), "dialog");
 }
@@ -114,7 +116,7 @@ OBJC_TEST(PrintDialog, AQueueWithoutPanelsDoesNotChangeWhichPanelIsShownOnOthers
   screen.AwaitReady();
   screen.Choose([screen.view() printers], @"Raw");
   screen.AwaitReady();
-  EXPECT_EQUAL_OBJECTS((@[ @"Job", @"Summary" ]), [[screen.view() panels] itemTitles])
+  EXPECT_EQUAL_OBJECTS((@[ @"Job", @"Documents", @"Summary" ]), [[screen.view() panels] itemTitles])
       << "nobody knows how it lays out pages";
   screen.Choose([screen.view() printers], @"Color");
   screen.AwaitReady();
@@ -125,7 +127,8 @@ OBJC_TEST(PrintDialog, AQueueWithoutPrinterDescriptionPrintsAndSaysWhyThereIsNoP
   DialogOnScreen screen({.queue = "Raw"});
   screen.AwaitReady();
   screen.AwaitText("No extension panel: the queue has no PPD file");
-  EXPECT_EQUAL_OBJECTS((@[ @"Job", @"Summary" ]), [[screen.view() panels] itemTitles]);
+  EXPECT_EQUAL_OBJECTS((@[ @"Job", @"Documents", @"Summary" ]),
+                       [[screen.view() panels] itemTitles]);
   KeepPicture(screen.view(), "without-ppd");
   PressKeys({"Return"});
   screen.AwaitEnd();

@@ -196,3 +196,10 @@ TEST_F(Save, SaysWhereItCannotWrite) {
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.err, HasSubstr("none/a.pdf"));
 }
+
+// It would be a file of that name.
+TEST_F(Save, WritesNoStandardOutput) {
+  const RunResult result = Run({"save", "-o", "-", "-d", "Pdf", File("a.pdf", PlainPdf(1))});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.err, HasSubstr("never standard output; name a file"));
+}

@@ -4,6 +4,7 @@
 
 #include "host/dialog/RememberedPreview.h"
 #import "tests/preview/SeenPages.h"
+#include "tests/support/Documents.h"
 #import "tests/support/ObjCTest.h"
 #include "tests/support/RawPdf.h"
 
@@ -52,6 +53,20 @@ OBJC_TEST(Preview, FollowsDigitsThatAreTyped) {
   [pages.screen().dialog().window() makeFirstResponder:pages.outlet(@"textBoxStartNumber")];
   TypeText("888");
   pages.AwaitRed([one](double red) { return red > 1.5 * one; });
+}
+
+OBJC_TEST(Preview, FollowsTheOrderOfDocuments) {
+  const TemporaryFolder folder;
+  const auto red = folder.Write("red.ps", Document({"1 0 0 setrgbcolor 100 100 300 300 rectfill"}));
+  SeenPages pages({.more_documents = {red}, .preview = true});
+  pages.AwaitPages("of 4 pages, 4 sheets");
+  EXPECT_EQ(pages.Red(), 0);
+  pages.screen().ShowPanel(@"Documents");
+  PressKeys({"Tab", "Down", "alt+Up"});
+  pages.AwaitRed([](double share) { return share > 0.1; });
+  PressKeys({"Delete"});
+  pages.AwaitPages(kAll);
+  EXPECT_EQ(pages.Red(), 0);
 }
 
 OBJC_TEST(Preview, FollowsThePagesThatAreTyped) {

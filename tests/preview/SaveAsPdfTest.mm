@@ -52,9 +52,20 @@ OBJC_TEST(SaveAsPdf, AsksBeforeItReplacesAFile) {
   const fs::path file = File("mine");
   SeenPages pages;
   ChooseFile(pages);
-  Save({"Return"}, 2);
+  Save({"Return", "Tab", "space"});
   pages.screen().AwaitEnd();
   EXPECT_THAT(ContentOf(file), StartsWith("%PDF-"));
+}
+
+OBJC_TEST(SaveAsPdf, KeepsAFileThatIsThereUnlessToldOtherwise) {
+  const fs::path file = File("mine");
+  SeenPages pages;
+  ChooseFile(pages);
+  Save({"Return", "Return", "Escape"});
+  HandleEventsUntil([] { return [NSApp modalWindow] == nil; });
+  HandleEventsUntilSettled();
+  EXPECT_FALSE(pages.screen().dialog().HasEnded());
+  EXPECT_EQ("mine", ContentOf(file));
 }
 
 OBJC_TEST(SaveAsPdf, CanBeCanceled) {
