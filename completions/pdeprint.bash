@@ -226,7 +226,7 @@ _pdeprint() {
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
   elif [[ $verb == check || $verb =~ ^(en|dis)able$ && ! $queue ]]; then
     __pdeprint_files .ppd .ppd.gz
-  elif [[ $verb =~ ^(print|save)$ || $verb == show && ! $ppd ]]; then
+  elif [[ $verb =~ ^(show|print|save)$ ]]; then
     __pdeprint_files ''
   fi
   __pdeprint_unquote "$kept"

@@ -245,10 +245,6 @@ int RunCommandLine(int argc, char **argv) {
     app.parse(argc, argv);
     if (enable->parsed()) CheckPPDChange(enable_options);
     if (disable->parsed()) CheckPPDChange(disable_options);
-    if (show->parsed() && !show_options.ppd.empty() && !show_options.files.empty()) {
-      throw CLI::ValidationError("--ppd",
-                                 "files are printed on a queue (-d); --ppd alone prints nothing");
-    }
     if (save->parsed() && save_options.output == "-") {
       throw CLI::ValidationError("--output",
                                  "the pages become files, never standard output; name a file");

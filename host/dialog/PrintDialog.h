@@ -99,6 +99,7 @@ class PrintDialog {
 
   PrintDialogJob job_;  // but for its files
   JobDocuments documents_;
+  const bool prints_;  // otherwise the choices are accepted
   JobSession session_;
   Retained<PrintDialogView *> view_;
   Retained<DialogWindow *> window_;

@@ -42,6 +42,7 @@ Retained<WaitingView *> NewWaitingView() {
 PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore presets)
     : job_(std::move(job)),
       documents_(std::exchange(job_.files, {})),
+      prints_(!documents_.empty() && !job_.ppd),
       session_(extensions),
       view_(NewView()),
       window_(NewWindow(documents_, view_.get())),
@@ -114,7 +115,7 @@ void PrintDialog::TieControls() {
   actions_.Tie([view cancel], [this] { Cancel(); });
   actions_.Tie([view print], [this] { Accept(); });
   actions_.TieClosing(window_.get(), [this] { Cancel(); });
-  if (documents_.empty()) [[view print] setTitle:String(Localized("Done"))];
+  if (!prints_) [[view print] setTitle:String(Localized("Done"))];
 }
 
 void PrintDialog::OpenPreview() {
@@ -214,7 +215,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
   const std::string description =
       is_file ? Localized("The pages become a file; nothing is printed") : DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
-  if (!documents_.empty()) {
+  if (prints_) {
     [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : Localized("Print"))];
   }
   SetPhase(Phase::kReady);
@@ -223,7 +224,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
 
 void PrintDialog::Accept() {
   if (phase_ != Phase::kReady || !editor_.IsReadyToPrint()) return;
-  if (documents_.empty()) return End(DialogEnd::kAccepted);
+  if (!prints_) return End(DialogEnd::kAccepted);
   if (queue_.name.empty()) return SaveAsFile();
   Expected<JobRequest> request = session_.RequestFor(queue_.name, documents_.files());
   if (!request) return notices_.AddNote(request.message());

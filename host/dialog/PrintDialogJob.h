@@ -14,10 +14,10 @@
 
 struct PrintDialogJob {
   std::string queue;           // empty: the default one, or else the first
-  std::optional<PPDFile> ppd;  // instead of a queue's: no server is asked, and nothing printed
+  std::optional<PPDFile> ppd;  // instead of a queue's: no server is asked, nothing printed
   PrintSettings settings;      // to begin with
   std::string preset;          // whose settings these are; empty: none's
-  std::vector<std::filesystem::path> files;  // none: nothing is printed, the choices are accepted
+  std::vector<std::filesystem::path> files;  // none: the choices are accepted, nothing is printed
   bool shows_preview = false;                // where there are files, and room on the screen
   bool waits = false;                        // for the end of the job
   std::chrono::milliseconds limit{5000};     // for each of the server's answers

@@ -66,7 +66,6 @@ TEST(Program, RefusesWrongUsage) {
            Arguments{"settings", "--ppd"},
            Arguments{"settings", "--ppd", kColorPPD, "stray"},
            Arguments{"settings", "--ppd", kColorPPD, "--snapshot", "x.png"},
-           Arguments{"show", "--ppd", kColorPPD, kColorPPD},
            Arguments{"show", "--ppd", kColorPPD, "-d", "Office"},
            Arguments{"settings", "--ppd", kColorPPD, "-d", "Office"},
            Arguments{"queues", "--timeout", "0"},
