@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 namespace {
 
-class JobDocuments : public testing::Test {
+class DocumentsOfJob : public testing::Test {
  protected:
   fs::path File(const std::string &name) { return folder_.Write(name, "%!"); }
   std::vector<std::string> MessagesOf(const std::vector<Failure> &failures) {
@@ -22,12 +22,12 @@ class JobDocuments : public testing::Test {
   const fs::path a_ = File("a.ps");
   const fs::path b_ = File("b.ps");
   const fs::path c_ = File("c.ps");
-  ::JobDocuments documents_{{a_, b_, c_}};
+  JobDocuments documents_{{a_, b_, c_}};
 };
 
 }  // namespace
 
-TEST_F(JobDocuments, AreMovedPlaceByPlace) {
+TEST_F(DocumentsOfJob, AreMovedPlaceByPlace) {
   documents_.MoveDown(0);
   EXPECT_THAT(documents_.files(), ElementsAre(b_, a_, c_));
   documents_.MoveUp(2);
@@ -35,7 +35,7 @@ TEST_F(JobDocuments, AreMovedPlaceByPlace) {
   EXPECT_EQ("b.ps and 2 more", documents_.Title());
 }
 
-TEST_F(JobDocuments, AreNotMovedOverTheEnds) {
+TEST_F(DocumentsOfJob, AreNotMovedOverTheEnds) {
   EXPECT_FALSE(documents_.CanMoveUp(0));
   EXPECT_FALSE(documents_.CanMoveDown(2));
   EXPECT_FALSE(documents_.CanMoveUp(3));
@@ -45,7 +45,7 @@ TEST_F(JobDocuments, AreNotMovedOverTheEnds) {
   EXPECT_THAT(documents_.files(), ElementsAre(a_, b_, c_));
 }
 
-TEST_F(JobDocuments, AreRemovedButForTheLastOne) {
+TEST_F(DocumentsOfJob, AreRemovedButForTheLastOne) {
   documents_.Remove(1);
   EXPECT_THAT(documents_.files(), ElementsAre(a_, c_));
   documents_.Remove(2);
@@ -56,7 +56,7 @@ TEST_F(JobDocuments, AreRemovedButForTheLastOne) {
   EXPECT_THAT(documents_.files(), ElementsAre(c_));
 }
 
-TEST_F(JobDocuments, ThatCanBePrintedAreAddedAndTheOthersSayWhyNot) {
+TEST_F(DocumentsOfJob, ThatCanBePrintedAreAddedAndTheOthersSayWhyNot) {
   const fs::path absent = folder_.path() / "absent.ps";
   const fs::path d = File("d.ps");
   EXPECT_THAT(MessagesOf(documents_.Add({absent, d, folder_.path(), a_})),
@@ -65,7 +65,7 @@ TEST_F(JobDocuments, ThatCanBePrintedAreAddedAndTheOthersSayWhyNot) {
   EXPECT_THAT(documents_.files(), ElementsAre(a_, b_, c_, d, a_));
 }
 
-TEST_F(JobDocuments, SayWhenTheyAreOthers) {
+TEST_F(DocumentsOfJob, SayWhenTheyAreOthers) {
   int changes = 0;
   documents_.SetChanged([&changes] { ++changes; });
   documents_.MoveUp(0);
@@ -79,7 +79,7 @@ TEST_F(JobDocuments, SayWhenTheyAreOthers) {
   EXPECT_EQ(3, changes);
 }
 
-TEST_F(JobDocuments, OfAJobOnItsWayStayAsTheyAre) {
+TEST_F(DocumentsOfJob, OfAJobOnItsWayStayAsTheyAre) {
   documents_.SetFixed(true);
   EXPECT_FALSE(documents_.CanAdd());
   EXPECT_FALSE(documents_.CanRemove());
@@ -94,14 +94,14 @@ TEST_F(JobDocuments, OfAJobOnItsWayStayAsTheyAre) {
   EXPECT_THAT(documents_.files(), ElementsAre(b_, a_, c_));
 }
 
-TEST_F(JobDocuments, AreNotAddedWhereNothingIsPrinted) {
-  ::JobDocuments none({});
+TEST_F(DocumentsOfJob, AreNotAddedWhereNothingIsPrinted) {
+  JobDocuments none({});
   EXPECT_FALSE(none.CanAdd());
   EXPECT_EQ(1u, none.Add({a_}).size());
   EXPECT_TRUE(none.empty());
 }
 
-TEST_F(JobDocuments, OfTheSameNameHaveTheirFolders) {
+TEST_F(DocumentsOfJob, OfTheSameNameHaveTheirFolders) {
   const fs::path other = File("old/a.ps");
   EXPECT_THAT(documents_.Names(), ElementsAre("a.ps", "b.ps", "c.ps"));
   (void)documents_.Add({other, b_});
@@ -111,7 +111,7 @@ TEST_F(JobDocuments, OfTheSameNameHaveTheirFolders) {
 }
 
 // A row has one line, in UTF-8.
-TEST_F(JobDocuments, HaveNamesThatCanBeShown) {
-  const ::JobDocuments odd({"/tmp/gr\xF6\xDF\n.ps"});
+TEST_F(DocumentsOfJob, HaveNamesThatCanBeShown) {
+  const JobDocuments odd({"/tmp/gr\xF6\xDF\n.ps"});
   EXPECT_THAT(odd.Names(), ElementsAre("größ .ps"));
 }
