@@ -178,7 +178,17 @@ OBJC_TEST(Preview, SaysThatAPrinterWithoutDescriptionHasNone) {
   pages.screen().AwaitText("The printer has no PPD file");
 }
 
-OBJC_TEST(Preview, IsNotThereWhereNothingIsPrinted) {
+OBJC_TEST(Preview, ShowsDocumentsForAPrinterDescriptionFromAFile) {
+  SeenPages pages({.ppd = BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd", .preview = true});
+  pages.AwaitPages(kAll);
+  EXPECT_TRUE([[[pages.screen().view() print] title] isEqualToString:@"Done"]);
+  PressKeys({"Return"});
+  pages.screen().AwaitEnd();
+  EXPECT_EQ(pages.screen().dialog().job_number(), 0);
+  EXPECT_FALSE(pages.screen().dialog().has_sent());
+}
+
+OBJC_TEST(Preview, IsNotThereWithoutDocuments) {
   DialogOnScreen screen({.has_file = false, .preview = true});
   screen.AwaitReady();
   EXPECT_TRUE([[screen.view() fold] isHidden]);
