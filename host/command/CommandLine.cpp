@@ -8,6 +8,7 @@
 #include "host/base/Process.h"
 #include "host/base/Text.h"
 #include "host/command/Commands.h"
+#include "host/command/ParentWindow.h"
 
 namespace {
 
@@ -97,6 +98,22 @@ void CheckPPDChange(const PPDChangeOptions &options) {
   }
 }
 
+CLI::App *AddPortal(CLI::App &app, PortalOptions &options) {
+  using Action = PortalOptions::Action;
+  CLI::App *verb = app.add_subcommand(
+      "portal",
+      "Whether applications that print through the desktop's portal open this program's dialog. "
+      "Needs no display.");
+  const auto add = [&](const std::string &name, Action action, const std::string &what) {
+    return verb->add_flag_callback(
+        name, [&options, action] { options.action = action; }, what);
+  };
+  CLI::Option *enable = add("--enable", Action::kEnable, "Let them, for this user");
+  CLI::Option *disable = add("--disable", Action::kDisable, "Take that back")->excludes(enable);
+  add("--status", Action::kStatus, "Say how it stands")->excludes(enable)->excludes(disable);
+  return verb;
+}
+
 const char kTicketReadAndWritten[] =
     "Print settings of the job, an XML property list: read first, where there is one, and written "
     "at the end";
@@ -113,6 +130,15 @@ std::string WhatIsWrong(const CLI::App &app, const CLI::ParseError &error) {
     return Localized("there is no option %1; `%2` lists them", {Quoted(*unknown), help});
   }
   return std::string(error.what()) + "; `" + help + "` says more";
+}
+
+int RunShow(const std::vector<std::string> &arguments) {
+  std::vector<std::string> words = {"pdeprint", "show"};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char *> pointers;
+  for (std::string &word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  return RunCommandLine(static_cast<int>(words.size()), pointers.data());
 }
 
 }  // namespace
@@ -139,6 +165,25 @@ int RunCommandLine(int argc, char **argv) {
   show->add_flag("--alert", show_options.alert,
                  "If the dialog cannot open, say why in a window too: for programs that start this "
                  "where nobody reads standard error");
+  show->add_flag("--warm", show_options.warm,
+                 "Get ready and wait; the arguments come as one line on standard input, a JSON "
+                 "array of texts");
+  show->add_flag("--json", show_options.json, "Say in JSON how the dialog has ended");
+  AddText(show, "--title", show_options.title,
+          "The document's name, in the title and for the job (default: the file's)", "TITLE");
+  AddText(show, "--app", show_options.application,
+          "The name of the application that prints, in the title", "NAME");
+  AddText(show, "--accept-label", show_options.accept_label,
+          "What the button says that Return presses", "TEXT");
+  show->add_option_function<std::string>(
+          "--parent",
+          [&show_options](const std::string &window) {
+            show_options.parent = ParentWindowIn(window).value_or(0);
+          },
+          "Be the dialog of another program's window: x11: and its number in hexadecimal digits; "
+          "wayland: and a name is ignored")
+      ->type_name("WINDOW")
+      ->check(WhyNoParentWindow);
   AddSurroundings(show, show_options);
   show->add_option("FILE", show_options.files, "Files to print")->type_name("");
 
@@ -153,6 +198,8 @@ int RunCommandLine(int argc, char **argv) {
   AddText(print, "-t,--title", print_options.title, "The job's name (default: the file's)",
           "TITLE");
   print->add_flag("--wait", print_options.wait, "Wait until the job has been printed");
+  print->add_flag("--alert", print_options.alert,
+                  "If the job is not printed, say why in a window too, if there is a display");
   AddSurroundings(print, print_options);
   print->add_option("FILE", print_options.files, "Files to print")->type_name("")->required();
 
@@ -241,6 +288,9 @@ int RunCommandLine(int argc, char **argv) {
                    "Take out of a PPD file, or a queue, what enable has added. Needs no display.",
                    disable_options);
 
+  PortalOptions portal_options;
+  CLI::App *portal = AddPortal(app, portal_options);
+
   try {
     app.parse(argc, argv);
     if (enable->parsed()) CheckPPDChange(enable_options);
@@ -249,8 +299,15 @@ int RunCommandLine(int argc, char **argv) {
       throw CLI::ValidationError("--output",
                                  "the pages become files, never standard output; name a file");
     }
+    if (show_options.warm && argc != 3) {
+      throw CLI::ValidationError("--warm", "everything else comes with the request");
+    }
     if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
       throw CLI::RequiredError("PPD or --queue");
+    }
+    const bool is_portal_alone = portal->count_all() == 1;
+    if (portal->parsed() && is_portal_alone) {
+      throw CLI::RequiredError("--enable, --disable or --status");
     }
   } catch (const CLI::ParseError &error) {
     const auto is_named = [argv](const CLI::App *verb) { return verb->check_name(argv[1]); };
@@ -263,12 +320,13 @@ int RunCommandLine(int argc, char **argv) {
     Complain(WhatIsWrong(app, error));
     return kWrongUsage;
   }
-  if (show->parsed()) return Show(show_options);
+  if (show->parsed()) return show_options.warm ? ShowWhenAsked(RunShow) : Show(show_options);
   if (print->parsed()) return Print(print_options);
   if (save->parsed()) return Save(save_options);
   if (settings->parsed()) return Settings(settings_options);
   if (check->parsed()) return Check(check_options);
   if (enable->parsed()) return Enable(enable_options);
   if (disable->parsed()) return Disable(disable_options);
+  if (portal->parsed()) return Portal(portal_options);
   return Queues(queues_options);
 }

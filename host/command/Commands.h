@@ -5,12 +5,13 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "host/ppd/edit/DrawingMethod.h"
 
-enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2, kCanceled = 3 };
 
 // How the print server is asked, and with which extension bundles printers are looked at.
 struct Surroundings {
@@ -31,7 +32,13 @@ struct ShowOptions : JobSource {
   std::filesystem::path snapshot;  // empty: none
   std::vector<std::filesystem::path> files;
   bool wait = false;
-  bool alert = false;  // where the dialog cannot open, say why in a window too
+  bool alert = false;        // where the dialog cannot open, say why in a window too
+  bool warm = false;         // wait until another program asks for it
+  bool json = false;         // how the end is told; a signal then ends the dialog as canceled
+  std::string title;         // the document's; empty: the files' names
+  std::string application;   // for which this is done; empty: it is not said
+  std::string accept_label;  // of the button that Return presses; empty: the usual
+  unsigned long parent = 0;  // the X window whose dialog this is; 0: none
 };
 
 struct SettingsOptions : JobSource {
@@ -49,6 +56,7 @@ struct FileJobOptions : JobSource {
 struct PrintOptions : FileJobOptions {
   std::string title;  // empty: the files' names
   bool wait = false;
+  bool alert = false;  // say of a failure in a window too, where there is a display
 };
 
 struct SaveOptions : FileJobOptions {
@@ -78,8 +86,18 @@ struct PPDChangeOptions : Surroundings {
   DrawingMethod method = DrawingMethod::kFitting;  // of enable
 };
 
+struct PortalOptions {
+  enum class Action { kEnable, kDisable, kStatus };
+  Action action = Action::kStatus;
+};
+
 // Shows the dialog. The user prints the files there, or accepts the choices, or cancels.
 int Show(const ShowOptions &options);
+
+// Makes everything ready that a dialog needs, and waits for its arguments on standard input, one
+// JSON array of texts on a line; then shows it. The end of the input, or ten minutes without a
+// request, end it, too.
+int ShowWhenAsked(const std::function<int(const std::vector<std::string> &)> &show);
 
 // The rest needs no display.
 
@@ -103,5 +121,8 @@ int Enable(const PPDChangeOptions &options);
 
 // Takes out what Enable has added.
 int Disable(const PPDChangeOptions &options);
+
+// Chooses this program for the desktop's print portal, takes that back, or says how it stands.
+int Portal(const PortalOptions &options);
 
 #endif

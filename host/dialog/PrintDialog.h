@@ -20,6 +20,7 @@
 #include "host/dialog/JobEditor.h"
 #include "host/dialog/Notices.h"
 #include "host/dialog/PasswordWindow.h"
+#include "host/dialog/Poller.h"
 #include "host/dialog/Preview.h"
 #include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
@@ -95,6 +96,8 @@ class PrintDialog {
   void LookAgain();
 
   void ShowHelp();
+  void AwaitClosing();
+  std::string NameOfAccepting() const;
   void FitWindow();
 
   PrintDialogJob job_;  // but for its files
@@ -114,6 +117,7 @@ class PrintDialog {
   std::unique_ptr<Preview> preview_;  // null: there is nothing to print
   std::unique_ptr<FileDrops> drops_;  // likewise, and until the window is there
 
+  Poller closing_;
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;
   std::optional<DialogEnd> end_;

@@ -22,15 +22,17 @@ Retained<PrintDialogView *> NewView() {
       [[PrintDialogView alloc] initWithFrame:NSMakeRect(0, 0, 560, 480)]);
 }
 
-NSString *TitleFor(const JobDocuments &documents) {
-  return String(documents.empty() ? Localized("Print Settings")
-                                  : Localized("Print — %1", {documents.Title()}));
+NSString *TitleFor(const PrintDialogJob &job, const JobDocuments &documents) {
+  std::string named = job.title.empty() ? documents.Title() : job.title;
+  if (!named.empty() && !job.application.empty()) named += " — ";
+  named += job.application;
+  return String(named.empty() ? Localized("Print Settings") : Localized("Print — %1", {named}));
 }
 
-Retained<DialogWindow *> NewWindow(const JobDocuments &documents, NSView *view) {
-  return Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:TitleFor(documents)
-                                                                        view:view
-                                                                   resizable:YES]);
+Retained<DialogWindow *> NewWindow(const PrintDialogJob &job, NSString *title, NSView *view) {
+  DialogWindow *const window = [[DialogWindow alloc] initWithTitle:title view:view resizable:YES];
+  if (job.parent != 0) [window makeDialogOfWindow:job.parent];
+  return Retained<DialogWindow *>::Adopt(window);
 }
 
 Retained<WaitingView *> NewWaitingView() {
@@ -45,7 +47,7 @@ PrintDialog::PrintDialog(PrintDialogJob job, Extensions &extensions, PresetStore
       prints_(!documents_.empty() && !job_.ppd),
       session_(extensions),
       view_(NewView()),
-      window_(NewWindow(documents_, view_.get())),
+      window_(NewWindow(job_, TitleFor(job_, documents_), view_.get())),
       fitter_(window_.get(), view_.get()),
       waiting_(NewWaitingView()),
       notices_(extensions,
@@ -115,7 +117,12 @@ void PrintDialog::TieControls() {
   actions_.Tie([view cancel], [this] { Cancel(); });
   actions_.Tie([view print], [this] { Accept(); });
   actions_.TieClosing(window_.get(), [this] { Cancel(); });
-  if (!prints_) [[view print] setTitle:String(Localized("Done"))];
+  [[view print] setTitle:String(NameOfAccepting())];
+}
+
+std::string PrintDialog::NameOfAccepting() const {
+  if (!job_.accept_label.empty()) return job_.accept_label;
+  return prints_ ? Localized("Print") : Localized("Done");
 }
 
 void PrintDialog::OpenPreview() {
@@ -162,11 +169,27 @@ void PrintDialog::Open() {
   FitWindow();
   [window_.get() center];
   [window_.get() makeKeyAndOrderFront:nil];
+  AwaitClosing();
   if (documents_.empty()) return;
   drops_ = std::make_unique<FileDrops>(
       window_.get(),
       FileDrops::Callbacks{.takes = [this] { return !end_ && documents_.CanAdd(); },
                            .dropped = [this](const ListedFiles &files) { AddDropped(files); }});
+}
+
+// Questions are answered as by Escape first, however many follow one another.
+void PrintDialog::AwaitClosing() {
+  if (job_.closes == nullptr) return;
+  closing_ = Poller([this] {
+    if (!*job_.closes || end_) return false;
+    if ([NSApp modalWindow] == nil) {
+      Cancel();
+    } else {
+      [NSApp stopModalWithCode:0];
+      AwaitClosing();
+    }
+    return true;
+  });
 }
 
 DialogEnd PrintDialog::Run() {
@@ -216,7 +239,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
       is_file ? Localized("The pages become a file; nothing is printed") : DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
   if (prints_) {
-    [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : Localized("Print"))];
+    [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : NameOfAccepting())];
   }
   SetPhase(Phase::kReady);
   editor_.UsePrinter(queue, std::move(ppd));
@@ -226,7 +249,7 @@ void PrintDialog::Accept() {
   if (phase_ != Phase::kReady || !editor_.IsReadyToPrint()) return;
   if (!prints_) return End(DialogEnd::kAccepted);
   if (queue_.name.empty()) return SaveAsFile();
-  Expected<JobRequest> request = session_.RequestFor(queue_.name, documents_.files());
+  Expected<JobRequest> request = session_.RequestFor(queue_.name, documents_.files(), job_.title);
   if (!request) return notices_.AddNote(request.message());
   SetPhase(Phase::kSending);
   delivery_.Begin(std::move(*request), session_.here());
@@ -247,13 +270,13 @@ void PrintDialog::AddDocuments(const std::vector<fs::path> &files) {
 }
 
 void PrintDialog::ShowDocuments() {
-  [window_.get() setTitle:TitleFor(documents_)];
+  [window_.get() setTitle:TitleFor(job_, documents_)];
   editor_.ShowDocuments();
   LookAgain();
 }
 
 void PrintDialog::SaveAsFile() {
-  Expected<PagesRequest> pages = session_.PagesFor(documents_.files());
+  Expected<PagesRequest> pages = session_.PagesFor(documents_.files(), job_.title);
   if (!pages) return notices_.AddNote(pages.message());
   const std::optional<SavePlace> place = AskForPlace(documents_.files().front());
   if (!place) return;
