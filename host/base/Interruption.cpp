@@ -4,21 +4,21 @@ namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-std::atomic<std::atomic<bool> *> flag_to_set = nullptr;
+std::atomic<Interruption *> innermost = nullptr;
 std::atomic<bool> came = false;
-
-void SetFlag(int) {
-  came = true;
-  if (std::atomic<bool> *flag = flag_to_set) *flag = true;
-}
 
 }  // namespace
 
-Interruption::Interruption(std::atomic<bool> &flag) {
-  came = false;
-  flag_to_set = &flag;
+void Interruption::SetFlags(int) {
+  came = true;
+  for (Interruption *one = innermost; one != nullptr; one = one->outer_) one->flag_ = true;
+}
+
+Interruption::Interruption(std::atomic<bool> &flag) : flag_(flag), outer_(innermost) {
+  if (outer_ == nullptr) came = false;
+  innermost = this;
   struct sigaction action = {};
-  action.sa_handler = SetFlag;
+  action.sa_handler = SetFlags;
   action.sa_flags = SA_RESTART;
   for (int i = 0; i < 3; ++i) {
     sigaction(kSignals[i], nullptr, &before_[i]);
@@ -29,7 +29,7 @@ Interruption::Interruption(std::atomic<bool> &flag) {
 
 Interruption::~Interruption() {
   for (int i = 0; i < 3; ++i) sigaction(kSignals[i], &before_[i], nullptr);
-  flag_to_set = nullptr;
+  innermost = outer_;
 }
 
 bool Interruption::Came() { return came; }

@@ -6,7 +6,8 @@
 #include <atomic>
 #include <csignal>
 
-// While the object lives, such a signal sets the flag instead of ending the program. One at a time.
+// While the object lives, such a signal sets the flag instead of ending the program, and with it
+// those of the objects that were made before and still live. They go in the opposite order.
 class Interruption {
  public:
   explicit Interruption(std::atomic<bool> &flag);
@@ -18,6 +19,10 @@ class Interruption {
   static bool Came();
 
  private:
+  static void SetFlags(int);
+
+  std::atomic<bool> &flag_;
+  Interruption *const outer_;
   struct sigaction before_[3];
 };
 

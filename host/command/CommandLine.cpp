@@ -8,6 +8,7 @@
 #include "host/base/Process.h"
 #include "host/base/Text.h"
 #include "host/command/Commands.h"
+#include "host/command/ParentWindow.h"
 
 namespace {
 
@@ -139,6 +140,22 @@ int RunCommandLine(int argc, char **argv) {
   show->add_flag("--alert", show_options.alert,
                  "If the dialog cannot open, say why in a window too: for programs that start this "
                  "where nobody reads standard error");
+  show->add_flag("--json", show_options.json, "Say in JSON how the dialog has ended");
+  AddText(show, "--title", show_options.title,
+          "The document's name, in the title and for the job (default: the file's)", "TITLE");
+  AddText(show, "--app", show_options.application,
+          "The name of the application that prints, in the title", "NAME");
+  AddText(show, "--accept-label", show_options.accept_label,
+          "What the button says that Return presses", "TEXT");
+  show->add_option_function<std::string>(
+          "--parent",
+          [&show_options](const std::string &window) {
+            show_options.parent = ParentWindowIn(window).value_or(0);
+          },
+          "Be the dialog of another program's window: x11: and its number in hexadecimal digits; "
+          "wayland: and a name is ignored")
+      ->type_name("WINDOW")
+      ->check(WhyNoParentWindow);
   AddSurroundings(show, show_options);
   show->add_option("FILE", show_options.files, "Files to print")->type_name("");
 

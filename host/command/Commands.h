@@ -10,7 +10,7 @@
 
 #include "host/ppd/edit/DrawingMethod.h"
 
-enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2, kCanceled = 3 };
 
 // How the print server is asked, and with which extension bundles printers are looked at.
 struct Surroundings {
@@ -31,7 +31,12 @@ struct ShowOptions : JobSource {
   std::filesystem::path snapshot;  // empty: none
   std::vector<std::filesystem::path> files;
   bool wait = false;
-  bool alert = false;  // where the dialog cannot open, say why in a window too
+  bool alert = false;        // where the dialog cannot open, say why in a window too
+  bool json = false;         // how the end is told; a signal then ends the dialog as canceled
+  std::string title;         // the document's; empty: the files' names
+  std::string application;   // for which this is done; empty: it is not said
+  std::string accept_label;  // of the button that Return presses; empty: the usual
+  unsigned long parent = 0;  // the X window whose dialog this is; 0: none
 };
 
 struct SettingsOptions : JobSource {

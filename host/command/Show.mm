@@ -1,5 +1,10 @@
+#include <atomic>
+#include <optional>
+
+#include "host/base/Interruption.h"
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
+#include "host/base/OneLine.h"
 #include "host/base/Process.h"
 #include "host/base/Text.h"
 #include "host/base/WholeFile.h"
@@ -7,6 +12,7 @@
 #include "host/command/Display.h"
 #include "host/command/JobSettings.h"
 #include "host/command/ScriptedJob.h"
+#include "host/command/ShowReport.h"
 #include "host/cups/RequestId.h"
 #import "host/dialog/Controls.h"
 #include "host/dialog/PrintDialog.h"
@@ -15,8 +21,15 @@
 #include "host/job/JobFiles.h"
 #include "host/ppd/PPDSource.h"
 #include "host/presets/Ticket.h"
+#include "host/session/panels/Orientation.h"
 
 namespace {
+
+using Outcome = ShowReport::Outcome;
+
+// Of what other programs say, in characters.
+constexpr size_t kLongestTitle = 120;
+constexpr size_t kLongestName = 40;
 
 Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   PrintDialogJob job;
@@ -33,6 +46,10 @@ Expected<PrintDialogJob> OpenJob(const ShowOptions &options) {
   job.settings = std::move(*settings);
   job.preset = options.ticket.empty() ? options.preset : "";
   job.files = options.files;
+  job.title = ShortLine(options.title, kLongestTitle);
+  job.application = ShortLine(options.application, kLongestName);
+  job.accept_label = ShortLine(options.accept_label, kLongestName);
+  job.parent = options.parent;
   job.shows_preview = WantsPreview();
   job.waits = options.wait;
   job.limit = options.limit;
@@ -54,72 +71,121 @@ void KeepAsLastUsed(PMPrintSettings settings) {
   Note(Localized("the settings are not kept as %1: %2", {Quoted(kLastUsed), kept.message()}));
 }
 
+Expected<ShownJob> JobOf(const ShowOptions &options, PrintDialog &dialog) {
+  JobSession &session = dialog.session();
+  Expected<JobOptions> settings = session.OwnOptions();
+  if (!settings) return settings.failure();
+  Expected<JobOptions> job = session.Options();
+  if (!job) return job.failure();
+  Expected<JobOptions> choices = session.Choices();
+  if (!choices) return choices.failure();
+  ShownJob shown{.queue = options.ppd.empty() ? dialog.queue().name : "",
+                 .paper = std::nullopt,
+                 .is_landscape = IsLandscape(*job),
+                 .settings = std::move(*settings)};
+  const auto size = choices->find("PageSize");
+  if (size == choices->end()) return shown;
+  if (const std::optional<Paper> paper = PaperOf(*session.ppd(), size->second)) {
+    shown.paper = {size->second, *paper};
+  }
+  return shown;
+}
+
+// What was done stays, and is said, also where something else has failed.
+int Report(const ShowOptions &options, ShowReport report, const std::string &text,
+           const std::vector<Failure> &failures) {
+  if (!failures.empty()) {
+    report.outcome = Outcome::kFailed;
+    report.reason = failures.front().message;
+  }
+  const bool told = PrintResults(options.json ? report.Json() : text);
+  for (const Failure &failure : failures) Complain(failure.message);
+  return told && failures.empty() ? kDone : kFailed;
+}
+
+int FinishCanceled(const ShowOptions &options, const PrintDialog &dialog) {
+  const bool told = !options.json || PrintResults(ShowReport{.outcome = Outcome::kCanceled}.Json());
+  Complain(dialog.has_sent() ? Localized("canceled")
+                             : Localized("canceled; nothing was printed or saved"));
+  return options.json && told ? kCanceled : kFailed;
+}
+
 int Finish(const ShowOptions &options, PrintDialog &dialog, DialogEnd end) {
+  if (end == DialogEnd::kCanceled) return FinishCanceled(options, dialog);
   std::vector<Failure> failures;
-  PanelReport report;
+  ShowReport report;
+  PanelReport panels;
   if (end == DialogEnd::kAccepted) {
     Expected<PanelReport> made = ReportOn(dialog.session());
-    if (!made) {
-      Complain(made.message());
-      return kFailed;
+    if (!made) return Report(options, {}, "", {made.failure()});
+    panels = std::move(*made);
+  }
+  if (options.json) {
+    if (Expected<ShownJob> shown = JobOf(options, dialog)) {
+      report.shown = std::move(*shown);
+    } else {
+      failures.push_back(shown.failure());
     }
-    report = std::move(*made);
   }
   if (!options.ticket.empty()) {
     if (auto written = WriteTicket(options.ticket, dialog.session().settings())) {
-      report.ticket = options.ticket.string();
+      panels.ticket = options.ticket.string();
     } else {
       failures.push_back(written.failure());
     }
   }
   if (!options.snapshot.empty()) {
     if (auto written = WritePicture(options.snapshot, dialog.view())) {
-      report.snapshot = options.snapshot.string();
+      panels.snapshot = options.snapshot.string();
     } else {
       failures.push_back(written.failure());
     }
   }
-  bool told = false;
   if (end == DialogEnd::kAccepted) {
-    told = PrintResults(report.Text());
-  } else {
-    KeepAsLastUsed(dialog.session().settings());
-    if (end == DialogEnd::kSaved) {
-      told = PrintResults(dialog.saved().front().string() + '\n');
-      return told && failures.empty() ? kDone : kFailed;
-    }
-    const std::string id = RequestId(dialog.queue().name, dialog.job_number());
-    told = PrintResults("request id is " + id + '\n');
-    if (end == DialogEnd::kJobFailed) failures.push_back({dialog.failure()});
+    report.outcome = Outcome::kAccepted;
+    return Report(options, report, panels.Text(), failures);
   }
-  for (const Failure &failure : failures) Complain(failure.message);
-  return told && failures.empty() ? kDone : kFailed;
+  KeepAsLastUsed(dialog.session().settings());
+  if (end == DialogEnd::kSaved) {
+    report.outcome = Outcome::kSaved;
+    report.files = dialog.saved();
+    return Report(options, report, dialog.saved().front().string() + '\n', failures);
+  }
+  report.outcome = Outcome::kPrinted;
+  report.job = dialog.job_number();
+  if (end == DialogEnd::kJobFailed) failures.push_back({dialog.failure()});
+  const std::string id = RequestId(dialog.queue().name, dialog.job_number());
+  return Report(options, report, "request id is " + id + '\n', failures);
 }
 
 // Where the dialog cannot open.
 int Refuse(const ShowOptions &options, const std::string &message) {
-  Complain(message);
+  const int status = Report(options, {}, "", {{message}});
   if (options.alert && ConnectToDisplay()) Tell(Text(Sentence(message)));
-  return kFailed;
+  return status;
 }
 
 int Run(const ShowOptions &options) {
+  std::atomic<bool> closes = false;
+  std::optional<Interruption> interruption;
+  if (options.json) interruption.emplace(closes);
+  const auto refuse = [&](const std::string &message) {
+    interruption.reset();
+    return Refuse(options, message);
+  };
   Expected<PrintDialogJob> job = OpenJob(options);
-  if (!job) return Refuse(options, job.message());
+  if (!job) return refuse(job.message());
   Expected<Extensions> extensions = Extensions::Load(options.plugin);
-  if (!extensions) return Refuse(options, extensions.message());
+  if (!extensions) return refuse(extensions.message());
   if (!ConnectToDisplay()) {
-    Complain(
+    const std::string message =
         Localized("there is no display to show a window on; set DISPLAY, or use `pdeprint print` "
-                  "or `pdeprint settings`, which need none"));
-    return kFailed;
+                  "or `pdeprint settings`, which need none");
+    return Report(options, {}, "", {{message}});
   }
+  if (options.json) job->closes = &closes;
   PrintDialog dialog(std::move(*job), *extensions, PresetStore::OfUser());
-  const DialogEnd end = dialog.Run();
-  if (end != DialogEnd::kCanceled) return Finish(options, dialog, end);
-  Complain(dialog.has_sent() ? Localized("canceled")
-                             : Localized("canceled; nothing was printed or saved"));
-  return kFailed;
+  return Finish(options, dialog, dialog.Run());
 }
 
 }  // namespace

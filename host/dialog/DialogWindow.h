@@ -20,6 +20,10 @@
 /// Titled and closable, around a view whose size it takes. It is not released when closed.
 - (instancetype)initWithTitle:(NSString *)title view:(NSView *)view resizable:(BOOL)resizable;
 
+/// Before it is shown: makes it a dialog of the X window of another program, as far as that is
+/// there.
+- (void)makeDialogOfWindow:(unsigned long)parent;
+
 /// Called when an event of the window's has been handled.
 - (void)setAfterEvents:(std::function<void()>)afterEvents;
 

@@ -8,8 +8,11 @@
 #include <string>
 #include <utility>
 
+#import <GNUstepGUI/GSDisplayServer.h>
+
 #include "host/dialog/Clipboard.h"
 #import "host/dialog/FocusRing.h"
+#include "host/dialog/TransientWindow.h"
 
 namespace {
 
@@ -125,6 +128,13 @@ void ComplainOfEvent(NSException *exception) {
     ComplainOfEvent(exception);
   }
   if (_afterEvents) _afterEvents();
+}
+
+- (void)makeDialogOfWindow:(unsigned long)parent {
+  GSDisplayServer *server = GSCurrentServer();
+  if (![server isKindOfClass:NSClassFromString(@"XGServer")]) return;
+  const auto window = reinterpret_cast<unsigned long>([server windowDevice:[self windowNumber]]);
+  MakeDialogOf([server serverDevice], window, parent);
 }
 
 - (void)setAfterEvents:(std::function<void()>)afterEvents {

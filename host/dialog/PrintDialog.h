@@ -19,6 +19,7 @@
 #include "host/dialog/JobEditor.h"
 #include "host/dialog/Notices.h"
 #include "host/dialog/PasswordWindow.h"
+#include "host/dialog/Poller.h"
 #include "host/dialog/Preview.h"
 #include "host/dialog/PrintDialogJob.h"
 #import "host/dialog/PrintDialogView.h"
@@ -88,6 +89,8 @@ class PrintDialog {
   void LookAgain();
 
   void ShowHelp();
+  void AwaitClosing();
+  std::string NameOfAccepting() const;
   void FitWindow();
 
   PrintDialogJob job_;
@@ -104,6 +107,7 @@ class PrintDialog {
   JobDelivery delivery_;
   std::unique_ptr<Preview> preview_;  // null: there is nothing to print
 
+  Poller closing_;
   Phase phase_ = Phase::kNoPrinter;
   Queue queue_;
   std::optional<DialogEnd> end_;

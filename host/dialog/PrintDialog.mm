@@ -21,11 +21,16 @@ Retained<PrintDialogView *> NewView() {
 }
 
 Retained<DialogWindow *> NewWindow(const PrintDialogJob &job, NSView *view) {
-  const std::string title = job.files.empty() ? Localized("Print Settings")
-                                              : Localized("Print — %1", {TitleOfJob(job.files)});
-  return Retained<DialogWindow *>::Adopt([[DialogWindow alloc] initWithTitle:String(title)
-                                                                        view:view
-                                                                   resizable:YES]);
+  std::string named = job.title.empty() ? TitleOfJob(job.files) : job.title;
+  if (!named.empty() && !job.application.empty()) named += " — ";
+  named += job.application;
+  const std::string title =
+      named.empty() ? Localized("Print Settings") : Localized("Print — %1", {named});
+  DialogWindow *const window = [[DialogWindow alloc] initWithTitle:String(title)
+                                                              view:view
+                                                         resizable:YES];
+  if (job.parent != 0) [window makeDialogOfWindow:job.parent];
+  return Retained<DialogWindow *>::Adopt(window);
 }
 
 Retained<WaitingView *> NewWaitingView() {
@@ -107,7 +112,12 @@ void PrintDialog::TieControls() {
   actions_.Tie([view cancel], [this] { Cancel(); });
   actions_.Tie([view print], [this] { Accept(); });
   actions_.TieClosing(window_.get(), [this] { Cancel(); });
-  if (job_.files.empty()) [[view print] setTitle:String(Localized("Done"))];
+  [[view print] setTitle:String(NameOfAccepting())];
+}
+
+std::string PrintDialog::NameOfAccepting() const {
+  if (!job_.accept_label.empty()) return job_.accept_label;
+  return job_.files.empty() ? Localized("Done") : Localized("Print");
 }
 
 void PrintDialog::OpenPreview() {
@@ -154,6 +164,22 @@ void PrintDialog::Open() {
   FitWindow();
   [window_.get() center];
   [window_.get() makeKeyAndOrderFront:nil];
+  AwaitClosing();
+}
+
+// Questions are answered as by Escape first, however many follow one another.
+void PrintDialog::AwaitClosing() {
+  if (job_.closes == nullptr) return;
+  closing_ = Poller([this] {
+    if (!*job_.closes) return false;
+    if ([NSApp modalWindow] == nil) {
+      Cancel();
+    } else {
+      [NSApp stopModalWithCode:0];
+      AwaitClosing();
+    }
+    return true;
+  });
 }
 
 DialogEnd PrintDialog::Run() {
@@ -203,7 +229,7 @@ void PrintDialog::UsePrinter(const Queue &queue, std::optional<PPDFile> ppd) {
       is_file ? Localized("The pages become a file; nothing is printed") : DescribeQueue(queue);
   if (!description.empty()) [view_.get() setPrinterInfo:String(description)];
   if (!job_.files.empty()) {
-    [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : Localized("Print"))];
+    [[view_.get() print] setTitle:String(is_file ? Localized("Save…") : NameOfAccepting())];
   }
   SetPhase(Phase::kReady);
   editor_.UsePrinter(queue, std::move(ppd));
@@ -213,14 +239,14 @@ void PrintDialog::Accept() {
   if (phase_ != Phase::kReady || !editor_.IsReadyToPrint()) return;
   if (job_.files.empty()) return End(DialogEnd::kAccepted);
   if (queue_.name.empty()) return SaveAsFile();
-  Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files);
+  Expected<JobRequest> request = session_.RequestFor(queue_.name, job_.files, job_.title);
   if (!request) return notices_.AddNote(request.message());
   SetPhase(Phase::kSending);
   delivery_.Begin(std::move(*request), session_.here());
 }
 
 void PrintDialog::SaveAsFile() {
-  Expected<PagesRequest> pages = session_.PagesFor(job_.files);
+  Expected<PagesRequest> pages = session_.PagesFor(job_.files, job_.title);
   if (!pages) return notices_.AddNote(pages.message());
   const std::optional<SavePlace> place = AskForPlace(job_.files.front());
   if (!place) return;
@@ -253,6 +279,7 @@ void PrintDialog::Cancel() {
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
   passwords_.Close();
+  closing_ = Poller();
   [window_.get() setAfterEvents:nullptr];
   if (preview_ != nullptr) preview_->SetShown(false);
   const bool canceled = end == DialogEnd::kCanceled;

@@ -14,6 +14,17 @@ std::optional<PaperSize> PaperSizeOf(const PPDFile &ppd, const std::string &choi
   return PaperSize{found->width, found->length};
 }
 
+std::optional<Paper> PaperOf(const PPDFile &ppd, const std::string &choice) {
+  // For a custom size libcups writes it into the file's own entry for those.
+  const ppd_size_t *size = ppdPageSize(ppd.get(), choice.c_str());
+  if (size == nullptr || size->width <= 0 || size->length <= 0) return std::nullopt;
+  return Paper{.size = {size->width, size->length},
+               .top = size->length - size->top,
+               .bottom = size->bottom,
+               .left = size->left,
+               .right = size->width - size->right};
+}
+
 std::optional<CustomPaperSizes> CustomPaperSizesOf(const PPDFile &ppd) {
   ppd_option_t *option = ppdFindOption(ppd.get(), "PageSize");
   if (option == nullptr || ppdFindChoice(option, kCustomChoice) == nullptr) return std::nullopt;

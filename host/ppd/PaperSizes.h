@@ -16,6 +16,16 @@ struct PaperSize {
 // That of a choice of PageSize; none: the file does not say.
 std::optional<PaperSize> PaperSizeOf(const PPDFile &ppd, const std::string &choice);
 
+// A sheet for a choice of PageSize, also of a custom one, and what of it the printer cannot print
+// on.
+struct Paper {
+  PaperSize size;
+  double top = 0, bottom = 0, left = 0, right = 0;  // the margins, in points
+};
+
+// None: the file does not say.
+std::optional<Paper> PaperOf(const PPDFile &ppd, const std::string &choice);
+
 // The sizes besides those of the choices.
 struct CustomPaperSizes {
   PaperSize least;

@@ -1,4 +1,5 @@
 #include "host/base/Localized.h"
+#include "host/session/panels/Orientation.h"
 #include "host/session/panels/PanelRows.h"
 #include "host/session/panels/RowChoices.h"
 
@@ -11,17 +12,6 @@ RowChoices Numbers(std::initializer_list<const char *> numbers) {
   RowChoices choices;
   for (const char *number : numbers) choices.push_back({number, number});
   return choices;
-}
-
-// A queue lists an orientation by its name and by its number; landscape asks for it, too.
-std::string OrientationOf(const JobOptions &job) {
-  if (job.contains("landscape")) return IsOn(job, "landscape") ? "4" : "3";
-  const std::string value = ValueOr(job, kOrientation, "");
-  if (value == "portrait") return "3";
-  if (value == "landscape") return "4";
-  if (value == "reverse-landscape") return "5";
-  if (value == "reverse-portrait") return "6";
-  return value;
 }
 
 PanelRow OrderRow() {
