@@ -43,7 +43,8 @@ bool IsUnseen(std::string_view character) {
 std::string CleanText(std::string_view text) {
   // What comes behind is cut off anyway, whatever it is.
   constexpr size_t kLooked = 16 * kLongest;
-  const std::string whole = ToUtf8(WithoutCutCharacter(text.substr(0, kLooked)));
+  if (text.size() > kLooked) text = WithoutCutCharacter(text.substr(0, kLooked));
+  const std::string whole = ToUtf8(text);
   std::string clean;
   for (std::string_view rest = whole; !rest.empty();) {
     const std::string_view character = rest.substr(0, LengthOfUtf8Character(rest));

@@ -1,0 +1,102 @@
+#include "tests/portal/PortalSession.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kServiceName[] = "org.freedesktop.impl.portal.desktop.pdeprint";
+
+std::string ServiceFile(const std::string &name, const std::string &command) {
+  return "[D-BUS Service]\nName=" + name + "\nExec=" + command + '\n';
+}
+
+// "NAME STATE PARENT" of a process; empty: there is none.
+struct ProcessState {
+  std::string name;
+  char state = 0;
+  pid_t parent = 0;
+};
+
+ProcessState StateOf(pid_t process) {
+  const std::string stat = ContentOf("/proc/" + std::to_string(process) + "/stat");
+  const size_t begin = stat.find('('), end = stat.rfind(')');
+  if (begin == std::string::npos || end == std::string::npos) return {};
+  ProcessState state{.name = stat.substr(begin + 1, end - begin - 1)};
+  std::istringstream(stat.substr(end + 1)) >> state.state >> state.parent;
+  return state;
+}
+
+std::vector<pid_t> ChildrenOf(pid_t parent, const std::string &name = "") {
+  std::vector<pid_t> children;
+  for (const fs::directory_entry &entry : fs::directory_iterator("/proc")) {
+    const std::string number = entry.path().filename().string();
+    if (number.find_first_not_of("0123456789") != std::string::npos) continue;
+    const ProcessState state = StateOf(std::stoi(number));
+    const bool is_named = name.empty() || state.name == name;
+    if (state.parent == parent && state.state != 'Z' && is_named) {
+      children.push_back(std::stoi(number));
+    }
+  }
+  return children;
+}
+
+}  // namespace
+
+bool IsRunning(pid_t process) {
+  const char state = StateOf(process).state;
+  return state != 0 && state != 'Z';
+}
+
+PortalSession::PortalSession(const EnvironmentChanges &changes) : environment_(changes) {
+  folder_.Write("bus.conf",
+                "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
+                "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n<busconfig>"
+                "<type>session</type><listen>" +
+                    address() + "</listen><servicedir>" + (folder_.path() / "services").string() +
+                    "</servicedir><policy context=\"default\"><allow send_destination=\"*\" "
+                    "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
+                    "</busconfig>\n");
+  const auto add_service = [this](const std::string &name, const std::string &command) {
+    folder_.Write("services/" + name + ".service", ServiceFile(name, command));
+  };
+  add_service("org.freedesktop.portal.Desktop", "/usr/libexec/xdg-desktop-portal");
+  add_service("org.freedesktop.impl.portal.PermissionStore", "/usr/libexec/xdg-permission-store");
+  add_service(kServiceName, BINARY_DIRECTORY "/pdeprint-portal --document-limit=5");
+  folder_.Write("portals/pdeprint.portal", ContentOf(SOURCE_DIRECTORY "/portal/pdeprint.portal"));
+  // From version 1.17 on; before, the name of the desktop tells.
+  folder_.Write("config/xdg-desktop-portal/portals.conf",
+                "[preferred]\norg.freedesktop.impl.portal.Print=pdeprint\n");
+  fs::create_directories(data());
+  const std::string folder = folder_.path();
+  environment_.merge(EnvironmentChanges{{"XDG_CONFIG_HOME", folder + "/config"},
+                                        {"XDG_DATA_HOME", data().string()},
+                                        {"XDG_CACHE_HOME", folder + "/cache"},
+                                        {"XDG_RUNTIME_DIR", folder},
+                                        {"XDG_CURRENT_DESKTOP", "pdeprint"},
+                                        {"XDG_DESKTOP_PORTAL_DIR", folder + "/portals"},
+                                        {"DBUS_SESSION_BUS_ADDRESS", address()},
+                                        {"NO_AT_BRIDGE", "1"},
+                                        {"GSETTINGS_BACKEND", "memory"},
+                                        {"LANGUAGE", "en"}});
+  bus_ = std::make_unique<RunningProgram>(
+      std::vector<std::string>{"dbus-daemon", "--nofork", "--nosyslog",
+                               "--config-file=" + folder + "/bus.conf"},
+      RunOptions{.environment = environment_});
+  EXPECT_TRUE(Becomes([this] { return fs::exists(folder_.path() / "bus"); })) << "no bus";
+}
+
+EnvironmentChanges PortalSession::Environment() const { return environment_; }
+
+pid_t PortalSession::Service() const {
+  const auto services = ChildrenOf(bus_->pid(), "pdeprint-portal");
+  return services.empty() ? 0 : services.front();
+}
+
+std::vector<pid_t> PortalSession::Children() const {
+  const pid_t service = Service();
+  return service == 0 ? std::vector<pid_t>() : ChildrenOf(service);
+}
