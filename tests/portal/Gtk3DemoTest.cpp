@@ -1,6 +1,8 @@
 // What people see who print from an application that knows nothing of any of this: the whole way,
 // to the printed pages.
 
+#include <csignal>
+
 #include "tests/portal/PrintingSession.h"
 
 namespace {

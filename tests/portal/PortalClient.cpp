@@ -81,7 +81,7 @@ Message PortalClient::NewCall(const char *path, const char *interface, const cha
 }
 
 std::string PortalClient::Send(const Message &call) {
-  sd_bus_error error = SD_BUS_ERROR_NULL;
+  sd_bus_error error = {};
   sd_bus_message *raw = nullptr;
   const int done = sd_bus_call(bus_.get(), call.get(), 0, &error, &raw);
   const Message answer(raw);

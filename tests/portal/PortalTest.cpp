@@ -4,17 +4,12 @@
 
 #include <filesystem>
 #include <regex>
-#include <sstream>
 
 #include "tests/pages/PreparedServer.h"
 #include "tests/portal/PortalClient.h"
 #include "tests/portal/PrintingSession.h"
-#include "tests/support/RawPdf.h"
 
 namespace {
-
-using testing::Contains;
-using testing::Pair;
 
 class PrintPortal : public PrintingSession {
  protected:
@@ -45,8 +40,7 @@ class PrintPortal : public PrintingSession {
 std::string PrintPortal::PagesOf(const std::string &pdf) {
   static const std::regex heading("Page ([0-9]+)");
   std::string pages;
-  std::istringstream text(TextOfPdf(pdf));
-  for (std::string page; std::getline(text, page, '\f');) {
+  for (const std::string &page : TextsOfPages(pdf)) {
     std::string headings;
     for (std::sregex_iterator at(page.begin(), page.end(), heading), end; at != end; ++at) {
       headings += (headings.empty() ? "" : ",") + at->str(1);

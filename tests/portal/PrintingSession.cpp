@@ -4,7 +4,6 @@
 #include <regex>
 #include <sstream>
 
-#include "tests/support/RawPdf.h"
 #include "tests/support/TestPPD.h"
 
 namespace {
@@ -17,6 +16,12 @@ constexpr char kPdfPrinter[] =
 
 bool HasEnded(const std::string &state) {
   return state == "completed" || state == "aborted" || state == "canceled";
+}
+
+int LastJob(const PrivateServer &server) {
+  int job = 0;
+  while (!server.JobAttributes(job + 1).empty()) ++job;
+  return job;
 }
 
 }  // namespace
@@ -34,16 +39,6 @@ void PrintingSession::TearDownTestSuite() {
   delete server_;
   server_ = nullptr;
 }
-
-namespace {
-
-int LastJob(const PrivateServer &server) {
-  int job = 0;
-  while (!server.JobAttributes(job + 1).empty()) ++job;
-  return job;
-}
-
-}  // namespace
 
 PrintingSession::PrintingSession()
     : last_job_(LastJob(server())), session_(server().Environment()) {}
@@ -80,11 +75,20 @@ void PrintingSession::SwitchNumberingOn(const std::string &dialog) {
   TypeIn(dialog, "25");
 }
 
+std::vector<std::string> TextsOfPages(const std::string &pdf) {
+  const TemporaryFolder folder;
+  const RunResult result = RunProgram({"pdftotext", folder.Write("file.pdf", pdf), "-"});
+  EXPECT_EQ(0, result.status) << result.err;
+  std::istringstream text(result.out);
+  std::vector<std::string> pages;
+  for (std::string page; std::getline(text, page, '\f');) pages.push_back(page);
+  return pages;
+}
+
 std::string NumbersOnPages(const std::string &pdf) {
   static const std::regex number("\\b[0-9]{2}\\b");
   std::string numbers;
-  std::istringstream text(TextOfPdf(pdf));
-  for (std::string page; std::getline(text, page, '\f');) {
+  for (const std::string &page : TextsOfPages(pdf)) {
     std::smatch found;
     numbers += numbers.empty() ? "" : " ";
     numbers += std::regex_search(page, found, number) ? found.str() : "-";

@@ -45,7 +45,9 @@ class PrintingSession : public testing::Test {
   const PortalSession session_;
 };
 
-// The numbers of two digits on the pages of a PDF file, "25 26"; "-" for a page without.
+// The text on each page of a PDF file.
+std::vector<std::string> TextsOfPages(const std::string &pdf);
+// The numbers of two digits on its pages, "25 26"; "-" for a page without.
 std::string NumbersOnPages(const std::string &pdf);
 
 #endif
