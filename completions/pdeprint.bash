@@ -29,8 +29,11 @@ __pdeprint_unquote() {
 
 __pdeprint_options() {
   case $1 in
-    show) echo -d --queue --ppd -P --preset --ticket --snapshot --wait --alert ;;
-    print) echo -d --queue -P --preset --ticket --set -n --copies -t --title --wait ;;
+    show)
+      echo -d --queue --ppd -P --preset --ticket --snapshot --wait --alert --json --title --app \
+        --accept-label --parent
+      ;;
+    print) echo -d --queue -P --preset --ticket --set -n --copies -t --title --wait --alert ;;
     save)
       echo -o --output --png --resolution --force -d --queue --ppd -P --preset --ticket --set -n \
         --copies
@@ -40,6 +43,10 @@ __pdeprint_options() {
     queues) echo --json ;;
     enable) echo -d --queue -o --output --apply --all --json --method ;;
     disable) echo -d --queue -o --output --apply --all --json ;;
+    portal)
+      echo --enable --disable --status -h --help
+      return
+      ;;
     *) return 1 ;;
   esac
   echo --plugin --timeout -h --help
@@ -47,7 +54,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --alert | --json | --apply | --all | --png | --force | -h | --help) return 1 ;;
+    --wait | --alert | --json | --apply | --all | --png | --force | --enable | --disable | --status | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }
@@ -181,7 +188,7 @@ _pdeprint() {
   __pdeprint_unquote "${words[-1]}"
   current=$REPLY
   if ((${#words[@]} == 2)); then
-    options='show print save settings check queues enable disable'
+    options='show print save settings check queues enable disable portal'
     [[ $current != -* ]] || options='-h --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
     return

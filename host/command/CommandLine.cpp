@@ -98,6 +98,22 @@ void CheckPPDChange(const PPDChangeOptions &options) {
   }
 }
 
+CLI::App *AddPortal(CLI::App &app, PortalOptions &options) {
+  using Action = PortalOptions::Action;
+  CLI::App *verb = app.add_subcommand(
+      "portal",
+      "Whether applications that print through the desktop's portal open this program's dialog. "
+      "Needs no display.");
+  const auto add = [&](const std::string &name, Action action, const std::string &what) {
+    return verb->add_flag_callback(
+        name, [&options, action] { options.action = action; }, what);
+  };
+  CLI::Option *enable = add("--enable", Action::kEnable, "Let them, for this user");
+  CLI::Option *disable = add("--disable", Action::kDisable, "Take that back")->excludes(enable);
+  add("--status", Action::kStatus, "Say how it stands")->excludes(enable)->excludes(disable);
+  return verb;
+}
+
 const char kTicketReadAndWritten[] =
     "Print settings of the job, an XML property list: read first, where there is one, and written "
     "at the end";
@@ -170,6 +186,8 @@ int RunCommandLine(int argc, char **argv) {
   AddText(print, "-t,--title", print_options.title, "The job's name (default: the file's)",
           "TITLE");
   print->add_flag("--wait", print_options.wait, "Wait until the job has been printed");
+  print->add_flag("--alert", print_options.alert,
+                  "If the job is not printed, say why in a window too, if there is a display");
   AddSurroundings(print, print_options);
   print->add_option("FILE", print_options.files, "Files to print")->type_name("")->required();
 
@@ -258,6 +276,9 @@ int RunCommandLine(int argc, char **argv) {
                    "Take out of a PPD file, or a queue, what enable has added. Needs no display.",
                    disable_options);
 
+  PortalOptions portal_options;
+  CLI::App *portal = AddPortal(app, portal_options);
+
   try {
     app.parse(argc, argv);
     if (enable->parsed()) CheckPPDChange(enable_options);
@@ -268,6 +289,10 @@ int RunCommandLine(int argc, char **argv) {
     }
     if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
       throw CLI::RequiredError("PPD or --queue");
+    }
+    const bool is_portal_alone = portal->count_all() == 1;
+    if (portal->parsed() && is_portal_alone) {
+      throw CLI::RequiredError("--enable, --disable or --status");
     }
   } catch (const CLI::ParseError &error) {
     const auto is_named = [argv](const CLI::App *verb) { return verb->check_name(argv[1]); };
@@ -287,5 +312,6 @@ int RunCommandLine(int argc, char **argv) {
   if (check->parsed()) return Check(check_options);
   if (enable->parsed()) return Enable(enable_options);
   if (disable->parsed()) return Disable(disable_options);
+  if (portal->parsed()) return Portal(portal_options);
   return Queues(queues_options);
 }

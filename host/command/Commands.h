@@ -54,6 +54,7 @@ struct FileJobOptions : JobSource {
 struct PrintOptions : FileJobOptions {
   std::string title;  // empty: the files' names
   bool wait = false;
+  bool alert = false;  // say of a failure in a window too, where there is a display
 };
 
 struct SaveOptions : FileJobOptions {
@@ -83,6 +84,11 @@ struct PPDChangeOptions : Surroundings {
   DrawingMethod method = DrawingMethod::kFitting;  // of enable
 };
 
+struct PortalOptions {
+  enum class Action { kEnable, kDisable, kStatus };
+  Action action = Action::kStatus;
+};
+
 // Shows the dialog. The user prints the files there, or accepts the choices, or cancels.
 int Show(const ShowOptions &options);
 
@@ -108,5 +114,8 @@ int Enable(const PPDChangeOptions &options);
 
 // Takes out what Enable has added.
 int Disable(const PPDChangeOptions &options);
+
+// Chooses this program for the desktop's print portal, takes that back, or says how it stands.
+int Portal(const PortalOptions &options);
 
 #endif

@@ -5,10 +5,13 @@
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
 #include "host/command/Commands.h"
+#include "host/command/Display.h"
 #include "host/command/ScriptedJob.h"
 #include "host/command/Server.h"
 #include "host/cups/JobWaiting.h"
 #include "host/cups/RequestId.h"
+#import "host/dialog/Controls.h"
+#include "host/dialog/Prompt.h"
 #include "host/pages/PrintPages.h"
 
 namespace {
@@ -58,5 +61,11 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
 }  // namespace
 
 int Print(const PrintOptions &options) {
-  return WithFileJob(options, [&options](const ScriptedJob &job) { return Send(options, job); });
+  const int status =
+      WithFileJob(options, [&options](const ScriptedJob &job) { return Send(options, job); });
+  if (status == kDone || !options.alert) return status;
+  @autoreleasepool {
+    if (ConnectToDisplay()) Tell(Text(Sentence(LastComplaint())));
+  }
+  return status;
 }

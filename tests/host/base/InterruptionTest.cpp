@@ -24,3 +24,19 @@ TEST(Interruption, ASignalThatWasIgnoredBeforeStaysIgnored) {
   EXPECT_FALSE(Interruption::Came());
   EXPECT_EQ(SIG_IGN, signal(SIGHUP, before));
 }
+
+TEST(Interruption, ASignalSetsTheFlagsOfAllThatLive) {
+  std::atomic<bool> outer_flag = false;
+  const Interruption outer(outer_flag);
+  {
+    std::atomic<bool> flag = false;
+    const Interruption inner(flag);
+    raise(SIGTERM);
+    EXPECT_TRUE(flag);
+    EXPECT_TRUE(outer_flag);
+  }
+  outer_flag = false;
+  raise(SIGTERM);
+  EXPECT_TRUE(outer_flag);
+  EXPECT_TRUE(Interruption::Came());
+}

@@ -10,6 +10,7 @@
 #include "host/command/CheckReport.h"
 #include "host/command/PanelReport.h"
 #include "host/command/QueuesReport.h"
+#include "host/command/ShowReport.h"
 #include "host/extension/BundleSearch.h"
 #include "host/presets/PresetStore.h"
 #include "tests/host/command/HelpText.h"
@@ -121,6 +122,7 @@ TEST(Manual, NamesTheOptionsOfEachVerbAndTheirValuesInItsSection) {
 TEST(Manual, ExplainsTheOptionsThatEveryVerbHas) {
   Names common = LongOptions(OptionsHelp(*Verbs().begin()));
   for (const std::string &verb : Verbs()) {
+    if (verb == "portal") continue;
     const Names options = LongOptions(OptionsHelp(verb));
     std::erase_if(common, [&](const std::string &option) { return !options.contains(option); });
   }
@@ -129,7 +131,7 @@ TEST(Manual, ExplainsTheOptionsThatEveryVerbHas) {
 
 TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
   const std::vector<Json> shown = JsonIn(Section("Answers in JSON"));
-  ASSERT_EQ(4u, shown.size());
+  ASSERT_EQ(5u, shown.size());
   const PanelReport settings{.panel = "Panel",
                              .summary = {{"Title", "Value"}},
                              .options = {{"VQBNSize", "Small"}},
@@ -147,6 +149,15 @@ TEST(Manual, ShowsTheShapeOfEachAnswerInJson) {
   queue.panels = {"Panel"};
   queue.applications = {{"Bundle", Application::By::kPrinter}};
   EXPECT_EQ(Shape(Json::parse(QueuesJson({queue}))), Shape(shown[3]));
+  // All that there can be.
+  ShowReport ended{.outcome = ShowReport::Outcome::kFailed,
+                   .reason = "reason",
+                   .job = 1,
+                   .files = {"file"},
+                   .shown = ShownJob{.queue = "A",
+                                     .paper = NamedPaper{"A4", {.size = {595, 842}}},
+                                     .settings = {{"VQBNSize", "Small"}}}};
+  EXPECT_EQ(Shape(Json::parse(ended.Json())), Shape(shown[4]));
 }
 
 TEST(Manual, NamesTheFoldersOfBundles) {

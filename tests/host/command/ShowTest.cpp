@@ -5,25 +5,16 @@
 #include <csignal>
 #include <map>
 #include <regex>
-#include <sstream>
 
-#include "tests/support/Patience.h"
-#include "tests/support/RunProgram.h"
+#include "tests/host/command/ShownDialog.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-using namespace std::chrono_literals;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-using Arguments = std::vector<std::string>;
-
-const char kColorPPD[] = SOURCE_DIRECTORY "/tests/support/SampleColor.ppd";
-const char kMonoPPD[] = SOURCE_DIRECTORY "/tests/support/SampleMono.ppd";
-
-const char kDone[] = "Return";
 
 std::string Ticket(const std::map<std::string, std::string> &values) {
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>";
@@ -44,81 +35,6 @@ std::string Report(const std::string &size, const std::string &density, const st
          color + "\n  VQBNDensity=" + density + "\n  VQBNSize=" + size +
          "\n  VQBackgroundNumbering=On\n  VQStartNumber=" + number + "\n";
 }
-
-Arguments Show(const std::string &ppd, const Arguments &more) {
-  Arguments command = {kPdeprint, "show", "--ppd", ppd};
-  command.insert(command.end(), more.begin(), more.end());
-  return command;
-}
-
-// The panel in its window, which has the focus.
-class Dialog {
- public:
-  explicit Dialog(const Arguments &more, const std::string &ppd = kColorPPD,
-                  const std::string &out = "")
-      : program_(OnAnEmptyDisplay(Show(ppd, more)),
-                 {.environment = {{"LANGUAGE", "en"}}, .out = out}) {
-    AwaitWindows(1);
-    const Arguments windows = VisibleWindows();
-    if (windows.empty()) return;
-    window_ = windows.front();
-    const RunResult result =
-        RunProgram({"timeout", "20", "xdotool", "windowactivate", "--sync", window_});
-    EXPECT_EQ(0, result.status) << "the window does not take the focus";
-  }
-
-  void Press(const Arguments &keys) {
-    Arguments command = {"xdotool", "key", "--delay", "40"};
-    command.insert(command.end(), keys.begin(), keys.end());
-    EXPECT_EQ(0, RunProgram(command).status);
-  }
-
-  void Type(const std::string &text) {
-    EXPECT_EQ(0, RunProgram({"xdotool", "type", "--delay", "40", text}).status);
-  }
-
-  // Opens the menu of the pop-up button that has the focus.
-  void OpenMenu() {
-    Press({"space"});
-    AwaitWindows(2);
-  }
-  // Ends the open menu with this key.
-  void EndMenu(const std::string &key) {
-    Press({key});
-    AwaitWindows(1);
-  }
-
-  RunResult Close(const std::string &key = kDone) {
-    Press({key});
-    return program_.Wait();
-  }
-
-  std::string Title() const { return RunProgram({"xdotool", "getwindowname", window_}).out; }
-  RunningProgram &program() { return program_; }
-
- private:
-  // The display shows nothing else; a menu is a window too.
-  static Arguments VisibleWindows() {
-    std::istringstream lines(RunProgram({"xdotool", "search", "--onlyvisible", "--name", "."}).out);
-    Arguments windows;
-    for (std::string line; std::getline(lines, line);) windows.push_back(line);
-    return windows;
-  }
-
-  static void AwaitWindows(size_t count) {
-    EXPECT_TRUE(Becomes([count] { return VisibleWindows().size() == count; }))
-        << "there are not " << count << " windows but " << VisibleWindows().size();
-  }
-
-  // The server takes away the window of a program that has ended in its own time.
-  static Arguments OnAnEmptyDisplay(Arguments command) {
-    AwaitWindows(0);
-    return command;
-  }
-
-  RunningProgram program_;
-  std::string window_;
-};
 
 unsigned BigEndian(const std::string &bytes, size_t offset) {
   unsigned value = 0;

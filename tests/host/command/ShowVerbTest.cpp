@@ -28,6 +28,26 @@ TEST(ShowVerb, FailsWithoutADisplayAndLeavesTheTicket) {
   }
 }
 
+TEST(ShowVerb, ToldInJsonAFailureHasItsReason) {
+  const RunResult result = RunPdeprint({"show", "--json", "--ppd", "/absent.ppd"});
+  EXPECT_EQ(1, result.status);
+  EXPECT_EQ(Json::parse(R"({"outcome": "failed",
+                            "reason": "cannot read /absent.ppd: no such file"})"),
+            Parsed(result.out));
+  const RunResult no_display = RunPdeprint({"show", "--json", "--alert", "--ppd", kColorPPD});
+  EXPECT_EQ(1, no_display.status);
+  EXPECT_THAT(Parsed(no_display.out)["reason"], HasSubstr("there is no display"));
+}
+
+TEST(ShowVerb, AParentThatIsNoWindowIsWrongUsage) {
+  for (const char *parent : {"1a2b", "x11:", "x11:0", "x11:window", "x11:123456789", "x12:1"}) {
+    const RunResult result = RunPdeprint({"show", "--parent", parent});
+    EXPECT_EQ(2, result.status) << parent;
+    EXPECT_THAT(result.err, HasSubstr("--parent: must be x11: and the number of a window"))
+        << parent;
+  }
+}
+
 TEST(ShowVerb, FailsBeforeItNeedsADisplayIfAFileIsWrong) {
   const RunResult result = RunPdeprint({"show", "--ppd", "/absent.ppd"});
   EXPECT_EQ(1, result.status);
