@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "portal/bus/Words.h"
+#include "tests/portal/PortalSession.h"
 #include "tests/support/Patience.h"
 
 namespace {
@@ -57,15 +58,9 @@ Reply ReadReply(sd_bus_message *message) {
 
 }  // namespace
 
-PortalClient::PortalClient(const std::string &address) {
-  sd_bus *bus = nullptr;
-  sd_bus_new(&bus);
-  bus_.reset(bus);
-  sd_bus_set_address(bus, address.c_str());
-  sd_bus_set_bus_client(bus, 1);
-  const int done = sd_bus_start(bus);
-  EXPECT_GE(done, 0) << "no connection to " << address;
-  sd_bus_match_signal(bus, nullptr, nullptr, nullptr, kRequest, "Response", HearResponse, this);
+PortalClient::PortalClient(const std::string &address) : bus_(ConnectTo(address)) {
+  sd_bus_match_signal(bus_.get(), nullptr, nullptr, nullptr, kRequest, "Response", HearResponse,
+                      this);
 }
 
 int PortalClient::HearResponse(sd_bus_message *message, void *client, sd_bus_error *) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -14,37 +14,41 @@ std::string ServiceFile(const std::string &name, const std::string &command) {
   return "[D-BUS Service]\nName=" + name + "\nExec=" + command + '\n';
 }
 
-// "NAME STATE PARENT" of a process; empty: there is none.
 struct ProcessState {
-  std::string name;
-  char state = 0;
+  char state = 0;  // there is none
   pid_t parent = 0;
 };
 
 ProcessState StateOf(pid_t process) {
   const std::string stat = ContentOf("/proc/" + std::to_string(process) + "/stat");
-  const size_t begin = stat.find('('), end = stat.rfind(')');
-  if (begin == std::string::npos || end == std::string::npos) return {};
-  ProcessState state{.name = stat.substr(begin + 1, end - begin - 1)};
+  const size_t end = stat.rfind(')');
+  if (end == std::string::npos) return {};
+  ProcessState state;
   std::istringstream(stat.substr(end + 1)) >> state.state >> state.parent;
   return state;
 }
 
-std::vector<pid_t> ChildrenOf(pid_t parent, const std::string &name = "") {
+std::vector<pid_t> ChildrenOf(pid_t parent) {
   std::vector<pid_t> children;
   for (const fs::directory_entry &entry : fs::directory_iterator("/proc")) {
     const std::string number = entry.path().filename().string();
     if (number.find_first_not_of("0123456789") != std::string::npos) continue;
     const ProcessState state = StateOf(std::stoi(number));
-    const bool is_named = name.empty() || state.name == name;
-    if (state.parent == parent && state.state != 'Z' && is_named) {
-      children.push_back(std::stoi(number));
-    }
+    if (state.parent == parent && state.state != 'Z') children.push_back(std::stoi(number));
   }
   return children;
 }
 
 }  // namespace
+
+Connection ConnectTo(const std::string &address) {
+  sd_bus *bus = nullptr;
+  sd_bus_new(&bus);
+  sd_bus_set_address(bus, address.c_str());
+  sd_bus_set_bus_client(bus, 1);
+  EXPECT_GE(sd_bus_start(bus), 0) << "no connection to " << address;
+  return Connection(bus);
+}
 
 bool IsRunning(pid_t process) {
   const char state = StateOf(process).state;
@@ -92,8 +96,15 @@ PortalSession::PortalSession(const EnvironmentChanges &changes) : environment_(c
 EnvironmentChanges PortalSession::Environment() const { return environment_; }
 
 pid_t PortalSession::Service() const {
-  const auto services = ChildrenOf(bus_->pid(), "pdeprint-portal");
-  return services.empty() ? 0 : services.front();
+  const Connection bus = ConnectTo(address());
+  sd_bus_message *raw = nullptr;
+  const int done = sd_bus_call_method(
+      bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+      "GetConnectionUnixProcessID", nullptr, &raw, "s", kServiceName);
+  const Message answer(raw);
+  uint32_t process = 0;
+  if (done >= 0) sd_bus_message_read_basic(raw, 'u', &process);
+  return static_cast<pid_t>(process);
 }
 
 std::vector<pid_t> PortalSession::Children() const {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "portal/bus/Handles.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -35,6 +36,9 @@ class PortalSession {
   EnvironmentChanges environment_;
   std::unique_ptr<RunningProgram> bus_;
 };
+
+// A connection of its own; one that cannot be made is the test's failure.
+Connection ConnectTo(const std::string &address);
 
 // Whether a process is there, and no mere remnant of one.
 bool IsRunning(pid_t process);

@@ -86,12 +86,12 @@ std::vector<std::string> TextsOfPages(const std::string &pdf) {
 }
 
 std::string NumbersOnPages(const std::string &pdf) {
-  static const std::regex number("\\b[0-9]{2}\\b");
+  static const std::regex number("(?:^|\n)([0-9]{2})(?:\n|$)");
   std::string numbers;
   for (const std::string &page : TextsOfPages(pdf)) {
     std::smatch found;
     numbers += numbers.empty() ? "" : " ";
-    numbers += std::regex_search(page, found, number) ? found.str() : "-";
+    numbers += std::regex_search(page, found, number) ? found.str(1) : "-";
   }
   return numbers;
 }

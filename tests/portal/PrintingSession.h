@@ -47,7 +47,7 @@ class PrintingSession : public testing::Test {
 
 // The text on each page of a PDF file.
 std::vector<std::string> TextsOfPages(const std::string &pdf);
-// The numbers of two digits on its pages, "25 26"; "-" for a page without.
+// The numbers of two digits that stand alone on its pages, "25 26"; "-" for a page without.
 std::string NumbersOnPages(const std::string &pdf);
 
 #endif
