@@ -171,7 +171,7 @@ void PrintDialog::Open() {
 void PrintDialog::AwaitClosing() {
   if (job_.closes == nullptr) return;
   closing_ = Poller([this] {
-    if (!*job_.closes) return false;
+    if (!*job_.closes || end_) return false;
     if ([NSApp modalWindow] == nil) {
       Cancel();
     } else {
@@ -279,7 +279,6 @@ void PrintDialog::Cancel() {
 void PrintDialog::End(DialogEnd end) {
   printers_.Stop();
   passwords_.Close();
-  closing_ = Poller();
   [window_.get() setAfterEvents:nullptr];
   if (preview_ != nullptr) preview_->SetShown(false);
   const bool canceled = end == DialogEnd::kCanceled;

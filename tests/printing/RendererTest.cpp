@@ -4,6 +4,7 @@
 
 #include "tests/printing/PrintedJob.h"
 #include "tests/support/Documents.h"
+#include "tests/support/RunProgram.h"
 
 namespace {
 
@@ -18,6 +19,16 @@ const std::string &TransparentPdf() {
                           "\n.5 .setfillconstantalpha 1 0 0 setrgbcolor 10 10 30 30 rectfill",
                       TextPage("Page 2", 200, 280)}));
   return pdf;
+}
+
+// Two pages of text.
+std::string CairoPdf() {
+  const TemporaryFolder folder;
+  const std::string made = folder.path() / "cairo.pdf";
+  const RunResult result =
+      RunProgram({"pdftocairo", "-pdf", folder.Write("text.pdf", TextPdf(2)), made});
+  EXPECT_EQ(0, result.status) << result.err;
+  return ContentOf(made);
 }
 
 PrintedJob TransparentJob(const std::string &queue, const std::string &placement) {
@@ -66,6 +77,26 @@ TEST(Renderer, ATransparentPageHidesTheNumberBehindItButPdftocairoKeepsIt) {
     EXPECT_EQ(NumberColor(kept[0]), NumberColor(kept[1]));
     EXPECT_NEAR(NumberBox(kept[0]).height(), NumberBox(kept[1]).height(), 0.02);
     ExpectInTheMiddle(kept[0]);
+  }
+}
+
+// Cairo, with which many programs make their documents, takes every page for transparent.
+TEST(Renderer, PagesMadeByCairoKeepTheNumberBehindThem) {
+  const std::string document = CairoPdf();
+  const auto is_number = [](Color color) { return color != kWhitePaper && color != kBlackInk; };
+  const Box middle = {0.2, 0.35, 0.8, 0.65};
+  const PrintedJob job(On(), document);
+  EXPECT_EQ(job.Numbers(), "25 26");
+  for (const PrintedPage &page : job.Pages()) {
+    EXPECT_GE(page.picture().ShareOf(is_number, middle), 0.02);
+    ExpectInTheMiddle(page);
+  }
+  // As another program sends them: with the renderer that the print system takes by itself.
+  const TemporaryFolder folder;
+  const PrintedJob hidden({"lp", "-d", "Color", "-o", "VQBackgroundNumbering=On",
+                           folder.Write("document.pdf", document)});
+  for (const PrintedPage &page : hidden.Pages()) {
+    EXPECT_EQ(page.picture().ShareOf(is_number, middle), 0);
   }
 }
 

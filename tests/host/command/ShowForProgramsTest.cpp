@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/host/command/ShownDialog.h"
+#include "tests/support/EnvironmentVariable.h"
 
 namespace fs = std::filesystem;
 
@@ -96,12 +97,16 @@ TEST(ShowForPrograms, AnEndFromOutsideIsToldAsCanceled) {
 }
 
 TEST(ShowForPrograms, AnEndFromOutsideAlsoEndsAnOpenQuestion) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable config("XDG_CONFIG_HOME", folder.path().string());
   Dialog dialog({"--json"});
-  dialog.Press({"shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab"});
+  // To the presets; the last of their commands asks for a name.
+  dialog.Press({"shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab"});
   dialog.OpenMenu();
-  dialog.Press({"Up"});
-  dialog.Press({"Return"});
-  dialog.AwaitWindows(2);
+  dialog.Press({"Down", "Down", "Return"});
+  ASSERT_TRUE(Becomes([] {
+    return !RunProgram({"xdotool", "search", "--onlyvisible", "--name", "^Print$"}).out.empty();
+  }));
   dialog.program().Signal(SIGTERM);
   const RunResult result = dialog.program().Wait();
   EXPECT_EQ(3, result.status) << result.err;
