@@ -32,7 +32,6 @@ Outcome OutcomeNamed(const std::string &name) {
 std::optional<Paper> PaperIn(const Json &json) {
   const Json margins = Member(json, "margins");
   Paper paper = {.name = Text(Member(json, "name")),
-                 .ppd_name = Text(Member(json, "ppd-name")),
                  .width = Number(Member(json, "width")),
                  .height = Number(Member(json, "height")),
                  .top = Number(Member(margins, "top")),

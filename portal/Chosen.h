@@ -11,8 +11,7 @@
 
 // Sizes and margins are in millimeters, of the paper as it stands upright.
 struct Paper {
-  std::string name;      // of the standard for names of paper, "iso_a4_210x297mm"; empty: not known
-  std::string ppd_name;  // as PPD files have it, "A4"; empty: not known
+  std::string name;  // as the printer has it: "A4", "iso_a4_210x297mm", "Custom.100x200mm"
   double width = 0, height = 0;
   double top = 0, bottom = 0, left = 0, right = 0;
 };

@@ -1,5 +1,7 @@
 #include "portal/MappedValues.h"
 
+#include <cups/cups.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -84,6 +86,17 @@ std::string WithSize(const std::string &name, double width, double height) {
   if (parts >= 2) return name;
   if (!IsLength(width) || !IsLength(height)) return "";
   return name + '_' + DecimalText(width) + 'x' + DecimalText(height) + "mm";
+}
+
+// "iso_a4_210x297mm"; the printer's own names have no size behind them.
+bool IsStandardName(std::string_view name) { return std::ranges::count(name, '_') >= 2; }
+
+// Paper of this size that the print system has a name for; null: none.
+const pwg_media_t *KnownPaper(const Paper &paper) {
+  const auto hundredths = [](double number) { return static_cast<int>(std::lround(number * 100)); };
+  const pwg_media_t *found = pwgMediaForSize(hundredths(paper.width), hundredths(paper.height));
+  // Others are answered, too, with names that are made up.
+  return found == nullptr || std::string_view(found->pwg).starts_with("custom_") ? nullptr : found;
 }
 
 }  // namespace
@@ -205,13 +218,22 @@ std::optional<Value> GiveSides(const Value *sent, const Chosen &chosen) {
 }
 
 std::string PaperName(const Paper &paper) {
-  if (!paper.name.empty()) return paper.name;
+  if (IsStandardName(paper.name)) return paper.name;
+  if (const pwg_media_t *known = KnownPaper(paper)) return known->pwg;
   const std::string size = DecimalText(paper.width) + 'x' + DecimalText(paper.height) + "mm";
   return "custom_" + size + '_' + size;
 }
 
+std::string PpdPaperName(const Paper &paper) {
+  if (paper.name.starts_with("Custom.")) return "";
+  if (!IsStandardName(paper.name)) return paper.name;
+  const pwg_media_t *known = KnownPaper(paper);
+  return known == nullptr || known->ppd == nullptr ? "" : known->ppd;
+}
+
 std::string ShownPaperName(const Paper &paper) {
-  return paper.ppd_name.empty() ? PaperName(paper) : paper.ppd_name;
+  const std::string name = PpdPaperName(paper);
+  return name.empty() ? DecimalText(paper.width) + " x " + DecimalText(paper.height) + " mm" : name;
 }
 
 std::string DecimalText(double number) {

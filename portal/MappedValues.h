@@ -32,8 +32,11 @@ std::optional<Value> GivePages(const Value *sent, const Chosen &chosen);
 // What was chosen, under whichever name.
 std::optional<Value> GiveSides(const Value *sent, const Chosen &chosen);
 
-// The paper's name in the standard for such names; one with its size for a paper without one.
+// The paper's name in the standard for such names; of one without a name there, that of its size.
 std::string PaperName(const Paper &paper);
+// As PPD files have it; empty: it has none there.
+std::string PpdPaperName(const Paper &paper);
+// For people.
 std::string ShownPaperName(const Paper &paper);
 // With a decimal point, in whatever language.
 std::string DecimalText(double number);

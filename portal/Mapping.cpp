@@ -29,7 +29,8 @@ Given OfPaper(const Value *sent, const Chosen &chosen) {
 
 Given NameOf(const Paper &paper) { return PaperName(paper); }
 Given PpdNameOf(const Paper &paper) {
-  return paper.ppd_name.empty() ? std::nullopt : Given(paper.ppd_name);
+  const std::string name = PpdPaperName(paper);
+  return name.empty() ? std::nullopt : Given(name);
 }
 Given ShownNameOf(const Paper &paper) { return ShownPaperName(paper); }
 Given WidthTextOf(const Paper &paper) { return DecimalText(paper.width); }

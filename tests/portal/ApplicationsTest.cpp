@@ -63,9 +63,8 @@ TEST_F(NameOfApplicationTest, IsLookedForInTheseFoldersAlone) {
 TEST(DesktopFileFoldersTest, AreThoseOfTheBaseDirectories) {
   const EnvironmentVariable home("HOME", "/home/me"), own("XDG_DATA_HOME", std::nullopt);
   const EnvironmentVariable all("XDG_DATA_DIRS", "/a:relative:/b");
-  EXPECT_THAT(DesktopFileFolders(),
-              ElementsAre("/home/me/.local/share/applications", "/a/applications",
-                          "/b/applications"));
+  EXPECT_THAT(DesktopFileFolders(), ElementsAre("/home/me/.local/share/applications",
+                                                "/a/applications", "/b/applications"));
 }
 
 TEST(LanguagesOfUserTest, AreThoseOfTheEnvironment) {

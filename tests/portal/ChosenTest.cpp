@@ -11,14 +11,13 @@ using testing::Pair;
 
 TEST(ReadResult, ReadsWhatThePrintDialogSays) {
   const DialogResult result = ReadResult(R"({"outcome": "accepted", "queue": "Office",
-      "paper": {"name": "iso_a4_210x297mm", "ppd-name": "A4", "width": 210, "height": 297.04,
+      "paper": {"name": "A4", "width": 210, "height": 297.04,
                 "margins": {"top": 4.2, "bottom": 5, "left": 6, "right": 7}},
       "orientation": "portrait", "settings": {"Duplex": "None", "copies": "2"}})");
   EXPECT_EQ(Outcome::kAccepted, result.outcome);
   EXPECT_EQ("Office", result.chosen.queue);
   ASSERT_TRUE(result.chosen.paper);
-  EXPECT_EQ("iso_a4_210x297mm", result.chosen.paper->name);
-  EXPECT_EQ("A4", result.chosen.paper->ppd_name);
+  EXPECT_EQ("A4", result.chosen.paper->name);
   EXPECT_EQ(297.04, result.chosen.paper->height);
   EXPECT_EQ(4.2, result.chosen.paper->top);
   EXPECT_EQ(7, result.chosen.paper->right);

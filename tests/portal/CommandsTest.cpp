@@ -9,10 +9,10 @@ using testing::ElementsAre;
 }  // namespace
 
 TEST(PortalCommands, ShowTheDialog) {
-  EXPECT_THAT(ShowCommand("/bin/pdeprint", {"x11:5", "Report", "Editor", "Print"}, "Office", "/t"),
-              ElementsAre("/bin/pdeprint", "show", "--json", "--alert", "--parent=x11:5",
-                          "--title=Report", "--app=Editor", "--accept-label=Print",
-                          "--queue=Office", "--ticket=/t"));
+  EXPECT_THAT(
+      ShowCommand("/bin/pdeprint", {"x11:5", "Report", "Editor", "Print"}, "Office", "/t"),
+      ElementsAre("/bin/pdeprint", "show", "--json", "--alert", "--parent=x11:5", "--title=Report",
+                  "--app=Editor", "--accept-label=Print", "--queue=Office", "--ticket=/t"));
 }
 
 TEST(PortalCommands, LeaveOutWhatIsNotKnown) {

@@ -23,7 +23,8 @@ void Focus(const std::string &window) {
 
 std::vector<std::string> WindowsOf(const std::string &window_class) {
   std::istringstream found(
-      RunProgram({"xdotool", "search", "--onlyvisible", "--classname", "^" + window_class + "$"}).out);
+      RunProgram({"xdotool", "search", "--onlyvisible", "--classname", "^" + window_class + "$"})
+          .out);
   std::vector<std::string> windows;
   for (std::string window; std::getline(found, window);) windows.push_back(window);
   return windows;

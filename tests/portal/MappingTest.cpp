@@ -16,10 +16,9 @@ using testing::Pair;
 JobWords Settings(Dictionary settings) { return {.settings = std::move(settings)}; }
 JobWords PageSetup(Dictionary page_setup) { return {.page_setup = std::move(page_setup)}; }
 
-const Paper kA4 = {.name = "iso_a4_210x297mm",
-                   .ppd_name = "A4",
-                   .width = 210,
-                   .height = 297,
+const Paper kA4 = {.name = "A4",
+                   .width = 209.9,
+                   .height = 297.04,
                    .top = 4.2,
                    .bottom = 5,
                    .left = 6.35,
@@ -128,10 +127,11 @@ TEST(Mapping, AnswersWhatDoesNothingAlsoWhereNothingWasSent) {
 
 TEST(Mapping, AnswersTheSidesThatWereChosen) {
   const Dictionary sent = {{"duplex", "simplex"}};
-  for (const auto &[option, value, word] :
-       {std::tuple("Duplex", "DuplexNoTumble", "horizontal"), {"Duplex", "DuplexTumble", "vertical"},
-        {"Duplex", "None", "simplex"}, {"sides", "two-sided-long-edge", "horizontal"},
-        {"sides", "two-sided-short-edge", "vertical"}}) {
+  for (const auto &[option, value, word] : {std::tuple("Duplex", "DuplexNoTumble", "horizontal"),
+                                            {"Duplex", "DuplexTumble", "vertical"},
+                                            {"Duplex", "None", "simplex"},
+                                            {"sides", "two-sided-long-edge", "horizontal"},
+                                            {"sides", "two-sided-short-edge", "vertical"}}) {
     EXPECT_EQ(Value(word), AnsweredSettings(sent, {.settings = {{option, value}}}).at("duplex"))
         << value;
   }
@@ -149,8 +149,8 @@ TEST(Mapping, AnswersThePaperThatWasChosenWithItsMargins) {
   EXPECT_EQ((Dictionary{{"PPDName", "A4"},
                         {"Name", "iso_a4_210x297mm"},
                         {"DisplayName", "A4"},
-                        {"Width", 210.0},
-                        {"Height", 297.0},
+                        {"Width", 209.9},
+                        {"Height", 297.04},
                         {"MarginTop", 4.2},
                         {"MarginBottom", 5.0},
                         {"MarginLeft", 6.35},
@@ -158,14 +158,28 @@ TEST(Mapping, AnswersThePaperThatWasChosenWithItsMargins) {
                         {"Orientation", "landscape"}}),
             answer.page_setup);
   EXPECT_EQ(Value("iso_a4_210x297mm"), answer.settings.at("paper-format"));
-  EXPECT_EQ(Value("210"), answer.settings.at("paper-width"));
-  EXPECT_EQ(Value("297"), answer.settings.at("paper-height"));
+  EXPECT_EQ(Value("209.9"), answer.settings.at("paper-width"));
+  EXPECT_EQ(Value("297.04"), answer.settings.at("paper-height"));
   EXPECT_EQ(Value("landscape"), answer.settings.at("orientation"));
 }
 
+TEST(Mapping, NamesPaperAsTheStandardAndAsPpdFilesDo) {
+  for (const auto &[name, standard, of_ppd] :
+       {std::tuple("Letter", "na_letter_8.5x11in", "Letter"),
+        {"na_letter_8.5x11in", "na_letter_8.5x11in", "Letter"},
+        {"Letter.Borderless", "na_letter_8.5x11in", "Letter.Borderless"}}) {
+    const Paper letter = {.name = name, .width = 215.9, .height = 279.4};
+    const JobWords answer = AnswerTo({}, {.paper = letter});
+    EXPECT_EQ(Value(standard), answer.page_setup.at("Name")) << name;
+    EXPECT_EQ(Value(of_ppd), answer.page_setup.at("PPDName")) << name;
+  }
+}
+
 TEST(Mapping, NamesPaperOfAnySizeByItsSize) {
-  const JobWords answer = AnswerTo({}, {.paper = Paper{.width = 100, .height = 150.25}});
+  const JobWords answer =
+      AnswerTo({}, {.paper = Paper{.name = "Custom.100x150.25mm", .width = 100, .height = 150.25}});
   EXPECT_EQ(Value("custom_100x150.25mm_100x150.25mm"), answer.page_setup.at("Name"));
+  EXPECT_EQ(Value("100 x 150.25 mm"), answer.page_setup.at("DisplayName"));
   EXPECT_THAT(answer.page_setup, Not(Contains(Key("PPDName"))));
 }
 
@@ -176,8 +190,11 @@ TEST(Mapping, LeavesThePaperWhereTheQueueDoesNotSayIt) {
 
 TEST(Mapping, TakesThePaperOfThePageSetupBeforeThatOfTheSettings) {
   JobWords sent = {.settings = {{"paper-format", "na_letter_8.5x11in"}},
-                   .page_setup = {{"PPDName", "A3"}, {"Name", "iso_a3"}, {"Width", 297.0},
-                                  {"Height", 420.0}, {"Orientation", "landscape"}}};
+                   .page_setup = {{"PPDName", "A3"},
+                                  {"Name", "iso_a3"},
+                                  {"Width", 297.0},
+                                  {"Height", 420.0},
+                                  {"Orientation", "landscape"}}};
   EXPECT_THAT(OptionsOf(sent), ElementsAre(Pair("media", "A3")));
   sent.page_setup.erase("PPDName");
   EXPECT_THAT(OptionsOf(sent), ElementsAre(Pair("media", "iso_a3_297x420mm")));
@@ -193,28 +210,28 @@ TEST(Mapping, TakesNoRangesThatAreNotToBePrinted) {
 }
 
 TEST(Mapping, MakesNoOptionOfWhatNoJobCanHave) {
-  for (const auto &[key, value] : std::vector<std::pair<std::string, std::string>>{
-           {"n-copies", "0"},
-           {"n-copies", "10000"},
-           {"n-copies", "2 job-hold-until=indefinite"},
-           {"n-copies", "two"},
-           {"collate", "perhaps"},
-           {"page-ranges", "3-1"},
-           {"page-ranges", "-1"},
-           {"page-ranges", "1,"},
-           {"page-ranges", "1 2"},
-           {"page-ranges", "0-99999999999"},
-           {"page-set", "odd raw"},
-           {"reverse", "1"},
-           {"number-up", "3"},
-           {"number-up-layout", "lr"},
-           {"duplex", "both"},
-           {"use-color", ""},
-           {"quality", "best"},
-           {"paper-format", "A4 raw"},
-           {"paper-width", "nan"},
-           {"paper-width", "-1"},
-           {"paper-width", "1e9"}}) {
+  for (const auto &[key, value] :
+       std::vector<std::pair<std::string, std::string>>{{"n-copies", "0"},
+                                                        {"n-copies", "10000"},
+                                                        {"n-copies", "2 job-hold-until=indefinite"},
+                                                        {"n-copies", "two"},
+                                                        {"collate", "perhaps"},
+                                                        {"page-ranges", "3-1"},
+                                                        {"page-ranges", "-1"},
+                                                        {"page-ranges", "1,"},
+                                                        {"page-ranges", "1 2"},
+                                                        {"page-ranges", "0-99999999999"},
+                                                        {"page-set", "odd raw"},
+                                                        {"reverse", "1"},
+                                                        {"number-up", "3"},
+                                                        {"number-up-layout", "lr"},
+                                                        {"duplex", "both"},
+                                                        {"use-color", ""},
+                                                        {"quality", "best"},
+                                                        {"paper-format", "A4 raw"},
+                                                        {"paper-width", "nan"},
+                                                        {"paper-width", "-1"},
+                                                        {"paper-width", "1e9"}}) {
     const JobWords sent =
         Settings({{key, value}, {key == "page-ranges" ? "print-pages" : "x", "ranges"}});
     EXPECT_THAT(OptionsOf(sent), IsEmpty()) << key << '=' << value;
@@ -224,8 +241,11 @@ TEST(Mapping, MakesNoOptionOfWhatNoJobCanHave) {
 }
 
 TEST(Mapping, TakesNoOptionOfTheApplicationsOwn) {
-  const Dictionary sent = {{"cups-job-hold-until", "indefinite"}, {"job-sheets", "secret"},
-                           {"raw", "true"}, {"VQStartNumber", "5"}, {"copies", "7"},
+  const Dictionary sent = {{"cups-job-hold-until", "indefinite"},
+                           {"job-sheets", "secret"},
+                           {"raw", "true"},
+                           {"VQStartNumber", "5"},
+                           {"copies", "7"},
                            {"document-format", "application/vnd.cups-raw"}};
   EXPECT_THAT(OptionsOf(Settings(sent)), IsEmpty());
   EXPECT_THAT(OptionsOf(PageSetup(sent)), IsEmpty());

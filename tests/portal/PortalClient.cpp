@@ -45,8 +45,7 @@ Reply ReadReply(sd_bus_message *message) {
     } else if (name == "settings" || name == "page-setup") {
       if (!reply.words) reply.words.emplace();
       sd_bus_message_enter_container(message, SD_BUS_TYPE_VARIANT, "a{sv}");
-      ReadDictionary(message,
-                     name == "settings" ? reply.words->settings : reply.words->page_setup);
+      ReadDictionary(message, name == "settings" ? reply.words->settings : reply.words->page_setup);
       sd_bus_message_exit_container(message);
     } else {
       sd_bus_message_skip(message, "v");

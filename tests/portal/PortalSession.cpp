@@ -39,15 +39,22 @@ std::vector<pid_t> ChildrenOf(pid_t parent) {
   return children;
 }
 
+// Null: it is not there yet.
+Connection TryToConnect(const std::string &address) {
+  sd_bus *raw = nullptr;
+  sd_bus_new(&raw);
+  Connection bus(raw);
+  sd_bus_set_address(raw, address.c_str());
+  sd_bus_set_bus_client(raw, 1);
+  return sd_bus_start(raw) < 0 ? nullptr : std::move(bus);
+}
+
 }  // namespace
 
 Connection ConnectTo(const std::string &address) {
-  sd_bus *bus = nullptr;
-  sd_bus_new(&bus);
-  sd_bus_set_address(bus, address.c_str());
-  sd_bus_set_bus_client(bus, 1);
-  EXPECT_GE(sd_bus_start(bus), 0) << "no connection to " << address;
-  return Connection(bus);
+  Connection bus = TryToConnect(address);
+  EXPECT_NE(nullptr, bus) << "no connection to " << address;
+  return bus;
 }
 
 bool IsRunning(pid_t process) {
@@ -56,14 +63,15 @@ bool IsRunning(pid_t process) {
 }
 
 PortalSession::PortalSession(const EnvironmentChanges &changes) : environment_(changes) {
-  folder_.Write("bus.conf",
-                "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
-                "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n<busconfig>"
-                "<type>session</type><listen>" +
-                    address() + "</listen><servicedir>" + (folder_.path() / "services").string() +
-                    "</servicedir><policy context=\"default\"><allow send_destination=\"*\" "
-                    "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
-                    "</busconfig>\n");
+  folder_.Write(
+      "bus.conf",
+      "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
+      "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n<busconfig>"
+      "<type>session</type><listen>" +
+          address() + "</listen><servicedir>" + (folder_.path() / "services").string() +
+          "</servicedir><policy context=\"default\"><allow send_destination=\"*\" "
+          "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
+          "</busconfig>\n");
   const auto add_service = [this](const std::string &name, const std::string &command) {
     folder_.Write("services/" + name + ".service", ServiceFile(name, command));
   };
@@ -90,7 +98,7 @@ PortalSession::PortalSession(const EnvironmentChanges &changes) : environment_(c
       std::vector<std::string>{"dbus-daemon", "--nofork", "--nosyslog",
                                "--config-file=" + folder + "/bus.conf"},
       RunOptions{.environment = environment_});
-  EXPECT_TRUE(Becomes([this] { return fs::exists(folder_.path() / "bus"); })) << "no bus";
+  EXPECT_TRUE(Becomes([this] { return TryToConnect(address()) != nullptr; })) << "no bus";
 }
 
 EnvironmentChanges PortalSession::Environment() const { return environment_; }
@@ -98,9 +106,9 @@ EnvironmentChanges PortalSession::Environment() const { return environment_; }
 pid_t PortalSession::Service() const {
   const Connection bus = ConnectTo(address());
   sd_bus_message *raw = nullptr;
-  const int done = sd_bus_call_method(
-      bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-      "GetConnectionUnixProcessID", nullptr, &raw, "s", kServiceName);
+  const int done = sd_bus_call_method(bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                      "org.freedesktop.DBus", "GetConnectionUnixProcessID", nullptr,
+                                      &raw, "s", kServiceName);
   const Message answer(raw);
   uint32_t process = 0;
   if (done >= 0) sd_bus_message_read_basic(raw, 'u', &process);

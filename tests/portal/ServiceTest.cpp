@@ -37,9 +37,8 @@ class ServiceTest : public testing::Test {
   // What the dialog does, and what printing does with the names of files behind it.
   void Script(const std::string &show, const std::string &print) const {
     const std::string log = (folder_.path() / "log").string();
-    folder_.Write("pdeprint", "#!/bin/sh\necho \"$*\" >>" + log +
-                                  "\ncase $1 in\nshow) " + show + ";;\nprint)\n" + print +
-                                  ";;\nesac\n");
+    folder_.Write("pdeprint", "#!/bin/sh\necho \"$*\" >>" + log + "\ncase $1 in\nshow) " + show +
+                                  ";;\nprint)\n" + print + ";;\nesac\n");
     fs::permissions(folder_.path() / "pdeprint", fs::perms::owner_all);
   }
 
@@ -100,8 +99,7 @@ class ServiceTest : public testing::Test {
   TemporaryFolder folder_;
   std::map<std::string, Reply> replies_;
   int calls_ = 0;
-  Service service_{
-      {.pdeprint = folder_.path() / "pdeprint", .document_limit = 500ms * kSlowdown}};
+  Service service_{{.pdeprint = folder_.path() / "pdeprint", .document_limit = 500ms * kSlowdown}};
 };
 
 }  // namespace
@@ -179,7 +177,8 @@ TEST_F(ServiceTest, TakesATokenOnce) {
 TEST_F(ServiceTest, TakesNobodyElsesToken) {
   const uint32_t token = Accept();
   Script("echo '{\"outcome\": \"canceled\"}'", "");
-  EXPECT_EQ(Response::kCanceled, Await(Print(token, {":1.2", ":1.8", "org.example.Editor"})).response);
+  EXPECT_EQ(Response::kCanceled,
+            Await(Print(token, {":1.2", ":1.8", "org.example.Editor"})).response);
   EXPECT_EQ(Response::kDone, Await(Print(token)).response);
 }
 

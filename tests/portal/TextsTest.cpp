@@ -15,9 +15,7 @@ TEST(CleanText, KeepsTextsOfAllLanguages) {
   EXPECT_EQ("Übersicht 報告 تقرير 🖨", CleanText("Übersicht 報告 تقرير 🖨"));
 }
 
-TEST(CleanText, IsUtf8WhateverComes) {
-  EXPECT_EQ("\u00ff\u00e9", CleanText("\xff\xe9"));
-}
+TEST(CleanText, IsUtf8WhateverComes) { EXPECT_EQ("\u00ff\u00e9", CleanText("\xff\xe9")); }
 
 TEST(CleanText, IsCutShortBetweenCharacters) {
   std::string text;
@@ -37,8 +35,8 @@ TEST(CleanLabel, HasNoMarksOfMnemonics) {
 TEST(CleanParent, IsAWindowOfX) {
   EXPECT_EQ("x11:a00007", CleanParent("x11:a00007"));
   EXPECT_EQ("x11:A00007", CleanParent("x11:0xA00007"));
-  for (const char *other : {"", "x11:", "x11:xyz", "x11:0x", "x11:1234567890", "wayland:abc",
-                            "x11:1 --ppd", "X11:1"}) {
+  for (const char *other :
+       {"", "x11:", "x11:xyz", "x11:0x", "x11:1234567890", "wayland:abc", "x11:1 --ppd", "X11:1"}) {
     EXPECT_EQ("", CleanParent(other)) << other;
   }
 }

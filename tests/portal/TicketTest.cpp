@@ -8,9 +8,8 @@ TEST(PortalTicket, IsReadByThePrintDialog) {
   const TemporaryFolder folder;
   const auto ticket = folder.path() / "ticket";
   ASSERT_TRUE(WriteTicket(ticket, {{"copies", "3"}, {"page-ranges", "1-3,5"}}));
-  const RunResult result =
-      RunPdeprint({"settings", "--ppd", BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd",
-                   "--ticket", ticket});
+  const RunResult result = RunPdeprint(
+      {"settings", "--ppd", BINARY_DIRECTORY "/printer/VelmoraNumbering.ppd", "--ticket", ticket});
   EXPECT_EQ(0, result.status) << result.err;
   EXPECT_THAT(result.out, testing::HasSubstr("  copies=3\n"));
   EXPECT_THAT(result.out, testing::HasSubstr("  page-ranges=1-3,5\n"));
