@@ -66,9 +66,3 @@ void TypeIn(const std::string &window, const std::string &text) {
   EXPECT_EQ(0, RunProgram({"xdotool", "type", "--delay", "80", text}).status);
   std::this_thread::sleep_for(kBetweenKeys);
 }
-
-void KeepScreen(const std::string &name) {
-  const std::filesystem::path folder = BINARY_DIRECTORY "/pictures";
-  std::filesystem::create_directories(folder);
-  RunProgram({"import", "-window", "root", folder / (name + ".png")});
-}

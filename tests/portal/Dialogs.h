@@ -19,7 +19,4 @@ bool PressUntil(const std::string &window, const std::string &key,
                 const std::function<bool()> &done);
 void TypeIn(const std::string &window, const std::string &text);
 
-// A picture of the whole screen, below build/.../pictures.
-void KeepScreen(const std::string &name);
-
 #endif

@@ -24,7 +24,6 @@ TEST_F(Gtk3Demo, PrintsItsPagesWithNumbers) {
   const RunningProgram demo(demo_, Options());
   const std::string dialog = AwaitDialog();
   SwitchNumberingOn(dialog);
-  KeepScreen("portal-dialog");
   EndDialog(dialog, "Return");
   const std::string printed = Printed(AwaitJobs(1).front());
   EXPECT_THAT(NumbersOnPages(printed), testing::StartsWith("25 26 27 "));

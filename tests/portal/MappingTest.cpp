@@ -177,9 +177,9 @@ TEST(Mapping, NamesPaperAsTheStandardAndAsPpdFilesDo) {
 
 TEST(Mapping, NamesPaperOfAnySizeByItsSize) {
   const JobWords answer =
-      AnswerTo({}, {.paper = Paper{.name = "Custom.100x150.25mm", .width = 100, .height = 150.25}});
-  EXPECT_EQ(Value("custom_100x150.25mm_100x150.25mm"), answer.page_setup.at("Name"));
-  EXPECT_EQ(Value("100 x 150.25 mm"), answer.page_setup.at("DisplayName"));
+      AnswerTo({}, {.paper = Paper{.name = "Custom.123x234.25mm", .width = 123, .height = 234.25}});
+  EXPECT_EQ(Value("custom_123x234.25mm_123x234.25mm"), answer.page_setup.at("Name"));
+  EXPECT_EQ(Value("123 x 234.25 mm"), answer.page_setup.at("DisplayName"));
   EXPECT_THAT(answer.page_setup, Not(Contains(Key("PPDName"))));
 }
 
