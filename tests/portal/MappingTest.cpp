@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <set>
+#include <sstream>
+
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -112,6 +115,29 @@ TEST(Mapping, HasATestForEveryKeyOfSettings) {
       EXPECT_TRUE(tested.contains(row.key)) << row.key;
     }
   }
+}
+
+TEST(Mapping, StandsInTheDocument) {
+  std::vector<std::string> documented, known;
+  std::istringstream text(ContentOf(SOURCE_DIRECTORY "/docs/portal.md"));
+  bool is_table = false;
+  for (std::string line; std::getline(text, line);) {
+    if (line.starts_with("| Key |")) is_table = true;
+    if (line.empty()) is_table = false;
+    if (is_table && line.starts_with("| `")) {
+      documented.push_back(line.substr(3, line.find('`', 3) - 3));
+      // The option is the first word of the second column.
+      const size_t second = line.find('|', 3) + 2;
+      if (line[second] == '`') {
+        documented.back() += " " + line.substr(second + 1, line.find('`', second + 1) - second - 1);
+      }
+    }
+  }
+  for (const MappingRow &row : MappingTable()) {
+    known.push_back(std::string(row.key) +
+                    (row.option.empty() ? "" : " " + std::string(row.option)));
+  }
+  EXPECT_EQ(known, documented);
 }
 
 TEST(Mapping, AnswersWhatDoesNothingAlsoWhereNothingWasSent) {
