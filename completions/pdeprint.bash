@@ -31,7 +31,7 @@ __pdeprint_options() {
   case $1 in
     show)
       echo -d --queue --ppd -P --preset --ticket --snapshot --wait --alert --json --title --app \
-        --accept-label --parent
+        --accept-label --parent --warm
       ;;
     print) echo -d --queue -P --preset --ticket --set -n --copies -t --title --wait --alert ;;
     save)
@@ -54,7 +54,7 @@ __pdeprint_options() {
 
 __pdeprint_takes_value() {
   case $1 in
-    --wait | --alert | --json | --apply | --all | --png | --force | --enable | --disable | --status | -h | --help) return 1 ;;
+    --wait | --alert | --warm | --json | --apply | --all | --png | --force | --enable | --disable | --status | -h | --help) return 1 ;;
   esac
   [[ " $options " == *" $1 "* ]]
 }

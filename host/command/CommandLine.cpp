@@ -132,6 +132,15 @@ std::string WhatIsWrong(const CLI::App &app, const CLI::ParseError &error) {
   return std::string(error.what()) + "; `" + help + "` says more";
 }
 
+int RunShow(const std::vector<std::string> &arguments) {
+  std::vector<std::string> words = {"pdeprint", "show"};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char *> pointers;
+  for (std::string &word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  return RunCommandLine(static_cast<int>(words.size()), pointers.data());
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char **argv) {
@@ -156,6 +165,9 @@ int RunCommandLine(int argc, char **argv) {
   show->add_flag("--alert", show_options.alert,
                  "If the dialog cannot open, say why in a window too: for programs that start this "
                  "where nobody reads standard error");
+  show->add_flag("--warm", show_options.warm,
+                 "Get ready and wait; the arguments come as one line on standard input, a JSON "
+                 "array of texts");
   show->add_flag("--json", show_options.json, "Say in JSON how the dialog has ended");
   AddText(show, "--title", show_options.title,
           "The document's name, in the title and for the job (default: the file's)", "TITLE");
@@ -287,6 +299,9 @@ int RunCommandLine(int argc, char **argv) {
       throw CLI::ValidationError("--ppd",
                                  "files are printed on a queue (-d); --ppd alone prints nothing");
     }
+    if (show_options.warm && argc != 3) {
+      throw CLI::ValidationError("--warm", "everything else comes with the request");
+    }
     if (check->parsed() && check_options.ppds.empty() && check_options.queues.empty()) {
       throw CLI::RequiredError("PPD or --queue");
     }
@@ -305,7 +320,7 @@ int RunCommandLine(int argc, char **argv) {
     Complain(WhatIsWrong(app, error));
     return kWrongUsage;
   }
-  if (show->parsed()) return Show(show_options);
+  if (show->parsed()) return show_options.warm ? ShowWhenAsked(RunShow) : Show(show_options);
   if (print->parsed()) return Print(print_options);
   if (save->parsed()) return Save(save_options);
   if (settings->parsed()) return Settings(settings_options);

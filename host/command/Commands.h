@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,7 @@ struct ShowOptions : JobSource {
   std::vector<std::filesystem::path> files;
   bool wait = false;
   bool alert = false;        // where the dialog cannot open, say why in a window too
+  bool warm = false;         // wait until another program asks for it
   bool json = false;         // how the end is told; a signal then ends the dialog as canceled
   std::string title;         // the document's; empty: the files' names
   std::string application;   // for which this is done; empty: it is not said
@@ -91,6 +93,11 @@ struct PortalOptions {
 
 // Shows the dialog. The user prints the files there, or accepts the choices, or cancels.
 int Show(const ShowOptions &options);
+
+// Makes everything ready that a dialog needs, and waits for its arguments on standard input, one
+// JSON array of texts on a line; then shows it. The end of the input, or ten minutes without a
+// request, end it, too.
+int ShowWhenAsked(const std::function<int(const std::vector<std::string> &)> &show);
 
 // The rest needs no display.
 

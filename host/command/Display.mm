@@ -30,6 +30,8 @@ class SignalsAsBefore {
 }  // namespace
 
 bool ConnectToDisplay() {
+  static bool is_connected = false;
+  if (is_connected) return true;
   const char *display = getenv("DISPLAY");
   if (display == nullptr || *display == '\0') return false;
   // The dialog belongs to the application that prints; it has no icon of its own.
@@ -49,5 +51,6 @@ bool ConnectToDisplay() {
   } @catch (NSException *exception) {
     return false;
   }
+  is_connected = true;
   return true;
 }

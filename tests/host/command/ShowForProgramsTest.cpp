@@ -1,6 +1,9 @@
 // The built program's window as other programs open it.
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <nlohmann/json.hpp>
@@ -166,4 +169,35 @@ TEST(ShowForPrograms, AJobThatIsNotPrintedIsToldInAWindowToo) {
   const RunResult result = alert.Close();
   EXPECT_EQ(1, result.status);
   EXPECT_EQ("pdeprint: cannot print /nowhere/page.pdf: no such file\n", result.err);
+}
+
+TEST(ShowForPrograms, AWarmOneShowsNothingUntilItIsAsked) {
+  const TemporaryFolder folder;
+  const fs::path input = folder.path() / "input";
+  ASSERT_EQ(0, mkfifo(input.c_str(), 0600));
+  const std::string command = std::string("exec ") + kPdeprint + " show --warm <" + input.string();
+  const int writing = open(input.c_str(), O_RDWR | O_CLOEXEC);
+  RunningProgram program({"sh", "-c", command}, {.environment = {{"LANGUAGE", "en"}}});
+  const auto window = [] {
+    return RunProgram({"xdotool", "search", "--onlyvisible", "--name", "^Print — Report"}).out;
+  };
+  const std::string request =
+      std::string("[\"--json\", \"--title\", \"Report\", \"--ppd\", \"") + kColorPPD + "\"]\n";
+  EXPECT_FALSE(program.HasEnded(std::chrono::milliseconds(200)));
+  EXPECT_EQ("", window());
+  ASSERT_EQ(static_cast<ssize_t>(request.size()), write(writing, request.data(), request.size()));
+  close(writing);
+  ASSERT_TRUE(Becomes([&] { return !window().empty(); }));
+  RunProgram({"sh", "-c", "xdotool windowactivate --sync " + window()});
+  RunProgram({"xdotool", "key", "Escape"});
+  const RunResult result = program.Wait();
+  EXPECT_EQ(3, result.status) << result.err;
+  EXPECT_EQ(kCanceled, result.out);
+}
+
+TEST(ShowForPrograms, AWarmOneEndsWithItsInput) {
+  const RunResult result =
+      RunProgram({"sh", "-c", std::string("exec ") + kPdeprint + " show --warm </dev/null"});
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_EQ("", result.out);
 }
