@@ -43,3 +43,9 @@ Command PrintCommand(const fs::path &pdeprint, const std::string &title, const s
   command.push_back(document);
   return command;
 }
+
+Command ComplainCommand(const fs::path &pdeprint, const std::string &title, int reason) {
+  // The document's name is that of no file, and none is looked for.
+  return {pdeprint,           "print",   "--alert", "--unreadable=" + std::to_string(reason),
+          "--title=" + title, "document"};
+}

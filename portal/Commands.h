@@ -31,4 +31,8 @@ Command PrintCommand(const std::filesystem::path &pdeprint, const std::string &t
                      const std::string &queue, const std::filesystem::path &ticket,
                      const std::filesystem::path &document);
 
+// Says in a window why the document of an application cannot be printed, in the system's numbers.
+Command ComplainCommand(const std::filesystem::path &pdeprint, const std::string &title,
+                        int reason);
+
 #endif

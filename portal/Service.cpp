@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -199,8 +198,10 @@ void Service::HasAccepted(Request &request, const JobWords &words) {
   Answer(request, reply);
 }
 
+// Who has printed would not hear of it from the application.
 void Service::Complain(Request &request, int reason) {
-  std::cerr << "pdeprint-portal: " << CleanText(request.call.title) << ": " << std::strerror(reason)
-            << '\n';
-  Answer(request, {});
+  const std::string title = CleanText(request.call.title);
+  request.child.emplace(
+      Child::Run(ComplainCommand(options_.pdeprint, title, reason), request.File(kOut)));
+  request.next = [](Request &ended, int) { Answer(ended, {}); };
 }

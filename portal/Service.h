@@ -87,7 +87,7 @@ class Service {
                   Step next);
   void HasDocument(Request &request, const std::optional<AcceptedJob> &job, int status);
   void HasAccepted(Request &request, const JobWords &words);
-  static void Complain(Request &request, int reason);
+  void Complain(Request &request, int reason);
 
   const ServiceOptions options_;
   Tokens tokens_;

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
+
+#include "tests/support/RunProgram.h"
+
 namespace {
 
 using testing::ElementsAre;
@@ -24,6 +28,14 @@ TEST(PortalCommands, TakeNoTextForAnOption) {
   EXPECT_THAT(PrintCommand("/bin/pdeprint", "--help", "Office", "/t", "/d"),
               ElementsAre("/bin/pdeprint", "print", "--alert", "--title=--help", "--queue=Office",
                           "--ticket=/t", "/d"));
+}
+
+TEST(PortalCommands, SayWhyADocumentCannotBePrinted) {
+  const RunResult result =
+      RunProgram(ComplainCommand(kPdeprint, "Report", ENODATA),
+                 {.environment = {{"DISPLAY", std::nullopt}, {"LANGUAGE", "en"}}});
+  EXPECT_EQ(1, result.status);
+  EXPECT_EQ("pdeprint: cannot print \"Report\": No data available\n", result.err);
 }
 
 TEST(PortalCommands, RunTheProgramBesideThisOne) {

@@ -108,8 +108,11 @@ TEST_F(PrintPortal, PrintsFromTheDialogThatItOpensForADocument) {
 
 TEST_F(PrintPortal, RefusesDocumentsThatAreNone) {
   PortalClient client(session_.address());
+  // Says so in a window, too.
   const auto refuses = [&client](const Descriptor &document) {
-    return client.Await(client.Print(document, 0))->response == Response::kFailed;
+    const std::string handle = client.Print(document, 0);
+    EndDialog(AwaitDialog(), "Return");
+    return client.Await(handle)->response == Response::kFailed;
   };
   EXPECT_TRUE(refuses(Descriptor(open(folder_.Write("empty", "").c_str(), O_RDONLY))));
   EXPECT_TRUE(refuses(Descriptor(open("/dev/null", O_WRONLY))));
