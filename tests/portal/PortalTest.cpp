@@ -64,6 +64,28 @@ TEST_F(PrintPortal, PrintsWhatWasAskedForAndAnswersWhatDoesNothing) {
   EXPECT_EQ(Value("iso_a4_210x297mm"), accepted.words->page_setup["Name"]);
 }
 
+TEST_F(PrintPortal, BeginsWithQueuePaperAndSidesOfTheApplication) {
+  PortalClient client(session_.address());
+  Reply accepted =
+      Accept(client, {.settings = {{"printer", "Office"}, {"duplex", "horizontal"}},
+                      .page_setup = {{"PPDName", "A3"}, {"Orientation", "landscape"}}});
+  ASSERT_TRUE(accepted.words);
+  EXPECT_EQ(Value("Office"), accepted.words->settings["printer"]);
+  EXPECT_EQ(Value("horizontal"), accepted.words->settings["duplex"]);
+  EXPECT_EQ(Value("A3"), accepted.words->page_setup["PPDName"]);
+  EXPECT_EQ(Value("iso_a3_297x420mm"), accepted.words->page_setup["Name"]);
+  EXPECT_EQ(Value("landscape"), accepted.words->page_setup["Orientation"]);
+  client.Await(client.Print(Document(), accepted.token.value_or(0)));
+  auto job = server().JobAttributes(AwaitJobs(1).front());
+  EXPECT_EQ("A3", job["media"]);
+  EXPECT_EQ("two-sided-long-edge", job["sides"]);
+}
+
+TEST_F(PrintPortal, PrintsCopies) {
+  EXPECT_EQ("1 2 3 4 5 1 2 3 4 5",
+            PagesWith({.settings = {{"n-copies", "2"}, {"collate", "true"}}}));
+}
+
 TEST_F(PrintPortal, PrintsRanges) {
   EXPECT_EQ("2 3 5",
             PagesWith({.settings = {{"print-pages", "ranges"}, {"page-ranges", "1-2,4"}}}));

@@ -9,7 +9,8 @@
 namespace {
 
 constexpr char kPdfPrinter[] =
-    "*ColorDevice: True\n*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 -\"\n"
+    "*ColorDevice: True\n*cupsManualCopies: True\n*cupsFilter2: \"application/vnd.cups-pdf "
+    "application/pdf 0 -\"\n"
     "*OpenUI *Duplex/Two-Sided: PickOne\n*OrderDependency: 20 AnySetup *Duplex\n"
     "*DefaultDuplex: None\n*Duplex None/Off: \"\"\n*Duplex DuplexNoTumble/Long Edge: \"\"\n"
     "*Duplex DuplexTumble/Short Edge: \"\"\n*CloseUI: *Duplex\n";
