@@ -198,6 +198,9 @@ int RunCommandLine(int argc, char **argv) {
   AddText(print, "-t,--title", print_options.title, "The job's name (default: the file's)",
           "TITLE");
   print->add_flag("--wait", print_options.wait, "Wait until the job has been printed");
+  // In no group: nobody is told of it but the print portal.
+  print->add_option("--unreadable", print_options.unreadable, "Why, in the system's numbers")
+      ->group("");
   print->add_flag("--alert", print_options.alert,
                   "If the job is not printed, say why in a window too, if there is a display");
   AddSurroundings(print, print_options);

@@ -57,6 +57,7 @@ struct PrintOptions : FileJobOptions {
   std::string title;  // empty: the files' names
   bool wait = false;
   bool alert = false;  // say of a failure in a window too, where there is a display
+  int unreadable = 0;  // why the print portal could not read the document, in the system's numbers
 };
 
 struct SaveOptions : FileJobOptions {

@@ -1,9 +1,11 @@
+#include <cstring>
 #include <thread>
 
 #include "host/base/Interruption.h"
 #include "host/base/Localized.h"
 #include "host/base/Messages.h"
 #include "host/base/Process.h"
+#include "host/base/Text.h"
 #include "host/command/Commands.h"
 #include "host/command/Display.h"
 #include "host/command/ScriptedJob.h"
@@ -58,11 +60,19 @@ int Send(const PrintOptions &options, const ScriptedJob &job) {
   return told ? end : kFailed;
 }
 
+int Work(const PrintOptions &options) {
+  if (options.unreadable != 0) {
+    return Refuse(Localized("cannot print %1: %2",
+                            {Quoted(options.title), std::strerror(options.unreadable)}),
+                  kFailed);
+  }
+  return WithFileJob(options, [&options](const ScriptedJob &job) { return Send(options, job); });
+}
+
 }  // namespace
 
 int Print(const PrintOptions &options) {
-  const int status =
-      WithFileJob(options, [&options](const ScriptedJob &job) { return Send(options, job); });
+  const int status = Work(options);
   if (status == kDone || !options.alert) return status;
   @autoreleasepool {
     if (ConnectToDisplay()) Tell(Text(Sentence(LastComplaint())));

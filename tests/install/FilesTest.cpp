@@ -32,6 +32,10 @@ constexpr const char *kFiles[] = {
     ("644 lib/libPrintCore.so." VERSION),
     "755 libexec/pdeprint-pages",
     "755 libexec/pdeprint-picture",
+    "755 libexec/pdeprint-portal",
+    "644 lib/systemd/user/pdeprint-portal.service",
+    "644 share/dbus-1/services/org.freedesktop.impl.portal.desktop.pdeprint.service",
+    "644 share/xdg-desktop-portal/portals/pdeprint.portal",
     "644 share/applications/pdeprint.desktop",
     "644 share/bash-completion/completions/pdeprint",
     "644 share/icons/hicolor/scalable/apps/pdeprint.svg",
@@ -104,7 +108,7 @@ TEST(Files, DestdirComesBeforeThePrefixGivenWhenInstalling) {
 
 TEST(Files, EveryOneBelongsToOneComponent) {
   std::vector<std::string> files;
-  for (const char *component : {"library", "bundle", "program", "printers", "filter"}) {
+  for (const char *component : {"library", "bundle", "program", "printers", "filter", "portal"}) {
     const std::vector<std::string> more = InstalledTree({"--component", component}).Files();
     EXPECT_FALSE(more.empty()) << component;
     files.insert(files.end(), more.begin(), more.end());

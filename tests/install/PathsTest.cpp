@@ -50,6 +50,7 @@ TEST(Paths, LibrariesAreLookedForFromTheFileItself) {
                                                        {"backgroundnumbers-pictures", ""},
                                                        {"libPrintCore.so." VERSION, ""},
                                                        {"pdeprint-pages", ""},
-                                                       {"pdeprint-picture", ""}};
+                                                       {"pdeprint-picture", ""},
+                                                       {"pdeprint-portal", ""}};
   EXPECT_EQ(expected, paths);
 }
