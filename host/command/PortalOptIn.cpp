@@ -77,6 +77,25 @@ std::string TextOrNone(const fs::path &path) {
   return text ? text->value_or("") : "";
 }
 
+constexpr char kDesktopOfService[] = "Environment=XDG_CURRENT_DESKTOP=pdeprint:";
+
+std::string ServiceText(const std::string &desktops) {
+  return std::string(kMade) + "\n[Service]\n" + kDesktopOfService + desktops + '\n';
+}
+
+// What somebody has added to it since; empty: nothing.
+std::string AddedToService(const std::string &text) {
+  std::string added;
+  bool has_more = false;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    if (line == kMade || line.starts_with(kDesktopOfService)) continue;
+    added += line + '\n';
+    has_more = has_more || (line != "[Service]" && !Trimmed(line).empty());
+  }
+  return has_more ? added : "";
+}
+
 // By which a file is known that nobody has changed since.
 std::string Checksum(std::string_view text) {
   uint64_t sum = 0xcbf29ce484222325;
@@ -240,32 +259,36 @@ Expected<PortalChanges> PortalOptIn::ChooseByService() const {
   const fs::path path = ServiceFile();
   Expected<std::optional<std::string>> before = TextOf(path);
   if (!before) return before.failure();
-  if (*before && !(*before)->starts_with(kMade)) {
+  const bool is_ours = *before && (*before)->starts_with(kMade) && AddedToService(**before).empty();
+  if (*before && !is_ours) {
     return Failure{Localized("%1 is there already", {path.string()})};
   }
-  std::string desktops = "pdeprint";
+  std::string desktops;
   for (const std::string &desktop : Split(places_.desktops)) {
-    if (desktop != "pdeprint") desktops += ':' + desktop;
+    if (desktop != "pdeprint") desktops += (desktops.empty() ? "" : ":") + desktop;
   }
   const bool is_name = std::ranges::all_of(desktops, [](unsigned char character) {
     return std::isalnum(character) != 0 ||
            std::string_view(":-_.+").find(static_cast<char>(character)) != std::string_view::npos;
   });
-  if (!is_name || desktops == "pdeprint") {
+  if (!is_name || desktops.empty()) {
     return Failure{
         Localized("XDG_CURRENT_DESKTOP does not name the desktop; run this in its "
                   "session, or set it")};
   }
-  const std::string text =
-      std::string(kMade) + "\n[Service]\nEnvironment=XDG_CURRENT_DESKTOP=" + desktops + '\n';
+  const std::string text = ServiceText(desktops);
   if (*before == text) return PortalChanges();
   return Written(path, text);
 }
 
 Expected<PortalChanges> PortalOptIn::TakeBack() const {
   PortalChanges changes;
-  if (TextOrNone(ServiceFile()).starts_with(kMade)) {
-    Expected<PortalChanges> removed = Removed(ServiceFile());
+  Expected<std::optional<std::string>> service = TextOf(ServiceFile());
+  if (!service) return service.failure();
+  if (*service && (*service)->starts_with(kMade)) {
+    const std::string added = AddedToService(**service);
+    Expected<PortalChanges> removed =
+        added.empty() ? Removed(ServiceFile()) : Written(ServiceFile(), added);
     if (!removed) return removed;
     changes = std::move(*removed);
     std::error_code error;

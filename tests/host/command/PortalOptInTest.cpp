@@ -147,6 +147,22 @@ TEST_F(PortalOptInTest, WhatIsNoNameOfADesktopDoesNotGetIntoTheService) {
   }
 }
 
+TEST_F(PortalOptInTest, WhatIsAddedToTheServiceFileStays) {
+  const PortalOptIn portal = Portal("1.16.0");
+  Made(portal.Choose());
+  const std::string made = ContentOf(service_file());
+  folder_.Write(fs::relative(service_file(), folder_.path()), made + "Environment=MORE=1\n");
+  EXPECT_THAT(portal.Choose().message(), EndsWith("is there already"));
+  Made(portal.TakeBack());
+  EXPECT_EQ("[Service]\nEnvironment=MORE=1\n", ContentOf(service_file()));
+  EXPECT_FALSE(portal.Chosen());
+}
+
+TEST_F(PortalOptInTest, AServiceFileThatCannotBeReadIsNotTakenForNone) {
+  fs::create_directories(service_file());
+  EXPECT_THAT(Portal("1.16.0").TakeBack().message(), StartsWith("cannot read"));
+}
+
 TEST_F(PortalOptInTest, AServiceFileOfSomebodyElsesStays) {
   fs::create_directories(service_file().parent_path());
   const fs::path file = folder_.Write(fs::relative(service_file(), folder_.path()), "[Service]\n");
