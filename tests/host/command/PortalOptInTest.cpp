@@ -188,14 +188,18 @@ TEST_F(PortalOptInTest, AFolderThatCannotBeMadeIsSaid) {
 }
 
 TEST_F(PortalOptInTest, WithoutAPortalThereIsNothingToChoose) {
-  Expected<PortalOptIn> none =
-      PortalOptIn::Find({.program = "/nowhere/portal", .config = config()});
+  Expected<PortalOptIn> none = PortalOptIn::Find({.program = "/nowhere/portal",
+                                                  .backends = {},
+                                                  .config = config(),
+                                                  .further = {},
+                                                  .desktops = ""});
   ASSERT_FALSE(none);
   EXPECT_EQ("the program /nowhere/portal is not there; install the package xdg-desktop-portal",
             none.message());
   const fs::path silent = folder_.Write("silent", "#!/bin/sh\n");
   fs::permissions(silent, fs::perms::owner_all);
-  none = PortalOptIn::Find({.program = silent, .config = config()});
+  none = PortalOptIn::Find(
+      {.program = silent, .backends = {}, .config = config(), .further = {}, .desktops = ""});
   ASSERT_FALSE(none);
   EXPECT_EQ(silent.string() + " does not say its version", none.message());
 }
