@@ -17,7 +17,7 @@ struct Paper {
 };
 
 struct Chosen {
-  std::string queue;
+  std::string queue = {};
   std::optional<Paper> paper = {};  // none: the queue does not say
   JobOptions settings = {};
 };

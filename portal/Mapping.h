@@ -18,7 +18,7 @@
 
 // What applications send and are answered.
 struct JobWords {
-  Dictionary settings, page_setup;
+  Dictionary settings = {}, page_setup = {};
 };
 
 // What becomes of a key.

@@ -30,7 +30,7 @@ struct Reply {
 struct Call {
   std::string handle;  // by which it is closed
   Caller caller;
-  std::string parent, title, accept_label;
+  std::string parent = {}, title = {}, accept_label = {};
   std::function<void(const Reply &)> answer;  // called once, later
 };
 

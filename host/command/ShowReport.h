@@ -18,10 +18,10 @@ struct NamedPaper {
 
 // What the job was to be, where it was accepted, printed or saved.
 struct ShownJob {
-  std::string queue;  // empty: none
-  std::optional<NamedPaper> paper;
+  std::string queue = {};  // empty: none
+  std::optional<NamedPaper> paper = {};
   bool is_landscape = false;
-  JobOptions settings;
+  JobOptions settings = {};
 };
 
 struct ShowReport {
