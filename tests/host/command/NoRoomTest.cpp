@@ -80,6 +80,7 @@ class FullDisk : public NoRoom {
   void SetUp() override {
     const std::string allowed =
         InChild([this]() -> std::string { return MountSmallDisk(folder_.path()) ? "yes" : "no"; });
+    // Only a disk of its own can be filled without harm; containers may forbid to mount one.
     if (allowed != "yes") GTEST_SKIP() << kNoDisk;
   }
 
